@@ -1,0 +1,64 @@
+#include "app/commands.h"
+
+#include <array>
+
+#include "app/file_commands.h"
+#include "app/undo_commands.h"
+
+namespace vesmora {
+namespace {
+
+void MenuExit(Editor& editor) { editor.ports.window.Unload(); }
+
+void MenuAbout(Editor& editor) { editor.ports.window.ShowAbout(); }
+
+constexpr CommandMenu kFile = CommandMenu::kFile;
+constexpr CommandMenu kEdit = CommandMenu::kEdit;
+constexpr CommandMenu kRun = CommandMenu::kRun;
+constexpr CommandMenu kHelp = CommandMenu::kHelp;
+
+constexpr bool kAnyTool = false;
+constexpr bool kEditTool = true;
+
+constexpr auto kCommands = std::to_array<Command>({
+    {"MenuNew", kFile, "&New", "Ctrl+N", kAnyTool, false, MenuNew},
+    {"MenuOpen", kFile, "&Open...", "Ctrl+O", kAnyTool, false, MenuOpen},
+    {"MenuSave", kFile, "&Save", "Ctrl+S", kAnyTool, false, MenuSave},
+    {"MenuSaveAs", kFile, "Save &As...", "Ctrl+Shift+S", kAnyTool, false, MenuSaveAs},
+    {"MenuImport", kFile, "&Import...", "Ctrl+I", kAnyTool, true, nullptr},
+    {"MenuExport", kFile, "&Export...", "Ctrl+E", kAnyTool, false, nullptr},
+    {"MenuExit", kFile, "E&xit", "Ctrl+Q", kAnyTool, true, MenuExit},
+    {"MenuUndo", kEdit, "&Undo", "Ctrl+Z", kAnyTool, false, MenuUndo},
+    {"MenuCopy", kEdit, "&Copy", "Ctrl+C", kEditTool, true, nullptr},
+    {"MenuPaste", kEdit, "&Paste", "Ctrl+V", kEditTool, false, nullptr},
+    {"MenuDelete", kEdit, "&Delete", "Del", kAnyTool, false, nullptr},
+    {"MenuMirror", kEdit, "&Mirror", "Ctrl+M", kEditTool, true, nullptr},
+    {"MenuFlip", kEdit, "&Flip", "Ctrl+F", kEditTool, false, nullptr},
+    {"MenuFront", kEdit, "&Bring to front", "Ctrl+Shift+]", kEditTool, false, nullptr},
+    {"MenuBack", kEdit, "&Send to back", "Ctrl+Shift+[", kEditTool, false, nullptr},
+    {"MenuRunMaker", kRun, "&Map maker", "F6", kAnyTool, false, nullptr},
+    {"MenuRunCompile", kRun, "&Compile", "F7", kAnyTool, false, nullptr},
+    {"MenuRunSoldat", kRun, "&Soldat", "F8", kAnyTool, false, nullptr},
+    {"MenuRunAll", kRun, "&All", "F9", kAnyTool, false, nullptr},
+    {"MenuHelp", kHelp, "&Help", "F1", kAnyTool, false, MenuHelp},
+    {"MenuAbout", kHelp, "&About", "", kAnyTool, false, MenuAbout},
+});
+
+constexpr std::array<std::string_view, 4> kMenuCaptions = {"&File", "&Edit", "&Run", "&Help"};
+
+}  // namespace
+
+std::span<const std::string_view> MenuCaptions() { return kMenuCaptions; }
+
+std::span<const Command> Commands() { return kCommands; }
+
+std::string CaptionOf(const Command& command, const EditorState& state) {
+  return command.action == MenuUndo ? state.journal.caption : std::string(command.caption);
+}
+
+bool IsEnabled(const Command& command, const EditorState& state) {
+  if (command.action == nullptr) return false;
+  return !command.inEditToolOnly || state.document.toolIndex == ToolMode::kEdit;
+}
+
+}  // namespace vesmora

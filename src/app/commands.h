@@ -1,0 +1,38 @@
+// The one table of menu commands: it feeds the menus, the keys and the manual's
+// list of shortcuts.
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "app/editor.h"
+
+namespace vesmora {
+
+enum class CommandMenu { kFile, kEdit, kRun, kHelp };
+
+/// The captions of the menus, in the order of CommandMenu.
+std::span<const std::string_view> MenuCaptions();
+
+using CommandAction = void (*)(Editor& editor);
+
+struct Command {
+  std::string_view name;  // of the menu item
+  CommandMenu menu;
+  std::string_view caption;   // with its mnemonic
+  std::string_view shortcut;  // in Qt's portable notation, empty for none
+  bool inEditToolOnly;
+  bool startsGroup;      // a separator stands before it
+  CommandAction action;  // none: the command is shown but disabled
+};
+
+/// In menu order.
+std::span<const Command> Commands();
+
+/// The caption as it is now: Undo names the step it takes back.
+std::string CaptionOf(const Command& command, const EditorState& state);
+
+bool IsEnabled(const Command& command, const EditorState& state);
+
+}  // namespace vesmora

@@ -1,0 +1,22 @@
+// New, Open and Save.
+#pragma once
+
+#include <string>
+
+#include "app/editor.h"
+
+namespace vesmora {
+
+/// A fresh map and the view that goes with it. Asks nothing and cannot be undone.
+void MenuNew(Editor& editor);
+
+/// Opens `path` as the Open command, the recent files and the command line do.
+/// A missing or refused file leaves a new map; one that the system cannot read
+/// leaves everything as it was.
+void OpenMap(Editor& editor, const std::string& path);
+
+void MenuOpen(Editor& editor);
+void MenuSave(Editor& editor);
+void MenuSaveAs(Editor& editor);
+
+}  // namespace vesmora

@@ -1,0 +1,73 @@
+// Ikkuna, the main window: owns the editor's state and shows it.
+#pragma once
+
+#include <QMainWindow>
+#include <array>
+#include <vector>
+
+#include "app/commands.h"
+#include "app/editor.h"
+#include "platform/qt/qt_dialogs.h"
+#include "platform/qt/qt_settings.h"
+#include "platform/qt/qt_shell.h"
+#include "tools/qt/tool_panel.h"
+#include "view/qt/map_surface.h"
+#include "view/qt/view_panel.h"
+
+namespace vesmora {
+
+class Ikkuna final : public QMainWindow, private WindowPort {
+  Q_OBJECT
+
+ public:
+  Ikkuna();
+
+  /// Runs the first activation with the program's arguments; later calls do nothing.
+  void Activate(const std::string& arguments);
+
+  const EditorState& State() const { return editor_.state; }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  // WindowPort
+  void RedrawMap() override;
+  void RefreshInfoPanel() override;
+  void SetPointer(PointerShape shape) override;
+  void Unload() override;
+  void ShowAbout() override;
+  void RestorePlacement() override;
+  WindowPlacement Placement() const override;
+  void LayOut() override;
+
+  void BuildMenus();
+  void BuildPanels();
+  void ConnectSurface();
+  void ConnectPanels();
+  void ShowMenus();
+  void EnforceMinimumSize();
+  bool IsFirstReceiver(const QObject* watched) const;
+  bool FilterKey(QEvent* event);
+
+  QtDialogs dialogs_;
+  QtSettings settings_;
+  QtShell shell_;
+  Editor editor_;
+  bool activated_ = false;
+  bool firstResize_ = true;
+  bool cleanedUp_ = false;
+
+  QWidget* client_ = nullptr;  // everything below the menu bar
+  MapSurface* surface_ = nullptr;
+  QFrame* ppalkki_ = nullptr;
+  ViewPanel* pala_ = nullptr;
+  ToolPanel* pyla_ = nullptr;
+  std::array<QFrame*, 2> fmaski_{};
+  std::vector<QAction*> actions_;  // in the order of Commands()
+  std::array<QAction*, kRecentSlots> menuRekentti_{};
+};
+
+}  // namespace vesmora

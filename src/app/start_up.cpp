@@ -1,0 +1,70 @@
+#include "app/start_up.h"
+
+#include "app/file_commands.h"
+#include "document/text.h"
+
+namespace vesmora {
+namespace {
+
+constexpr std::size_t kShortestArgument = 5;  // characters
+
+/// The file that the command line names, without its quotes; empty for none.
+std::string NamedFile(std::string_view arguments) {
+  std::string_view name = TrimBlanks(arguments);
+  if (name.size() < kShortestArgument) return {};
+  if (name.front() == '"') name = name.substr(1, name.size() - 2);
+  return std::string(name);
+}
+
+void OpenNamedFile(Editor& editor, const std::string& path) {
+  if (path.empty()) return;
+  if (HasExtension(path, "PMP")) {
+    OpenMap(editor, path);
+    return;
+  }
+  editor.ports.dialogs.Show(
+      {.text = "Unknow filetype", .title = "Argument file open", .icon = MessageIcon::kCritical});
+}
+
+void WarnWithoutGame(Editor& editor) {
+  const std::string game = editor.ports.gameFolder + "Soldat.exe";
+  if (FileExists(editor.ports.files, game)) return;
+  editor.ports.dialogs.Show(
+      {.text = game + " not found.\nExtract Vesmora in Soldat directory for full effect.",
+       .title = "Warning",
+       .icon = MessageIcon::kExclamation});
+}
+
+}  // namespace
+
+std::string WindowTitle(std::string_view version, std::string_view comments) {
+  const std::string title = "Vesmora  " + std::string(version);
+  return comments == "BETA" ? title + " BETA" : title;
+}
+
+void FirstActivation(Editor& editor, const std::string& arguments) {
+  MenuNew(editor);
+  editor.ports.window.RestorePlacement();
+  editor.ports.window.LayOut();
+  OpenNamedFile(editor, NamedFile(arguments));
+  LoadRecent(editor.state.recent, editor.ports.settings);
+  WarnWithoutGame(editor);
+  editor.state.redrawSuppressed = false;
+  RefreshAll(editor.AsEditing());
+}
+
+void CleanUp(Editor& editor) {
+  StoreRecent(editor.state.recent, editor.ports.settings);
+  StorePlacement(editor.ports.window.Placement(), editor.ports.settings);
+  DeleteSnapshotFiles(editor.state.journal, editor.ports.files);
+}
+
+void MenuRekentti(Editor& editor, int slot) {
+  std::string& path = editor.state.recent.slots[static_cast<std::size_t>(slot)];
+  OpenMap(editor, std::string(path));
+  // Opening may have moved the slots; a failed one has not.
+  if (editor.state.document.fileName.empty()) path.clear();
+  editor.ports.window.RefreshInfoPanel();
+}
+
+}  // namespace vesmora

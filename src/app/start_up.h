@@ -1,0 +1,25 @@
+// The window's first activation and its end.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "app/editor.h"
+
+namespace vesmora {
+
+/// The product's name and version; builds with the comments "BETA" say so.
+std::string WindowTitle(std::string_view version, std::string_view comments);
+
+/// Runs once, when the window has come up: a new map, the window's place, the file
+/// named on the command line, the recent files, the look for the game, and only
+/// then the first picture. `arguments` is the command line without the program.
+void FirstActivation(Editor& editor, const std::string& arguments);
+
+/// Keeps recent files and placement, then deletes the snapshot files.
+void CleanUp(Editor& editor);
+
+/// Opens slot `slot` of the recent files and empties it when that failed.
+void MenuRekentti(Editor& editor, int slot);
+
+}  // namespace vesmora

@@ -1,0 +1,13 @@
+// Undo and Help, which leaves an undo step of its own.
+#pragma once
+
+#include "app/editor.h"
+
+namespace vesmora {
+
+void MenuUndo(Editor& editor);
+
+/// Opens the manual, then takes the snapshot "Help".
+void MenuHelp(Editor& editor);
+
+}  // namespace vesmora

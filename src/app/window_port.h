@@ -1,0 +1,21 @@
+// What commands can ask of the main window beyond redrawing it.
+#pragma once
+
+#include "app/window_placement.h"
+#include "platform/display.h"
+
+namespace vesmora {
+
+class WindowPort : public Display {
+ public:
+  /// Closes the window as its frame's button does.
+  virtual void Unload() = 0;
+  virtual void ShowAbout() = 0;
+  /// Puts the window where the settings say it stood.
+  virtual void RestorePlacement() = 0;
+  virtual WindowPlacement Placement() const = 0;
+  /// Lays the panels out for the window's size.
+  virtual void LayOut() = 0;
+};
+
+}  // namespace vesmora

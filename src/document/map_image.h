@@ -1,0 +1,40 @@
+// The map file byte for byte: the document's items one after another, no header
+// and no padding. Undo files have two further items at the end.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+#include "document/map_document.h"
+#include "document/selection.h"
+
+namespace vesmora {
+
+inline constexpr std::size_t kMapFileSize = 502112;
+inline constexpr std::size_t kUndoFileSize = kMapFileSize + kSelectionBlockSize + 2;
+/// Where the second table of items, from the sector division on, must begin.
+inline constexpr std::size_t kDivisionOffset = 434868;
+
+/// The two items that undo files carry behind the map.
+struct UndoItems {
+  SelectionBlock selection{};
+  std::int16_t toolIndex = 0;
+};
+
+struct ImageReading {
+  std::int16_t polygonCount = 0;  // as stored: a damaged file may hold anything
+  std::size_t divisionPosition = 0;
+};
+
+/// Fills the document's tables and properties from a file's bytes, unscaled.
+/// Items past the end of a short file stay as they were; `undo`, when given, is
+/// read too.
+ImageReading ReadMapImage(std::span<const std::byte> bytes, MapDocument& document, UndoItems* undo);
+
+/// Writes the items as they stand to the first kMapFileSize bytes, or, with
+/// `undo`, to kUndoFileSize bytes. `image` must be large enough.
+void WriteMapImage(const MapDocument& document, const UndoItems* undo, std::span<std::byte> image);
+
+}  // namespace vesmora

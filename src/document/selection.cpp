@@ -1,0 +1,107 @@
+#include "document/selection.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "document/numbers.h"
+
+namespace vesmora {
+namespace {
+
+constexpr float kSmallestExtent = 4.0f;  // world units
+
+struct Bounds {
+  float left = std::numeric_limits<float>::infinity();
+  float right = -std::numeric_limits<float>::infinity();
+  float top = std::numeric_limits<float>::infinity();
+  float bottom = -std::numeric_limits<float>::infinity();
+
+  void Include(float x, float y) {
+    left = std::min(left, x);
+    right = std::max(right, x);
+    top = std::min(top, y);
+    bottom = std::max(bottom, y);
+  }
+};
+
+void Widen(float& low, float& high) {
+  if (high - low >= kSmallestExtent) return;
+  const float center = (low + high) / 2;
+  low = center - kSmallestExtent / 2;
+  high = center + kSmallestExtent / 2;
+}
+
+}  // namespace
+
+std::int16_t Selection::TotalCounter() const {
+  return static_cast<std::int16_t>(vertices.Count() + spawns.Count() + sceneries.Count() +
+                                   colliders.Count() + waypoints.Count() - 1);
+}
+
+void ClearLists(Selection& selection) {
+  selection.vertices.Clear();
+  selection.spawns.Clear();
+  selection.sceneries.Clear();
+  selection.colliders.Clear();
+  selection.waypoints.Clear();
+}
+
+void ClearSelection(Selection& selection, Display& display) {
+  ClearLists(selection);
+  selection.box = SelectionBox{};
+  selection.connectionAnchor = kNoIndex;
+  selection.buttonHeld = false;
+  selection.moveSnapshotTaken = false;
+  display.SetPointer(PointerShape::kDefault);
+}
+
+void ResetDragState(Selection& selection) {
+  selection.buttonHeld = false;
+  selection.moving = false;
+  selection.rotating = false;
+  selection.sizing = false;
+  selection.moveSnapshotTaken = false;
+  selection.connectionAnchor = kNoIndex;
+}
+
+void DropMissingSceneries(Selection& selection, const MapDocument& document) {
+  const auto listed = selection.sceneries;
+  selection.sceneries.Clear();
+  for (const std::uint8_t index : listed.Items()) {
+    if (index <= document.lastScenery) selection.sceneries.Add(index);
+  }
+}
+
+void UpdateSelectionBox(Selection& selection, const MapDocument& document) {
+  if (selection.Empty()) {
+    selection.box = SelectionBox{};
+    return;
+  }
+  Bounds bounds;
+  for (const VertexReference vertex : selection.vertices.Items()) {
+    const PolygonVertex& corner =
+        document.polygons[static_cast<std::size_t>(vertex.polygon)].vertices[vertex.corner];
+    bounds.Include(corner.x, corner.y);
+  }
+  for (const std::uint8_t index : selection.spawns.Items()) {
+    const SpawnPoint& spawn = document.spawns[index];
+    bounds.Include(FromFixedPoint(spawn.x), FromFixedPoint(spawn.y));
+  }
+  for (const std::uint8_t index : selection.sceneries.Items()) {
+    const SceneryObject& scenery = document.sceneries[index];
+    bounds.Include(scenery.x - 0.5f, scenery.y - 0.5f);
+  }
+  for (const std::uint8_t index : selection.colliders.Items()) {
+    const Collider& collider = document.colliders[index];
+    bounds.Include(collider.x, collider.y);
+  }
+  for (const std::int16_t index : selection.waypoints.Items()) {
+    const Waypoint& waypoint = document.waypoints[static_cast<std::size_t>(index)];
+    bounds.Include(FromFixedPoint(waypoint.x), FromFixedPoint(waypoint.y));
+  }
+  Widen(bounds.left, bounds.right);
+  Widen(bounds.top, bounds.bottom);
+  selection.box = {bounds.left, bounds.right, bounds.top, bounds.bottom};
+}
+
+}  // namespace vesmora

@@ -1,0 +1,60 @@
+#include "document/text.h"
+
+#include <algorithm>
+
+namespace vesmora {
+namespace {
+
+char LowerAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+
+std::size_t NameStart(std::string_view path) {
+  const std::size_t slash = path.find_last_of("/\\");
+  return slash == std::string_view::npos ? 0 : slash + 1;
+}
+
+/// Shifts letters from one case's ranges to the other's: ASCII letters lie 0x20
+/// apart, and so do, behind the lead byte 0xC3, accented ones.
+std::string ShiftCase(std::string_view text, char firstAscii, unsigned char firstAccented,
+                      int distance) {
+  constexpr unsigned char kAccentLead = 0xC3;
+  constexpr unsigned char kSignOffset = 0x17;  // the multiplication and division signs
+  constexpr unsigned char kAccented = 0x1E;
+  std::string result(text);
+  bool isAccented = false;
+  for (char& c : result) {
+    const auto byte = static_cast<unsigned char>(c);
+    const unsigned char offset = static_cast<unsigned char>(byte - firstAccented);
+    const bool isLetter = isAccented ? offset <= kAccented && offset != kSignOffset
+                                     : c >= firstAscii && c < firstAscii + 26;
+    if (isLetter) c = static_cast<char>(c + distance);
+    isAccented = byte == kAccentLead;
+  }
+  return result;
+}
+
+}  // namespace
+
+std::string UpperCase(std::string_view text) { return ShiftCase(text, 'a', 0xA0, -0x20); }
+
+std::string LowerCase(std::string_view text) { return ShiftCase(text, 'A', 0x80, 0x20); }
+
+std::string_view TrimBlanks(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(' ');
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+bool EqualsIgnoringCase(std::string_view a, std::string_view b) {
+  return std::ranges::equal(a, b, {}, LowerAscii, LowerAscii);
+}
+
+bool HasExtension(std::string_view path, std::string_view extension) {
+  if (path.size() < extension.size()) return false;
+  return EqualsIgnoringCase(path.substr(path.size() - extension.size()), extension);
+}
+
+std::string_view FileNamePart(std::string_view path) { return path.substr(NameStart(path)); }
+
+std::string_view FolderPart(std::string_view path) { return path.substr(0, NameStart(path)); }
+
+}  // namespace vesmora

@@ -1,0 +1,28 @@
+// Small helpers for the texts that maps, paths and settings consist of.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace vesmora {
+
+/// Without the blanks (only blanks) at both ends.
+std::string_view TrimBlanks(std::string_view text);
+
+/// ASCII letters only: what it is used on are file names' fixed parts.
+bool EqualsIgnoringCase(std::string_view a, std::string_view b);
+
+/// ASCII and the accented letters of Western Europe; others stay. UTF-8.
+std::string UpperCase(std::string_view text);
+std::string LowerCase(std::string_view text);
+
+/// True when a path's last characters are these, whatever their case.
+bool HasExtension(std::string_view path, std::string_view extension);
+
+/// The part of a path behind its last slash of either kind.
+std::string_view FileNamePart(std::string_view path);
+
+/// The part of a path up to and including its last slash of either kind.
+std::string_view FolderPart(std::string_view path);
+
+}  // namespace vesmora

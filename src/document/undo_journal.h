@@ -1,0 +1,46 @@
+// Ten steps of undo: before each edit the whole document goes to a file of a
+// ring. There is no redo; the undone step's file is simply written over.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+#include "document/map_file.h"
+
+namespace vesmora {
+
+inline constexpr int kUndoSteps = 10;
+
+struct UndoJournal {
+  std::int16_t undoAvailable = -1;         // steps that can be undone, minus one
+  std::int16_t undoSlot = kUndoSteps - 1;  // ring position of the newest: the first is 0
+  std::array<std::string, kUndoSteps + 1> undoFiles;
+  std::array<std::string, kUndoSteps + 1> undoActions;
+  std::string caption = "&Undo";  // of MenuUndo
+  std::string folder;             // of the snapshot files, with a slash
+  bool failureTold = false;       // until a snapshot succeeds again
+
+  const std::string& NewestAction() const {
+    return undoActions[static_cast<std::size_t>(undoSlot)];
+  }
+  const std::string& NewestFile() const { return undoFiles[static_cast<std::size_t>(undoSlot)]; }
+};
+
+/// Files the document as it is before the edit `actionName`. When that fails the
+/// user is told once, the older steps stay what they were, and the edit goes on.
+void TakeUndoSnapshot(UndoJournal& journal, const MapFileContext& context,
+                      const std::string& actionName);
+
+/// Drops the newest step, after it has been undone.
+void ConsumeUndoStep(UndoJournal& journal);
+
+void RefreshUndoCaption(UndoJournal& journal);
+
+/// Forgets all steps. Their files stay until the program ends.
+void ClearHistory(UndoJournal& journal);
+
+/// Deletes every snapshot file of the folder, those of earlier runs included.
+void DeleteSnapshotFiles(const UndoJournal& journal, FileCalls& files);
+
+}  // namespace vesmora

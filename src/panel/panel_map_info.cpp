@@ -1,0 +1,92 @@
+// The upper part of the panel: the map's name and fill levels, what is shown, and
+// what is selected.
+#include <algorithm>
+
+#include "document/text.h"
+#include "panel/panel_parts.h"
+#include "platform/single_byte_text.h"
+#include "view/palette.h"
+
+namespace vesmora {
+namespace {
+
+constexpr std::size_t kShortestPath = 6;
+constexpr std::size_t kExtensionLength = 4;  // with its dot
+constexpr std::size_t kShortestTexture = 4;
+
+std::string MapName(const std::string& fileName) {
+  if (fileName.size() < kShortestPath) return {};
+  std::string_view name = FileNamePart(fileName);
+  name.remove_suffix(std::min(name.size(), kExtensionLength));
+  return UpperCase(name);
+}
+
+/// Cuts the fixed field's padding behind a three-letter extension.
+std::string TextureText(const TextureName& texture) {
+  std::string_view name(texture.data(), texture.size());
+  name = name.substr(0, name.find('\0'));
+  if (name.size() < kShortestTexture) return {};
+  const std::size_t dot = name.find('.');
+  if (dot != std::string_view::npos) name = name.substr(0, dot + kExtensionLength);
+  return LowerCase(ToUtf8(name));
+}
+
+std::string FillLevel(std::int16_t last, int capacity, const char* word) {
+  return std::to_string(last + 1) + "/" + std::to_string(capacity) + " " + word;
+}
+
+/// One line of the summary; the endings differ and have no line feed everywhere.
+void AddCount(std::string& text, int count, const char* one, const char* several,
+              const char* ending) {
+  if (count > 0) text += std::to_string(count) + " " + (count == 1 ? one : several) + ending;
+}
+
+}  // namespace
+
+void RefreshMapInfo(PanelContents& panel, const EditingState& state) {
+  const MapDocument& document = state.document;
+  panel.Lkartta1 = "Name: " + MapName(document.fileName) +
+                   "\nAuthor: \nTexture: " + TextureText(document.texture);
+  panel.lAuthor = ToUtf8(TrimBlanks(document.author));
+  panel.Lkartta2 = FillLevel(document.lastPolygon, kPolygonCapacity, "Polygons\n") +
+                   FillLevel(document.lastSpawn, kSpawnCapacity, "Spawns\n") +
+                   FillLevel(document.lastScenery, kSceneryCapacity, "Sceneries\n") +
+                   FillLevel(document.lastCollider, kColliderCapacity, "Colliders\n") +
+                   FillLevel(document.lastWaypoint, kWaypointCapacity, "Waypoints");
+  panel.CBtausta1.color = ToRgb(document.backgroundColor1);
+  panel.CBtausta2.color = ToRgb(document.backgroundColor2);
+}
+
+void RefreshShowBoxes(PanelContents& panel, const EditingState& state) {
+  const auto& flags = state.show.showFlags;
+  for (std::size_t i = 0; i + 1 < panel.CBnayta.size(); ++i) {
+    panel.CBnayta[i + 1].tick = flags[i] == 0 ? Tick::kOff : Tick::kOn;
+  }
+  // The seventh flag belongs to no box and must be clear.
+  const auto firstClear = std::ranges::find(flags, 0) - flags.begin();
+  panel.CBnayta[0].tick = firstClear == 6 ? Tick::kOn : Tick::kOff;
+
+  // What is being added can be hidden neither alone nor with everything.
+  const auto tool = static_cast<std::size_t>(state.document.toolIndex);
+  for (std::size_t i = 0; i < panel.CBnayta.size(); ++i) {
+    panel.CBnayta[i].enabled = tool == 0 || (i != 0 && i != tool);
+  }
+}
+
+void RefreshSummary(PanelContents& panel, const EditingState& state) {
+  const Selection& selection = state.selection;
+  panel.Fvalinta = "Selected " + std::to_string(selection.TotalCounter() + 1);
+  if (selection.Empty()) {
+    panel.Lvalinta = "Nothing";
+    return;
+  }
+  std::string& text = panel.Lvalinta;
+  text.clear();
+  AddCount(text, selection.vertices.Count(), "Vertice", "Vertices", "\n");
+  AddCount(text, selection.spawns.Count(), "Spawn", "Spawns", "\n");
+  AddCount(text, selection.waypoints.Count(), "Waypoint", "Waypoints", "");
+  AddCount(text, selection.sceneries.Count(), "Scenery", "Sceneries", "\n");
+  AddCount(text, selection.colliders.Count(), "Collider", "Colliders", "");
+}
+
+}  // namespace vesmora

@@ -1,0 +1,37 @@
+#include "tools/qt/tool_panel.h"
+
+#include <QHBoxLayout>
+
+namespace vesmora {
+namespace {
+
+constexpr std::array<const char*, kToolCount> kCaptions = {
+    "Edit", "Add polygon", "Add spawn", "Add scenery", "Add collider", "Add waypoint"};
+
+}  // namespace
+
+ToolPanel::ToolPanel(QWidget* parent) : QFrame(parent) {
+  setObjectName("Pyla");
+  setAccessibleName("Tools");
+  setFrameStyle(QFrame::Panel | QFrame::Raised);
+  setAutoFillBackground(true);
+  auto* layout = new QHBoxLayout(this);
+  layout->setContentsMargins(8, 2, 8, 2);
+  layout->setSpacing(14);
+  for (std::size_t i = 0; i < kCaptions.size(); ++i) {
+    auto* button = new QRadioButton(kCaptions[i]);
+    button->setObjectName(QString("OBvalinta%1").arg(i));
+    connect(button, &QRadioButton::clicked, this,
+            [this, i] { Q_EMIT ToolChosen(static_cast<ToolMode>(i)); });
+    layout->addWidget(button);
+    buttons_[i] = button;
+  }
+  layout->addStretch();
+  buttons_[0]->setChecked(true);
+}
+
+void ToolPanel::ShowTool(ToolMode tool) {
+  buttons_[static_cast<std::size_t>(tool)]->setChecked(true);
+}
+
+}  // namespace vesmora

@@ -1,0 +1,35 @@
+// Pala, the strip below the map: zoom, grid and the pointer's position. It also
+// rests the keyboard focus, so that keys reach the map.
+#pragma once
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFrame>
+#include <QLabel>
+
+#include "view/view_transform.h"
+
+namespace vesmora {
+
+class ViewPanel final : public QFrame {
+  Q_OBJECT
+
+ public:
+  explicit ViewPanel(QWidget* parent);
+
+  /// Brings the controls in line with the view, without signals.
+  void ShowState(const ViewTransform& view, const QString& pointerText);
+
+ Q_SIGNALS:
+  void ZoomChosen(int index);
+  void GridChosen(int index);
+  void FixedGridToggled(bool isFixed);
+
+ private:
+  QComboBox* zoom_;
+  QComboBox* grid_;
+  QCheckBox* fixed_;
+  QLabel* position_;
+};
+
+}  // namespace vesmora
