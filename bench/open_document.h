@@ -13,6 +13,8 @@ class SilentDialogs final : public Dialogs {
   bool Ask(const Message&) override { return true; }
   std::string ChooseFileToOpen(const FileRequest&) override { return {}; }
   std::string ChooseFileToSave(const FileRequest&) override { return {}; }
+  std::string AskText(const TextRequest&) override { return {}; }
+  std::optional<std::int32_t> ChooseColor(std::int32_t) override { return {}; }
 };
 
 class IdleDisplay final : public Display {

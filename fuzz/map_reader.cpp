@@ -36,6 +36,8 @@ class CountingDialogs final : public Dialogs {
   bool Ask(const Message& /*message*/) override { return false; }
   std::string ChooseFileToOpen(const FileRequest& /*request*/) override { return {}; }
   std::string ChooseFileToSave(const FileRequest& /*request*/) override { return {}; }
+  std::string AskText(const TextRequest&) override { return {}; }
+  std::optional<std::int32_t> ChooseColor(std::int32_t) override { return {}; }
 
   int fileErrors = 0;
 };

@@ -3,7 +3,10 @@
 #include <array>
 
 #include "app/file_commands.h"
+#include "app/prefab_commands.h"
 #include "app/undo_commands.h"
+#include "tools/clipboard_commands.h"
+#include "tools/edit_commands.h"
 
 namespace vesmora {
 namespace {
@@ -11,6 +14,12 @@ namespace {
 void MenuExit(Editor& editor) { editor.ports.window.Unload(); }
 
 void MenuAbout(Editor& editor) { editor.ports.window.ShowAbout(); }
+
+/// A command of the tools, which know the map but not the application.
+template <void (*kCommand)(const Editing& editing)>
+void OnMap(Editor& editor) {
+  kCommand(editor.AsEditing());
+}
 
 constexpr CommandMenu kFile = CommandMenu::kFile;
 constexpr CommandMenu kEdit = CommandMenu::kEdit;
@@ -25,17 +34,17 @@ constexpr auto kCommands = std::to_array<Command>({
     {"MenuOpen", kFile, "&Open...", "Ctrl+O", kAnyTool, false, MenuOpen},
     {"MenuSave", kFile, "&Save", "Ctrl+S", kAnyTool, false, MenuSave},
     {"MenuSaveAs", kFile, "Save &As...", "Ctrl+Shift+S", kAnyTool, false, MenuSaveAs},
-    {"MenuImport", kFile, "&Import...", "Ctrl+I", kAnyTool, true, nullptr},
-    {"MenuExport", kFile, "&Export...", "Ctrl+E", kAnyTool, false, nullptr},
+    {"MenuImport", kFile, "&Import...", "Ctrl+I", kAnyTool, true, MenuImport},
+    {"MenuExport", kFile, "&Export...", "Ctrl+E", kAnyTool, false, MenuExport},
     {"MenuExit", kFile, "E&xit", "Ctrl+Q", kAnyTool, true, MenuExit},
     {"MenuUndo", kEdit, "&Undo", "Ctrl+Z", kAnyTool, false, MenuUndo},
-    {"MenuCopy", kEdit, "&Copy", "Ctrl+C", kEditTool, true, nullptr},
-    {"MenuPaste", kEdit, "&Paste", "Ctrl+V", kEditTool, false, nullptr},
-    {"MenuDelete", kEdit, "&Delete", "Del", kAnyTool, false, nullptr},
-    {"MenuMirror", kEdit, "&Mirror", "Ctrl+M", kEditTool, true, nullptr},
-    {"MenuFlip", kEdit, "&Flip", "Ctrl+F", kEditTool, false, nullptr},
-    {"MenuFront", kEdit, "&Bring to front", "Ctrl+Shift+]", kEditTool, false, nullptr},
-    {"MenuBack", kEdit, "&Send to back", "Ctrl+Shift+[", kEditTool, false, nullptr},
+    {"MenuCopy", kEdit, "&Copy", "Ctrl+C", kEditTool, true, OnMap<MenuCopy>},
+    {"MenuPaste", kEdit, "&Paste", "Ctrl+V", kEditTool, false, OnMap<MenuPaste>},
+    {"MenuDelete", kEdit, "&Delete", "Del", kAnyTool, false, OnMap<MenuDelete>},
+    {"MenuMirror", kEdit, "&Mirror", "Ctrl+M", kEditTool, true, OnMap<MenuMirror>},
+    {"MenuFlip", kEdit, "&Flip", "Ctrl+F", kEditTool, false, OnMap<MenuFlip>},
+    {"MenuFront", kEdit, "&Bring to front", "Ctrl+PgUp", kEditTool, false, OnMap<MenuFront>},
+    {"MenuBack", kEdit, "&Send to back", "Ctrl+PgDown", kEditTool, false, OnMap<MenuBack>},
     {"MenuRunMaker", kRun, "&Map maker", "F6", kAnyTool, false, nullptr},
     {"MenuRunCompile", kRun, "&Compile", "F7", kAnyTool, false, nullptr},
     {"MenuRunSoldat", kRun, "&Soldat", "F8", kAnyTool, false, nullptr},
@@ -58,6 +67,7 @@ std::string CaptionOf(const Command& command, const EditorState& state) {
 
 bool IsEnabled(const Command& command, const EditorState& state) {
   if (command.action == nullptr) return false;
+  if (command.name == "MenuPaste" && state.clipboard.Empty()) return false;
   return !command.inEditToolOnly || state.document.toolIndex == ToolMode::kEdit;
 }
 

@@ -6,6 +6,7 @@
 
 #include "app/recent_files.h"
 #include "app/window_port.h"
+#include "panel/panel_state.h"
 #include "platform/settings.h"
 #include "platform/shell.h"
 #include "tools/editing.h"
@@ -14,6 +15,7 @@
 namespace vesmora {
 
 struct EditorState : EditingState {
+  PanelState panel;
   RecentFiles recent;
   std::string pointerText;       // read-out of the pointer's world position
   bool redrawSuppressed = true;  // until the window is first activated

@@ -8,6 +8,7 @@ namespace {
 
 const FileFilter kMapFilter = {"Soldat Map (*.pmp)", "*.PMP"};
 
+/// Choosing the tool refreshes the panel and draws the map.
 void ShowFreshView(Editor& editor) {
   EditorState& state = editor.state;
   ResetView(state.view);
@@ -20,6 +21,7 @@ void ShowFreshView(Editor& editor) {
 void ForgetEditing(Editor& editor) {
   editor.state.tool.value = 0;
   editor.state.gesture.End();
+  ClearClipboard(editor.state.clipboard);
   ClearSelection(editor.state.selection, editor.ports.window);
   ResetDragState(editor.state.selection);
 }
@@ -34,11 +36,18 @@ void StoreLastFolder(Editor& editor, const std::string& path) {
 /// Keeps the file that is about to be replaced as the one backup.
 FileStatus BackUp(Editor& editor, const std::string& path) {
   FileCalls& files = editor.ports.files;
-  if (!FileExists(files, path)) return {};
-  if (editor.ports.tempFolder.empty()) {
+  const std::string& folder = editor.ports.tempFolder;
+  if (folder.empty() && FileExists(files, path)) {
     return {FileFailure::kError, "There is no temporary folder for the backup."};
   }
-  return CopyFileDurably(files, path, editor.ports.tempFolder + "backup.pmp");
+  // It may have been swept away while the program ran.
+  if (IsGone(files, folder)) CreatePrivateFolder(files, folder);
+  const std::string backup = folder + "backup.pmp";
+  FileStatus status = CopyFileDurably(files, path, backup);
+  // Only a file that is certainly not there needs no backup.
+  if (status.failure == FileFailure::kMissing) return {};
+  if (!status.Ok()) status.reason = "The backup '" + backup + "' failed. " + status.reason;
+  return status;
 }
 
 /// False, with the user told and file and document as they were, when it failed.
@@ -59,23 +68,22 @@ bool SaveTo(Editor& editor, const std::string& path) {
 void MenuNew(Editor& editor) {
   ForgetEditing(editor);
   ResetToNewMap(editor.state.document);
-  ShowFreshView(editor);
   ClearHistory(editor.state.journal);
-  RefreshAll(editor.AsEditing());
+  ShowFreshView(editor);
 }
 
-void OpenMap(Editor& editor, const std::string& path) {
+LoadOutcome OpenMap(Editor& editor, const std::string& path) {
   const LoadOutcome outcome =
       LoadMap(MapFileContextOf(editor.AsEditing()), path, false, editor.state.shiftDown);
-  if (outcome == LoadOutcome::kUnreadable) return;
+  if (outcome == LoadOutcome::kUnreadable) return outcome;
   if (outcome == LoadOutcome::kRefused) ResetToNewMap(editor.state.document);
-  if (outcome == LoadOutcome::kLoaded && HasExtension(path, "PMP")) {
+  if (outcome == LoadOutcome::kLoaded && EndsIgnoringCase(path, "PMP")) {
     AddRecent(editor.state.recent, path);
   }
   ForgetEditing(editor);
-  ShowFreshView(editor);
   ClearHistory(editor.state.journal);
-  RefreshAll(editor.AsEditing());
+  ShowFreshView(editor);
+  return outcome;
 }
 
 void MenuOpen(Editor& editor) {

@@ -13,7 +13,7 @@ void MenuNew(Editor& editor);
 /// Opens `path` as the Open command, the recent files and the command line do.
 /// A missing or refused file leaves a new map; one that the system cannot read
 /// leaves everything as it was.
-void OpenMap(Editor& editor, const std::string& path);
+LoadOutcome OpenMap(Editor& editor, const std::string& path);
 
 void MenuOpen(Editor& editor);
 void MenuSave(Editor& editor);

@@ -2,6 +2,7 @@
 
 #include "app/file_commands.h"
 #include "document/text.h"
+#include "tools/prefab_import.h"
 
 namespace vesmora {
 namespace {
@@ -13,17 +14,7 @@ std::string NamedFile(std::string_view arguments) {
   std::string_view name = TrimBlanks(arguments);
   if (name.size() < kShortestArgument) return {};
   if (name.front() == '"') name = name.substr(1, name.size() - 2);
-  return std::string(name);
-}
-
-void OpenNamedFile(Editor& editor, const std::string& path) {
-  if (path.empty()) return;
-  if (HasExtension(path, "PMP")) {
-    OpenMap(editor, path);
-    return;
-  }
-  editor.ports.dialogs.Show(
-      {.text = "Unknow filetype", .title = "Argument file open", .icon = MessageIcon::kCritical});
+  return AbsolutePath(std::string(name));
 }
 
 void WarnWithoutGame(Editor& editor) {
@@ -42,11 +33,27 @@ std::string WindowTitle(std::string_view version, std::string_view comments) {
   return comments == "BETA" ? title + " BETA" : title;
 }
 
+void OpenNamedFile(Editor& editor, const std::string& path) {
+  if (EndsIgnoringCase(path, "PMP")) {
+    OpenMap(editor, path);
+    return;
+  }
+  if (EndsIgnoringCase(path, "PRE")) {
+    ImportPrefab(editor.AsEditing(), path, ImportManner::kPlaced);
+    editor.ports.window.RedrawMap();
+    editor.ports.window.RefreshInfoPanel();
+    return;
+  }
+  editor.ports.dialogs.Show(
+      {.text = "Unknow filetype", .title = "Argument file open", .icon = MessageIcon::kCritical});
+}
+
 void FirstActivation(Editor& editor, const std::string& arguments) {
   MenuNew(editor);
   editor.ports.window.RestorePlacement();
   editor.ports.window.LayOut();
-  OpenNamedFile(editor, NamedFile(arguments));
+  const std::string named = NamedFile(arguments);
+  if (!named.empty()) OpenNamedFile(editor, named);
   LoadRecent(editor.state.recent, editor.ports.settings);
   WarnWithoutGame(editor);
   editor.state.redrawSuppressed = false;
@@ -61,9 +68,8 @@ void CleanUp(Editor& editor) {
 
 void MenuRekentti(Editor& editor, int slot) {
   std::string& path = editor.state.recent.slots[static_cast<std::size_t>(slot)];
-  OpenMap(editor, std::string(path));
-  // Opening may have moved the slots; a failed one has not.
-  if (editor.state.document.fileName.empty()) path.clear();
+  // A file that is there but cannot be read now keeps its place.
+  if (OpenMap(editor, std::string(path)) == LoadOutcome::kRefused) path.clear();
   editor.ports.window.RefreshInfoPanel();
 }
 

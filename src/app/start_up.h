@@ -16,6 +16,9 @@ std::string WindowTitle(std::string_view version, std::string_view comments);
 /// then the first picture. `arguments` is the command line without the program.
 void FirstActivation(Editor& editor, const std::string& arguments);
 
+/// Opens a map or imports a prefab, whichever the name says it is; refuses the rest.
+void OpenNamedFile(Editor& editor, const std::string& path);
+
 /// Keeps recent files and placement, then deletes the snapshot files.
 void CleanUp(Editor& editor);
 

@@ -8,20 +8,31 @@ namespace {
 
 const std::string kHelpAction = "Help";
 
-/// False when there is nothing to go back to: the step's file is gone and a new
-/// map stands in, or the system cannot read it and all stays as it is.
+/// False when the step could not be restored: its file is gone and a new map stands
+/// in, or it cannot be read, and then the map stays and only the step is dropped.
 bool RestoreNewestStep(Editor& editor) {
-  const std::string path = editor.state.journal.NewestFile();
-  switch (LoadMap(MapFileContextOf(editor.AsEditing()), path, true)) {
+  UndoJournal& journal = editor.state.journal;
+  switch (LoadMap(MapFileContextOf(editor.AsEditing()), journal.NewestFile(), true)) {
     case LoadOutcome::kLoaded:
+      // What was under construction belonged to the map that is gone.
+      editor.state.tool.value = 0;
       return true;
     case LoadOutcome::kRefused:
       MenuNew(editor);
       return false;
     case LoadOutcome::kUnreadable:
-      break;
+      editor.state.gesture.End();
+      ConsumeUndoStep(journal);
+      editor.ports.window.RefreshInfoPanel();
+      return false;
   }
   return false;
+}
+
+void TellHelpCannotBeUndone(Editor& editor) {
+  editor.ports.dialogs.Show({.text = "Are you crazy?\nYou can't undo Online Help.. duh.",
+                             .title = "User problem",
+                             .icon = MessageIcon::kExclamation});
 }
 
 }  // namespace
@@ -29,22 +40,16 @@ bool RestoreNewestStep(Editor& editor) {
 void MenuUndo(Editor& editor) {
   EditorState& state = editor.state;
   if (state.journal.undoAvailable < 0) return;
+  if (state.journal.NewestAction() == kHelpAction) {
+    TellHelpCannotBeUndone(editor);
+    EndConstruction(state);
+  } else if (!RestoreNewestStep(editor)) {
+    return;
+  }
   ResetDragState(state.selection);
   state.gesture.End();
-  if (state.journal.NewestAction() == kHelpAction) {
-    editor.ports.dialogs.Show({.text = "Are you crazy?\nYou can't undo Online Help.. duh.",
-                               .title = "User problem",
-                               .icon = MessageIcon::kExclamation});
-  } else {
-    EndConstruction(state);
-    if (!RestoreNewestStep(editor)) return;
-    // The triangle under construction belonged to the map that is gone.
-    state.tool.value = 0;
-  }
-  ChangeTool(editor.AsEditing(), state.document.toolIndex);
   ConsumeUndoStep(state.journal);
-  RefreshAll(editor.AsEditing());
-  ResetDragState(state.selection);
+  ChangeTool(editor.AsEditing(), state.document.toolIndex);
 }
 
 void MenuHelp(Editor& editor) {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cstdlib>
+#include <cmath>
 #include <string>
 
 #include "document/numbers.h"
@@ -13,13 +13,14 @@ namespace {
 
 const std::string kSection = "Windows";
 constexpr std::int16_t kNotSet = -999;
+constexpr int kBarHeight = 28;  // of a title bar, above the window's own area
 
 std::optional<std::int16_t> ReadNumber(Settings& settings, const std::string& key) {
   const std::string text = settings.Read(kSection, key, std::to_string(kNotSet));
   const std::string_view digits = TrimBlanks(text);
   double value = 0;
   const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
-  if (error != std::errc() || end == digits.data()) return std::nullopt;
+  if (error != std::errc() || end == digits.data() || !std::isfinite(value)) return std::nullopt;
   const std::int16_t number = RoundToInt16(value);
   if (number == kNotSet) return std::nullopt;
   return number;
@@ -29,20 +30,23 @@ void WriteNumber(Settings& settings, const std::string& key, std::optional<std::
   settings.Write(kSection, key, std::to_string(value.value_or(kNotSet)));
 }
 
+int Overlap(int firstStart, int firstLength, int secondStart, int secondLength) {
+  const int end = std::min(firstStart + firstLength, secondStart + secondLength);
+  return std::max(end - std::max(firstStart, secondStart), 0);
+}
+
 std::int64_t OverlapArea(const ScreenRect& a, const ScreenRect& b) {
-  const std::int64_t width =
-      std::min(a.left + a.width, b.left + b.width) - std::max(a.left, b.left);
-  const std::int64_t height = std::min(a.top + a.height, b.top + b.height) - std::max(a.top, b.top);
-  return std::max<std::int64_t>(width, 0) * std::max<std::int64_t>(height, 0);
+  return std::int64_t{Overlap(a.left, a.width, b.left, b.width)} *
+         Overlap(a.top, a.height, b.top, b.height);
 }
 
 /// Enough of the title bar lies on one screen to drag the window by.
 bool IsWithinReach(const ScreenRect& window, std::span<const ScreenRect> screens) {
-  constexpr int kBarHeight = 24;
+  constexpr int kLeastHeight = 12;
   constexpr int kLeastWidth = 120;
-  const ScreenRect bar{window.left, window.top, window.width, kBarHeight};
   return std::ranges::any_of(screens, [&](const ScreenRect& screen) {
-    return OverlapArea(screen, bar) >= std::int64_t{kBarHeight} * kLeastWidth;
+    return Overlap(screen.left, screen.width, window.left, window.width) >= kLeastWidth &&
+           Overlap(screen.top, screen.height, window.top - kBarHeight, kBarHeight) >= kLeastHeight;
   });
 }
 
@@ -76,7 +80,8 @@ ScreenRect FitToScreens(ScreenRect window, std::span<const ScreenRect> screens) 
   window.height = std::min(window.height, screen.height);
   if (IsWithinReach(window, screens)) return window;
   window.left = FitInside(window.left, window.width, screen.left, screen.width);
-  window.top = FitInside(window.top, window.height, screen.top, screen.height);
+  window.top =
+      FitInside(window.top, window.height, screen.top + kBarHeight, screen.height - kBarHeight);
   return window;
 }
 

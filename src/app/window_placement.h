@@ -20,7 +20,8 @@ struct WindowPlacement {
   std::optional<std::int16_t> height;
 };
 
-/// Texts that are no numbers count as not set; numbers are brought into 16 bits.
+/// Texts that are no numbers, or none a number type can hold, count as not set; other
+/// numbers are brought into 16 bits.
 WindowPlacement LoadPlacement(Settings& settings);
 void StorePlacement(const WindowPlacement& placement, Settings& settings);
 

@@ -1,6 +1,8 @@
 // What commands can ask of the main window beyond redrawing it.
 #pragma once
 
+#include <string>
+
 #include "app/window_placement.h"
 #include "platform/display.h"
 
@@ -11,6 +13,8 @@ class WindowPort : public Display {
   /// Closes the window as its frame's button does.
   virtual void Unload() = 0;
   virtual void ShowAbout() = 0;
+  /// The Import dialog: full path of the chosen prefab, empty when cancelled.
+  virtual std::string ShowImport() = 0;
   /// Puts the window where the settings say it stood.
   virtual void RestorePlacement() = 0;
   virtual WindowPlacement Placement() const = 0;

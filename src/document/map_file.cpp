@@ -1,6 +1,7 @@
 #include "document/map_file.h"
 
 #include <algorithm>
+#include <memory>
 #include <vector>
 
 #include "document/map_image.h"
@@ -97,9 +98,10 @@ LoadOutcome LoadMap(const MapFileContext& context, const std::string& path, bool
 FileStatus WriteMap(const MapFileContext& context, const std::string& path, bool isUndo) {
   MapDocument& document = context.document;
   Selection& selection = context.selection;
-  MapDocument documentBefore;
+  // On the heap, and only for a real save: a document is half a megabyte.
+  std::unique_ptr<const MapDocument> documentBefore;
   const Selection selectionBefore = selection;
-  if (!isUndo) documentBefore = document;
+  if (!isUndo) documentBefore = std::make_unique<const MapDocument>(document);
 
   // The last slot of the scenery table is never kept.
   if (document.lastScenery == kSceneryCapacity - 1) {
@@ -124,7 +126,7 @@ FileStatus WriteMap(const MapFileContext& context, const std::string& path, bool
   WaypointsToMemory(document);
   if (isUndo) return status;
   if (!status.Ok()) {
-    document = documentBefore;
+    document = *documentBefore;
     selection = selectionBefore;
     return status;
   }

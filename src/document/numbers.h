@@ -16,7 +16,7 @@ Integer RoundTo(double value) {
   constexpr double kLowest = std::numeric_limits<Integer>::min();
   constexpr double kHighest = std::numeric_limits<Integer>::max();
   if (std::isnan(value)) return 0;
-  // lrint rounds in the default mode: to nearest, halves to even.
+  // llrint rounds in the default mode: to nearest, halves to even.
   return static_cast<Integer>(std::llrint(std::clamp(value, kLowest, kHighest)));
 }
 

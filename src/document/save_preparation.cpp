@@ -35,7 +35,7 @@ void SnapSpawns(MapDocument& document) {
   const auto used = static_cast<std::size_t>(document.lastSpawn + 1);
   for (SpawnPoint& spawn : std::span(document.spawns).first(used)) {
     spawn.x = RoundToInt32(WholeUnits(spawn.x));
-    // The game counts a spawn left of the origin one step higher: both tests look at x.
+    // Both tests look at x on purpose, so left of the origin y ends one below whole units.
     const int shift = spawn.x < 0 ? 1 : 0;
     spawn.y = RoundToInt32(WholeUnits(static_cast<double>(spawn.y) + shift) - shift);
     spawn.ySign = spawn.y < 0 ? 255 : 0;

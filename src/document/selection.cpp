@@ -51,15 +51,21 @@ void ClearSelection(Selection& selection, Display& display) {
   selection.box = SelectionBox{};
   selection.connectionAnchor = kNoIndex;
   selection.buttonHeld = false;
+  selection.placing = false;
   selection.moveSnapshotTaken = false;
   display.SetPointer(PointerShape::kDefault);
 }
 
-void ResetDragState(Selection& selection) {
+void EndDrag(Selection& selection) {
   selection.buttonHeld = false;
   selection.moving = false;
   selection.rotating = false;
   selection.sizing = false;
+  selection.placing = false;
+}
+
+void ResetDragState(Selection& selection) {
+  EndDrag(selection);
   selection.moveSnapshotTaken = false;
   selection.connectionAnchor = kNoIndex;
 }
@@ -72,11 +78,8 @@ void DropMissingSceneries(Selection& selection, const MapDocument& document) {
   }
 }
 
-void UpdateSelectionBox(Selection& selection, const MapDocument& document) {
-  if (selection.Empty()) {
-    selection.box = SelectionBox{};
-    return;
-  }
+SelectionBox BoundsOf(const Selection& selection, const MapDocument& document) {
+  if (selection.Empty()) return {};
   Bounds bounds;
   for (const VertexReference vertex : selection.vertices.Items()) {
     const PolygonVertex& corner =
@@ -99,9 +102,14 @@ void UpdateSelectionBox(Selection& selection, const MapDocument& document) {
     const Waypoint& waypoint = document.waypoints[static_cast<std::size_t>(index)];
     bounds.Include(FromFixedPoint(waypoint.x), FromFixedPoint(waypoint.y));
   }
-  Widen(bounds.left, bounds.right);
-  Widen(bounds.top, bounds.bottom);
-  selection.box = {bounds.left, bounds.right, bounds.top, bounds.bottom};
+  return {bounds.left, bounds.right, bounds.top, bounds.bottom};
+}
+
+void UpdateSelectionBox(Selection& selection, const MapDocument& document) {
+  selection.box = BoundsOf(selection, document);
+  if (selection.Empty()) return;
+  Widen(selection.box.left, selection.box.right);
+  Widen(selection.box.top, selection.box.bottom);
 }
 
 }  // namespace vesmora

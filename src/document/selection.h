@@ -72,6 +72,7 @@ struct Selection {
   bool moving = false;
   bool rotating = false;
   bool sizing = false;
+  bool placing = false;                      // follows the pointer until it is dropped
   bool moveSnapshotTaken = false;            // one "Move" undo step a selection
   std::int16_t connectionAnchor = kNoIndex;  // waypoint a connection is drawn from
 
@@ -86,11 +87,17 @@ void ClearLists(Selection& selection);
 /// Nothing selected, no box, no markers, default pointer. Callers redraw.
 void ClearSelection(Selection& selection, Display& display);
 
+/// Ends a drag or a placement and nothing else.
+void EndDrag(Selection& selection);
+
 /// Ends whatever the mouse was in the middle of; lists and box stay.
 void ResetDragState(Selection& selection);
 
 /// Unlists sceneries behind the table's last one.
 void DropMissingSceneries(Selection& selection, const MapDocument& document);
+
+/// The exact bounds of what is listed; all unset when that is nothing.
+SelectionBox BoundsOf(const Selection& selection, const MapDocument& document);
 
 /// Sets the box to the bounds of what is listed, an extent under 4 units being
 /// widened about its centre so that a lone object can be grabbed.

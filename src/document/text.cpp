@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/single_byte_text.h"
+
 namespace vesmora {
 namespace {
 
@@ -38,6 +40,8 @@ std::string UpperCase(std::string_view text) { return ShiftCase(text, 'a', 0xA0,
 
 std::string LowerCase(std::string_view text) { return ShiftCase(text, 'A', 0x80, 0x20); }
 
+std::string LowerCaseSingleByte(std::string_view text) { return FromUtf8(LowerCase(ToUtf8(text))); }
+
 std::string_view TrimBlanks(std::string_view text) {
   const std::size_t first = text.find_first_not_of(' ');
   if (first == std::string_view::npos) return {};
@@ -48,9 +52,9 @@ bool EqualsIgnoringCase(std::string_view a, std::string_view b) {
   return std::ranges::equal(a, b, {}, LowerAscii, LowerAscii);
 }
 
-bool HasExtension(std::string_view path, std::string_view extension) {
-  if (path.size() < extension.size()) return false;
-  return EqualsIgnoringCase(path.substr(path.size() - extension.size()), extension);
+bool EndsIgnoringCase(std::string_view text, std::string_view ending) {
+  if (text.size() < ending.size()) return false;
+  return EqualsIgnoringCase(text.substr(text.size() - ending.size()), ending);
 }
 
 std::string_view FileNamePart(std::string_view path) { return path.substr(NameStart(path)); }

@@ -16,8 +16,11 @@ bool EqualsIgnoringCase(std::string_view a, std::string_view b);
 std::string UpperCase(std::string_view text);
 std::string LowerCase(std::string_view text);
 
-/// True when a path's last characters are these, whatever their case.
-bool HasExtension(std::string_view path, std::string_view extension);
+/// The same for the map's single-byte texts.
+std::string LowerCaseSingleByte(std::string_view text);
+
+/// True when the last characters are these, whatever their case.
+bool EndsIgnoringCase(std::string_view text, std::string_view ending);
 
 /// The part of a path behind its last slash of either kind.
 std::string_view FileNamePart(std::string_view path);

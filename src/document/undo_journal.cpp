@@ -7,13 +7,29 @@ namespace {
 
 constexpr std::string_view kFilePrefix = "VesmoraUndo";
 
-/// Writes beside the slot's file and then takes its place, so that a failure
-/// leaves the step that the slot held before.
-FileStatus WriteSnapshot(const MapFileContext& context, const std::string& path) {
-  const std::string fresh = path + ".new";
-  FileStatus status = WriteMap(context, fresh, true);
-  if (status.Ok()) status = MoveFileOver(context.files, fresh, path);
-  if (!status.Ok()) DeleteFile(context.files, fresh);
+std::string FileNamed(const UndoJournal& journal, const std::string& ending) {
+  return journal.folder + std::string(kFilePrefix) + ending + ".tmp";
+}
+
+/// Writes a spare file and lets it and the slot's file change places, so that a
+/// failure leaves the step that the slot held before. No name is ever moved over an
+/// existing file: file systems write such a file out at once, which takes ten times
+/// as long as all the rest.
+FileStatus WriteSnapshot(UndoJournal& journal, const MapFileContext& context, int slot) {
+  const std::string path = FileNamed(journal, std::to_string(slot));
+  const std::string spare = FileNamed(journal, "Spare");
+  const std::string old = FileNamed(journal, "Old");
+  FileStatus status = WriteMap(context, spare, true);
+  if (!status.Ok()) {
+    DeleteFile(context.files, spare);
+    return status;
+  }
+  const bool hadOld = MoveFileOver(context.files, path, old).Ok();
+  status = MoveFileOver(context.files, spare, path);
+  if (!hadOld) return status;
+  const FileStatus back = MoveFileOver(context.files, old, status.Ok() ? spare : path);
+  // The older step is where it is; that is where an undo finds it.
+  if (!status.Ok() && !back.Ok()) journal.undoFiles[static_cast<std::size_t>(slot)] = old;
   return status;
 }
 
@@ -22,11 +38,13 @@ FileStatus WriteSnapshot(const MapFileContext& context, const std::string& path)
 void TakeUndoSnapshot(UndoJournal& journal, const MapFileContext& context,
                       const std::string& actionName) {
   const int slot = (journal.undoSlot + 1) % kUndoSteps;
-  const std::string path =
-      journal.folder + std::string(kFilePrefix) + std::to_string(slot) + ".tmp";
-  const FileStatus status = journal.folder.empty()
-                                ? FileStatus{FileFailure::kError, "There is no temporary folder."}
-                                : WriteSnapshot(context, path);
+  const std::string path = FileNamed(journal, std::to_string(slot));
+  FileStatus status{FileFailure::kError, "There is no temporary folder."};
+  if (!journal.folder.empty()) {
+    // It may have been swept away while the program ran.
+    if (IsGone(context.files, journal.folder)) CreatePrivateFolder(context.files, journal.folder);
+    status = WriteSnapshot(journal, context, slot);
+  }
   if (!status.Ok()) {
     if (!journal.failureTold) {
       context.dialogs.Show({.text = "File '" + path + "' could not be written: " + status.reason +

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "document/tool_mode.h"
 #include "tools/editing.h"
@@ -83,6 +84,11 @@ inline constexpr std::string_view kManyTypes = "Many types";
 inline constexpr std::array<std::string_view, 3> kSpawnTypes = {"Normal", "CTF Red", "CTF Blue"};
 inline constexpr std::array<std::string_view, 4> kVisibilities = {"100%", "75%", "50%", "25%"};
 inline constexpr std::array<std::string_view, 4> kColliderSizes = {"12", "16", "24", "32"};
+
+/// What the lists hold by their tags.
+std::vector<std::string_view> SpawnItems(const ComboContents& combo);
+std::vector<std::string_view> SceneryItems(const ComboContents& combo);
+std::vector<std::string_view> VisibilityItems(const ComboContents& combo);
 
 /// Recomputes the panel. What a control keeps from before (a typed text, the boxes
 /// of the Add waypoint tool) stays in `panel`; what the panel offers for the next

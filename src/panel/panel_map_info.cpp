@@ -14,11 +14,19 @@ constexpr std::size_t kShortestPath = 6;
 constexpr std::size_t kExtensionLength = 4;  // with its dot
 constexpr std::size_t kShortestTexture = 4;
 
+/// Characters, not bytes: what is left is sound UTF-8.
+std::string_view WithoutLastCharacters(std::string_view text, std::size_t count) {
+  while (count > 0 && !text.empty()) {
+    const bool isContinuation = (static_cast<unsigned char>(text.back()) & 0xC0U) == 0x80U;
+    text.remove_suffix(1);
+    if (!isContinuation) --count;
+  }
+  return text;
+}
+
 std::string MapName(const std::string& fileName) {
   if (fileName.size() < kShortestPath) return {};
-  std::string_view name = FileNamePart(fileName);
-  name.remove_suffix(std::min(name.size(), kExtensionLength));
-  return UpperCase(name);
+  return UpperCase(WithoutLastCharacters(FileNamePart(fileName), kExtensionLength));
 }
 
 /// Cuts the fixed field's padding behind a three-letter extension.

@@ -2,8 +2,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "document/scenery_types.h"
 #include "document/numbers.h"
+#include "document/scenery_types.h"
 #include "panel/panel_parts.h"
 #include "tools/property_text.h"
 #include "view/palette.h"

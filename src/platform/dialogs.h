@@ -29,6 +29,12 @@ struct FileRequest {
   FileFilter filter;
 };
 
+struct TextRequest {
+  std::string title;
+  std::string prompt;
+  std::string answer;  // preset
+};
+
 class Dialogs {
  public:
   virtual ~Dialogs() = default;
@@ -45,6 +51,12 @@ class Dialogs {
   /// A file in an existing folder, asking before an existing one is replaced;
   /// empty when cancelled.
   virtual std::string ChooseFileToSave(const FileRequest& request) = 0;
+
+  /// A line of text; empty when cancelled.
+  virtual std::string AskText(const TextRequest& request) = 0;
+
+  /// A colour as a number with red in its lowest byte; none when cancelled.
+  virtual std::optional<std::int32_t> ChooseColor(std::int32_t initial) = 0;
 };
 
 }  // namespace vesmora

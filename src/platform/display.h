@@ -3,7 +3,7 @@
 
 namespace vesmora {
 
-/// The screen mouse pointers in use, numbered as the window toolkit of old did.
+/// The screen mouse pointers in use.
 enum class PointerShape { kDefault = 0, kCross = 2, kMove = 5, kSizeDiagonal = 8 };
 
 class Display {

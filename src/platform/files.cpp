@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <chrono>
 #include <cstring>
+#include <filesystem>
 
 namespace vesmora {
 namespace {
@@ -33,7 +34,8 @@ FileStatus Failure(const std::string& reason) { return {FileFailure::kError, rea
 /// The status for what a call returned; must be asked before the next call.
 FileStatus StatusOf(const FileCalls& calls, std::int64_t result) {
   if (result >= 0) return {};
-  return {result == -ENOENT ? FileFailure::kMissing : FileFailure::kError, calls.LastError()};
+  const bool isMissing = result == -ENOENT || result == -ENOTDIR;
+  return {isMissing ? FileFailure::kMissing : FileFailure::kError, calls.LastError()};
 }
 
 /// The same where a missing file is nothing special: a folder on the way is missing.
@@ -230,6 +232,20 @@ FileContents ReadFile(FileCalls& calls, const std::string& path, std::size_t lim
   calls.Close(handle);
   if (!contents.status.Ok()) contents.bytes.clear();
   return contents;
+}
+
+std::string AbsolutePath(const std::string& path) {
+  std::error_code error;
+  const auto native = std::filesystem::path(std::u8string(path.begin(), path.end()));
+  const auto absolute = std::filesystem::absolute(native, error);
+  if (error) return path;
+  const std::u8string text = absolute.lexically_normal().u8string();
+  return {text.begin(), text.end()};
+}
+
+bool IsGone(FileCalls& calls, const std::string& path) {
+  FileInfo info;
+  return StatusOf(calls, calls.Info(path, info)).failure == FileFailure::kMissing;
 }
 
 bool FileExists(FileCalls& calls, const std::string& path) {

@@ -32,6 +32,12 @@ struct FileContents {
 /// device) is an error and is never waited for.
 FileContents ReadFile(FileCalls& calls, const std::string& path, std::size_t limit);
 
+/// As the current folder completes it.
+std::string AbsolutePath(const std::string& path);
+
+/// True when there is certainly nothing of that name.
+bool IsGone(FileCalls& calls, const std::string& path);
+
 /// A folder is no file.
 bool FileExists(FileCalls& calls, const std::string& path);
 

@@ -45,7 +45,7 @@ SceneryObject MakeScenery(const EditingState& state, const MouseInput& input) {
           .height = base.height,
           .x = static_cast<float>(point.x) + kSceneryOffset,
           .y = static_cast<float>(point.y) + kSceneryOffset,
-          .rotation = type == kLianaType ? -kPi / 2 : 0,
+          .rotation = type == kLianaType ? kLianaRotation : 0,
           .scaleX = 1,
           .scaleY = 1,
           .level = VisibilityLevel(state.tool.next.visibility),
@@ -90,7 +90,7 @@ void PressInAddScenery(const Editing& editing, const MouseInput& input) {
   MapDocument& document = state.document;
   if (IsDirectionPending(state)) {
     PointSceneryAt(state, input);
-    state.gesture.End();
+    state.tool.value = 0;
     ChangeTool(editing, ToolMode::kAddScenery);
     return;
   }

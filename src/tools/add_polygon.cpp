@@ -3,13 +3,12 @@
 #include "document/geometry.h"
 #include "tools/angles.h"
 #include "tools/picking.h"
+#include "tools/texture_mapping.h"
 #include "tools/tool_change.h"
+#include "view/palette.h"
 
 namespace vesmora {
 namespace {
-
-constexpr float kTextureWidth = 160;  // world units of one texture repeat
-constexpr float kTextureHeight = 120;
 
 struct CornerPlace {
   float x;
@@ -41,18 +40,6 @@ const PolygonVertex* HoveredVertex(const EditingState& state) {
   return &state.document.polygons[static_cast<std::size_t>(vertex.polygon)].vertices[vertex.corner];
 }
 
-void SetTexture(PolygonVertex& vertex, CornerPlace place) {
-  vertex.u = place.x / kTextureWidth;
-  vertex.v = place.y / kTextureHeight;
-}
-
-/// Alpha belongs to no colour choice and stays.
-void Recolour(PolygonVertex& vertex, Rgb color) {
-  vertex.color.red = color.red;
-  vertex.color.green = color.green;
-  vertex.color.blue = color.blue;
-}
-
 /// Recolours every corner on the hovered one's spot, so that neighbours stay seamless.
 void RecolourHovered(EditingState& state) {
   const PolygonVertex* hovered = HoveredVertex(state);
@@ -61,7 +48,8 @@ void RecolourHovered(EditingState& state) {
   const auto used = static_cast<std::size_t>(state.document.lastPolygon + 1);
   for (Polygon& polygon : std::span(state.document.polygons).first(used)) {
     for (PolygonVertex& vertex : polygon.vertices) {
-      if (vertex.x == spot.x && vertex.y == spot.y) Recolour(vertex, state.tool.next.vertexColor);
+      if (vertex.x == spot.x && vertex.y == spot.y)
+        SetColor(vertex.color, state.tool.next.vertexColor);
     }
   }
 }
@@ -73,7 +61,7 @@ CornerPlace ConstrainCorner45(EditingState& state, const MouseInput& input) {
   const PolygonVertex& from = LastPolygon(state.document).vertices[previous];
   const CornerPlace mouse = ExactPlace(state, input);
   const PolarOffset offset = OffsetToPolar(from.x - mouse.x, from.y - mouse.y);
-  const ScreenPoint step = PolarToOffset(SnapAngle45(offset.angle) + kPi, offset.length, false);
+  const WorldOffset step = PolarToOffset(SnapAngle45(offset.angle) + kPi, offset.length, false);
   return {from.x + step.x, from.y + step.y};
 }
 
@@ -102,8 +90,8 @@ void PlaceFirstCorner(const Editing& editing, const MouseInput& input) {
                        .color = {.blue = 0, .green = 0, .red = 0, .alpha = 255},
                        .u = 0,
                        .v = 0};
-  Recolour(corner, state.tool.next.vertexColor);
-  SetTexture(corner, place);
+  SetColor(corner.color, state.tool.next.vertexColor);
+  MapToWorld(corner);
   RecolourHovered(state);
   ++document.lastPolygon;
   LastPolygon(document).vertices.fill(corner);
@@ -115,15 +103,16 @@ void PlaceNextCorner(EditingState& state, const MouseInput& input) {
   const CornerPlace place = ConstructionPlace(state, input);
   corner.x = place.x;
   corner.y = place.y;
-  SetTexture(corner, ExactPlace(state, input));
+  const CornerPlace mouse = ExactPlace(state, input);
+  MapToPlace(corner, mouse.x, mouse.y);
   const PolygonVertex* hovered = HoveredVertex(state);
   if (hovered != nullptr && !state.shiftDown) {
     corner.x = hovered->x;
     corner.y = hovered->y;
-    SetTexture(corner, {corner.x, corner.y});
+    MapToWorld(corner);
     RecolourHovered(state);
   }
-  Recolour(corner, state.tool.next.vertexColor);
+  SetColor(corner.color, state.tool.next.vertexColor);
   if (++state.tool.value < 3) return;
   state.tool.value = 0;
   state.gesture.End();
@@ -163,13 +152,14 @@ void FollowPointer(EditingState& state, const MouseInput& input) {
   }
   corner.x = place.x;
   corner.y = place.y;
-  Recolour(corner, state.tool.next.vertexColor);
+  SetColor(corner.color, state.tool.next.vertexColor);
 }
 
 void FollowAsPreview(EditingState& state, const MouseInput& input) {
   const MapDocument& document = state.document;
   if (!state.selection.Empty() || document.lastPolygon >= kPolygonCapacity - 1) return;
-  // With the grid it is the spawn table that must have room: kept as it always was.
+  // With the grid it is the spawn table, not the polygons', that must have room: a quirk
+  // that is kept.
   if (SnapsToGrid(state) && document.lastSpawn >= kSpawnCapacity - 1) return;
   const CornerPlace place = SnappedPlace(state, input);
   PolygonVertex& corner =

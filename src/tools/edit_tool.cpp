@@ -6,6 +6,7 @@
 #include "tools/angles.h"
 #include "tools/move_selection.h"
 #include "tools/picking.h"
+#include "tools/placement.h"
 
 namespace vesmora {
 namespace {
@@ -58,7 +59,7 @@ void Resize(SceneryObject& scenery, WorldPosition mouse) {
   if (type.width == 0 || type.height == 0) return;  // an unknown type has no size to scale
   const PolarOffset pull = OffsetToPolar(mouse.x - scenery.x, mouse.y - scenery.y);
   // The mouse as the unrotated scenery sees it.
-  const ScreenPoint own = PolarToOffset(pull.angle - scenery.rotation, pull.length, false);
+  const WorldOffset own = PolarToOffset(pull.angle - scenery.rotation, pull.length, false);
   scenery.scaleX = own.x / static_cast<float>(type.width);
   scenery.scaleY = own.y / static_cast<float>(type.height);
 }
@@ -130,9 +131,14 @@ void FinishPick(const Editing& editing) {
 void PressInEdit(const Editing& editing, const MouseInput& input) {
   EditingState& state = editing.state;
   Selection& selection = state.selection;
+  if (selection.placing) {
+    EndPlacement(state);  // the click only drops what was placed
+    return;
+  }
   const WorldPosition mouse = ToWorld(state.view, input);
   const SceneryObject* scenery = SceneryWithHandles(state);
   state.gesture.Begin(state);
+  EndDrag(selection);
   selection.buttonHeld = true;
   if (scenery != nullptr && IsOnHandle(*scenery, SceneryHandle::kRotate, mouse)) {
     TakeUndoSnapshot(editing, "Rotate");
@@ -148,6 +154,10 @@ void PressInEdit(const Editing& editing, const MouseInput& input) {
 }
 
 void MoveInEdit(const Editing& editing, const MouseInput& input) {
+  if (editing.state.selection.placing) {
+    FollowPointer(editing, input);
+    return;
+  }
   if (editing.state.selection.buttonHeld) Drag(editing, input);
   ShowPointer(editing, ToWorld(editing.state.view, input));
 }

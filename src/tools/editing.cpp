@@ -1,5 +1,7 @@
 #include "tools/editing.h"
 
+#include "tools/tool_change.h"
+
 namespace vesmora {
 
 MapFileContext MapFileContextOf(const Editing& editing) {
@@ -12,7 +14,12 @@ MapFileContext MapFileContextOf(const Editing& editing) {
 }
 
 void TakeUndoSnapshot(const Editing& editing, const std::string& actionName) {
+  // A triangle that is being built is no part of the map that undo brings back.
+  const std::int16_t unfinished = IsConstructing(editing.state) ? 1 : 0;
+  std::int16_t& lastPolygon = editing.state.document.lastPolygon;
+  lastPolygon = static_cast<std::int16_t>(lastPolygon - unfinished);
   TakeUndoSnapshot(editing.state.journal, MapFileContextOf(editing), actionName);
+  lastPolygon = static_cast<std::int16_t>(lastPolygon + unfinished);
 }
 
 void Refuse(const Editing& editing, const std::string& reason) {
@@ -22,6 +29,12 @@ void Refuse(const Editing& editing, const std::string& reason) {
 void RefreshAll(const Editing& editing) {
   editing.ports.display.RefreshInfoPanel();
   editing.ports.display.RedrawMap();
+}
+
+void EndMouseWork(EditingState& state) {
+  if (state.document.toolIndex != ToolMode::kEdit) return;
+  EndDrag(state.selection);
+  state.gesture.End();
 }
 
 bool SnapsToGrid(const EditingState& state) { return state.view.gridSize >= 1 && !state.ctrlDown; }

@@ -5,6 +5,7 @@
 
 #include "document/map_file.h"
 #include "document/undo_journal.h"
+#include "tools/clipboard.h"
 #include "tools/gesture.h"
 #include "tools/tool_state.h"
 #include "view/show_options.h"
@@ -20,6 +21,7 @@ struct EditingState {
   ToolState tool;
   UndoJournal journal;
   Gesture gesture;
+  Clipboard clipboard;
   bool shiftDown = false;  // as last seen by the window's key events
   bool ctrlDown = false;
 };
@@ -46,6 +48,9 @@ void Refuse(const Editing& editing, const std::string& reason);
 
 /// Panel first, then the map.
 void RefreshAll(const Editing& editing);
+
+/// Ends a drag or a placement where it is: a command has come in between.
+void EndMouseWork(EditingState& state);
 
 /// Whether placed points stick to the grid now.
 bool SnapsToGrid(const EditingState& state);

@@ -17,7 +17,10 @@ void Gesture::Cancel(EditingState& state) {
   inProgress_ = false;
   state.document = kept_->document;
   state.selection = kept_->selection;
-  while (state.journal.undoSlot != kept_->undoSlot) ConsumeUndoStep(state.journal);
+  UndoJournal& journal = state.journal;
+  while (journal.undoSlot != kept_->undoSlot && journal.undoAvailable >= 0) {
+    ConsumeUndoStep(journal);
+  }
 }
 
 }  // namespace vesmora

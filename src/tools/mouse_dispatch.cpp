@@ -52,6 +52,8 @@ void PressMouse(const Editing& editing, const MouseInput& input) {
 
 void MoveMouse(const Editing& editing, const MouseInput& input) {
   EditingState& state = editing.state;
+  if (input.rightIsUp) state.view.panning = false;
+  if (input.leftIsUp && state.selection.buttonHeld) ReleaseInEdit(editing);
   state.tool.mouseX = RoundToInt32(state.view.LaskeRuutu2X(input.x));
   state.tool.mouseY = RoundToInt32(state.view.LaskeRuutu2Y(input.y));
   // The tools measure drags from the previous position.

@@ -1,27 +1,21 @@
 #include "tools/move_selection.h"
 
 #include "document/numbers.h"
+#include "tools/texture_mapping.h"
 
 namespace vesmora {
 namespace {
 
-constexpr float kTextureWidth = 160;  // world units of one texture repeat
-constexpr float kTextureHeight = 120;
 constexpr double kTopStrip = 50;  // window units that the centring keeps free above
-
-void MoveVertex(PolygonVertex& vertex, float dx, float dy, bool noTextureCorrection) {
-  vertex.x += dx;
-  vertex.y += dy;
-  // A corner without a texture has a zero there and keeps it.
-  if (noTextureCorrection || vertex.u == 0 || vertex.v == 0) return;
-  vertex.u += dx / kTextureWidth;
-  vertex.v += dy / kTextureHeight;
-}
 
 template <typename FixedPointRecord>
 void MoveFixedPoint(FixedPointRecord& record, float dx, float dy) {
   record.x = RoundToInt32(record.x + dx * 256.0);
   record.y = RoundToInt32(record.y + dy * 256.0);
+}
+
+void Shift(float& coordinate, float offset) {
+  if (coordinate != kUnsetCoordinate) coordinate += offset;
 }
 
 template <typename Record>
@@ -41,7 +35,12 @@ void MoveSelection(const Editing& editing, float dx, float dy) {
   const bool noTextureCorrection = editing.state.tool.next.noTextureCorrection;
   for (const VertexReference vertex : selection.vertices.Items()) {
     auto& corners = document.polygons[static_cast<std::size_t>(vertex.polygon)].vertices;
-    MoveVertex(corners[vertex.corner], dx, dy, noTextureCorrection);
+    PolygonVertex& corner = corners[vertex.corner];
+    if (noTextureCorrection) {
+      MoveFloat(corner, dx, dy);
+    } else {
+      MoveCorner(corner, dx, dy);
+    }
   }
   for (const std::uint8_t index : selection.spawns.Items()) {
     MoveFixedPoint(document.spawns[index], dx, dy);
@@ -55,10 +54,10 @@ void MoveSelection(const Editing& editing, float dx, float dy) {
   for (const std::uint8_t index : selection.colliders.Items()) {
     MoveFloat(document.colliders[index], dx, dy);
   }
-  selection.box.left += dx;
-  selection.box.right += dx;
-  selection.box.top += dy;
-  selection.box.bottom += dy;
+  Shift(selection.box.left, dx);
+  Shift(selection.box.right, dx);
+  Shift(selection.box.top, dy);
+  Shift(selection.box.bottom, dy);
 }
 
 void CenterSelection(const Editing& editing) {

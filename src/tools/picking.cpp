@@ -121,12 +121,13 @@ float HoverReach(const ViewTransform& view) { return 5 / ((view.zoom + 1) / 2); 
 void PickAtPoint(const Editing& editing) {
   SelectionBox& box = editing.state.selection.box;
   const std::int16_t steps = RoundToInt16(HoverReach(editing.state.view));
-  for (std::int16_t i = 2; i <= steps && editing.state.selection.Empty(); ++i) {
+  for (std::int16_t i = 2; i <= steps; ++i) {
     box.left -= i;
     box.top -= i;
     box.right += i;
     box.bottom += i;
     SelectInBox(editing, box, true, SelectionKind::kAll);
+    if (!editing.state.selection.Empty()) break;
   }
   SelectInBox(editing, box, false, SelectionKind::kAll);
 }

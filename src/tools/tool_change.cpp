@@ -42,6 +42,7 @@ void OfferCollider(EditingState& state) {
 void OfferWaypoint(EditingState& state) {
   const MapDocument& document = state.document;
   state.tool.value = 1;
+  state.tool.next.botSettings = {};
   if (document.lastWaypoint < 0) return;
   const Waypoint& last = LastOf(document.waypoints, document.lastWaypoint);
   state.tool.value = last.path == 1 ? 1 : 2;
@@ -77,9 +78,19 @@ void EndConstruction(EditingState& state) {
   state.tool.value = 0;
 }
 
+void EndPendingDirection(EditingState& state) {
+  if (state.tool.value != kNoToolValue || state.document.lastScenery < 0) return;
+  const auto last = static_cast<std::size_t>(state.document.lastScenery);
+  state.document.sceneries[last].rotation = kLianaRotation;
+  state.tool.value = 0;
+}
+
 void ChangeTool(const Editing& editing, ToolMode mode) {
   EditingState& state = editing.state;
+  EndPendingDirection(state);
   if (mode != ToolMode::kAddPolygon) EndConstruction(state);
+  state.selection.placing = false;
+  state.gesture.End();  // Escape reaches back no further than the tool's own work
   state.document.toolIndex = mode;
   state.tool.value = 0;
   state.selection.connectionAnchor = kNoIndex;
@@ -88,6 +99,8 @@ void ChangeTool(const Editing& editing, ToolMode mode) {
   } else {
     state.show.showFlags[static_cast<std::size_t>(mode) - 1] = 1;
     ClearSelection(state.selection, editing.ports.display);
+    // The previews of the Add tools use the slots where the copies lie.
+    ClearClipboard(state.clipboard);
     editing.ports.display.SetPointer(PointerShape::kCross);
   }
   OfferProperties(state, mode);

@@ -8,6 +8,9 @@ namespace vesmora {
 /// Drops a polygon whose third corner has not been placed.
 void EndConstruction(EditingState& state);
 
+/// Lets a liana whose direction click never came hang down.
+void EndPendingDirection(EditingState& state);
+
 /// True while corners of a polygon are placed but not all.
 bool IsConstructing(const EditingState& state);
 

@@ -5,12 +5,14 @@
 #include <cstdint>
 #include <string>
 
+#include "document/geometry.h"
 #include "view/canvas.h"
 
 namespace vesmora {
 
 inline constexpr std::int16_t kNoToolValue = -9999;
 inline constexpr std::int16_t kDefaultColliderSize = 12;
+inline constexpr float kLianaRotation = -kPi / 2;  // until it is given a direction
 
 /// What the property panel holds for the next object.
 struct NextObject {

@@ -10,6 +10,9 @@ struct MouseInput {
   MouseButton button = MouseButton::kNone;
   float x = 0;
   float y = 0;
+  // Of a move: the button is certainly up. A release can be lost to a message box.
+  bool leftIsUp = false;
+  bool rightIsUp = false;
 };
 
 }  // namespace vesmora

@@ -16,7 +16,7 @@ struct PanelRect {
 };
 
 /// The panels' own sizes in pixels.
-inline constexpr int kPpalkkiWidth = 232;
+inline constexpr int kPpalkkiWidth = 332;
 inline constexpr int kPalaHeight = 40;
 inline constexpr int kPylaHeight = 40;
 inline constexpr int kFmaskiWidth = 12;

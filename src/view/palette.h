@@ -60,4 +60,15 @@ constexpr Rgb LongToRGB(std::int32_t color) {
           static_cast<std::uint8_t>(bits / 65536 % 256)};
 }
 
+constexpr std::int32_t RGBToLong(Rgb color) {
+  return color.red + color.green * 256 + color.blue * 65536;
+}
+
+/// Alpha belongs to no colour choice and stays.
+constexpr void SetColor(MapColor& stored, Rgb color) {
+  stored.red = color.red;
+  stored.green = color.green;
+  stored.blue = color.blue;
+}
+
 }  // namespace vesmora

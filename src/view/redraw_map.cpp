@@ -248,8 +248,7 @@ void MapDrawing::DrawWaypoints() {
   std::int16_t slot = 0;
   for (Waypoint& waypoint : Used(document_.waypoints, document_.lastWaypoint)) {
     const std::int16_t index = slot++;
-    const bool isKnownPath = waypoint.path == 1 || waypoint.path == 2;
-    if (!isKnownPath || !show_.ShowsPath(waypoint.path)) continue;
+    if (!show_.ShowsPath(waypoint.path)) continue;
     painter_.SetStyle(PenStyle::kSolid);
     painter_.SetColor(waypoint.path == 1 ? kFirstPathColor : kOtherPathColor);
     DrawWaypointMark(waypoint);

@@ -1,7 +1,6 @@
 #include "view/scenery_shape.h"
 
 #include "document/scenery_types.h"
-#include "view/view_transform.h"
 
 namespace vesmora {
 

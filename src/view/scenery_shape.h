@@ -2,14 +2,14 @@
 #pragma once
 
 #include "document/records.h"
-#include "view/canvas.h"
+#include "view/view_transform.h"
 
 namespace vesmora {
 
-/// The rectangle's two sides as offsets from the scenery's position, world units.
+/// The rectangle's two sides as offsets from the scenery's position.
 struct ScenerySides {
-  ScreenPoint along;   // ends at the rotate handle
-  ScreenPoint across;  // both together end at the size handle
+  WorldOffset along;   // ends at the rotate handle
+  WorldOffset across;  // both together end at the size handle
 };
 
 ScenerySides SidesOf(const SceneryObject& scenery);

@@ -71,7 +71,7 @@ WorldPoint ViewTransform::SnapToGrid(float screenX, float screenY) const {
           SnapToWorldGrid(LaskeRuutu2Y(screenY), gridSize)};
 }
 
-ScreenPoint PolarToOffset(float angle, float radius, bool swapAxes) {
+WorldOffset PolarToOffset(float angle, float radius, bool swapAxes) {
   if (swapAxes) {
     return {static_cast<float>(std::sin(double{angle}) * radius),
             static_cast<float>(std::cos(double{angle}) * radius)};

@@ -51,9 +51,15 @@ struct ViewTransform {
   WorldPoint SnapToGrid(float screenX, float screenY) const;
 };
 
+/// World units.
+struct WorldOffset {
+  float x = 0;
+  float y = 0;
+};
+
 /// Offset of a point at `radius` in direction `angle` (radians, counter-clockwise
 /// on a screen whose y points down); `swapAxes` gives the direction at right angles.
-ScreenPoint PolarToOffset(float angle, float radius, bool swapAxes);
+WorldOffset PolarToOffset(float angle, float radius, bool swapAxes);
 
 struct PolarOffset {
   float angle = 0;  // radians, in (-pi/2, 3 pi/2)

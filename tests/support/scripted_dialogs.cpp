@@ -30,6 +30,18 @@ bool ScriptedDialogs::Ask(const Message& message) {
   return Next(answers, message.text);
 }
 
+std::string ScriptedDialogs::AskText(const TextRequest& request) {
+  events_.emplace_back("AskText");
+  textRequests.push_back(request);
+  return Next(texts, request.prompt);
+}
+
+std::optional<std::int32_t> ScriptedDialogs::ChooseColor(std::int32_t initial) {
+  events_.emplace_back("ChooseColor");
+  colorRequests.push_back(initial);
+  return Next(chosenColors, "a colour");
+}
+
 std::string ScriptedDialogs::ChooseFileToOpen(const FileRequest& request) {
   return ChooseFile("ChooseFileToOpen", request);
 }

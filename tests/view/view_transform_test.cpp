@@ -134,10 +134,10 @@ TEST(ViewTransformTest, GridsTooDenseForTheZoomAreCoarsened) {
 }
 
 TEST(ViewTransformTest, PolarOffsetsOfAScreenWhoseYPointsDown) {
-  const ScreenPoint along = PolarToOffset(kPiFloat / 6, 10, false);
+  const WorldOffset along = PolarToOffset(kPiFloat / 6, 10, false);
   EXPECT_NEAR(along.x, 8.660254, 1e-5);
   EXPECT_NEAR(along.y, -5, 1e-5);
-  const ScreenPoint across = PolarToOffset(kPiFloat / 6, 10, true);
+  const WorldOffset across = PolarToOffset(kPiFloat / 6, 10, true);
   EXPECT_NEAR(across.x, 5, 1e-5);
   EXPECT_NEAR(across.y, 8.660254, 1e-5);
 

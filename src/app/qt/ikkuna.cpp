@@ -6,12 +6,15 @@
 #include <QKeyEvent>
 #include <QLayout>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QScreen>
 #include <memory>
 #include <random>
 
 #include "app/keys.h"
+#include "app/prefab_commands.h"
 #include "app/qt/about.h"
+#include "app/qt/import_dialog.h"
 #include "app/start_up.h"
 #include "app/view_commands.h"
 #include "document/numbers.h"
@@ -111,6 +114,12 @@ std::vector<ScreenRect> ScreenRects() {
   return rects;
 }
 
+/// The local file that is dropped; empty for anything else, or for several at once.
+QString DroppedFile(const QDropEvent& event) {
+  const QList<QUrl> urls = event.mimeData()->urls();
+  return urls.size() == 1 ? urls.first().toLocalFile() : QString();
+}
+
 /// A comfortable window for the first start: most of the screen, but no more than
 /// a map needs.
 QSize FirstSize() {
@@ -123,6 +132,7 @@ QSize FirstSize() {
 Ikkuna::Ikkuna() : dialogs_(this), editor_{{}, MakePorts(dialogs_, *this, settings_, shell_)} {
   editor_.state.journal.folder = HoldUndoFolder(SystemFileCalls(), editor_.ports.tempFolder);
   setObjectName("Ikkuna");
+  setAcceptDrops(true);
   setWindowTitle(ToQt(WindowTitle(VESMORA_VERSION, VESMORA_COMMENTS)));
   resize(FirstSize());
   BuildPanels();
@@ -138,7 +148,7 @@ void Ikkuna::BuildPanels() {
   surface_ = new MapSurface(client_);
   pyla_ = new ToolPanel(client_);
   pala_ = new ViewPanel(client_);
-  ppalkki_ = AddFrame(client_, "Ppalkki", "Properties");
+  ppalkki_ = new InfoPanel(client_);
   fmaski_ = {AddFrame(client_, "Fmaski0", ""), AddFrame(client_, "Fmaski1", "")};
 }
 
@@ -177,9 +187,13 @@ void Ikkuna::ConnectSurface() {
   connect(surface_, &MapSurface::Pressed, this, [this](const MouseInput& input) {
     pala_->setFocus();
     PressMouse(editor_.AsEditing(), input);
+    ShowMenus();  // the press may have taken an undo step
   });
   connect(surface_, &MapSurface::Moved, this, [this](const MouseInput& input) {
     PointAt(editor_, input);
+    // A drag goes on over the panels, but there the pointer is not on the map.
+    const QPointF place(input.x, input.y);
+    if (client_->childAt(place.toPoint()) != surface_) editor_.state.pointerText.clear();
     pala_->ShowState(editor_.state.view, ToQt(editor_.state.pointerText));
   });
   connect(surface_, &MapSurface::Released, this,
@@ -192,11 +206,23 @@ void Ikkuna::ConnectSurface() {
   });
 }
 
+void Ikkuna::HandlePanel(const InfoPanel::Handler& handler) {
+  const Editing editing = editor_.AsEditing();
+  handler({editing, editor_.state.panel});
+  ppalkki_->Apply(editor_.state.panel.contents);
+  ShowMenus();
+  pala_->setFocus();  // so that keys reach the map again
+}
+
 void Ikkuna::ConnectPanels() {
+  connect(ppalkki_, &InfoPanel::Triggered, this, &Ikkuna::HandlePanel);
+  connect(ppalkki_, &InfoPanel::AuthorClicked, this, [this] { CBauthor_Click(editor_); });
   connect(pyla_, &ToolPanel::ToolChosen, this, [this](ToolMode tool) {
     ChangeTool(editor_.AsEditing(), tool);
     pala_->setFocus();
   });
+  connect(pala_, &ViewPanel::ListClosed, this, [this] { pala_->setFocus(); });
+  connect(ppalkki_, &InfoPanel::ListClosed, this, [this] { pala_->setFocus(); });
   connect(pala_, &ViewPanel::ZoomChosen, this, [this](int index) {
     ChooseZoom(editor_, index);
     pala_->setFocus();
@@ -228,13 +254,18 @@ void Ikkuna::RestorePlacement() {
     setWindowState(Qt::WindowMaximized);
     return;
   }
-  const ScreenRect wanted{placement.left.value_or(static_cast<std::int16_t>(x())),
-                          placement.top.value_or(static_cast<std::int16_t>(y())),
-                          placement.width.value_or(static_cast<std::int16_t>(width())),
-                          placement.height.value_or(static_cast<std::int16_t>(height()))};
+  // The client area's place, not the frame's: before the window is up only that one
+  // is certain to be met.
+  const ScreenRect wanted{placement.left.value_or(RoundToInt16(geometry().x())),
+                          placement.top.value_or(RoundToInt16(geometry().y())),
+                          placement.width.value_or(RoundToInt16(width())),
+                          placement.height.value_or(RoundToInt16(height()))};
   const ScreenRect fitting = FitToScreens(wanted, ScreenRects());
-  resize(fitting.width, fitting.height);
-  if (placement.left || placement.top) move(fitting.left, fitting.top);
+  if (placement.left || placement.top) {
+    setGeometry(fitting.left, fitting.top, fitting.width, fitting.height);
+  } else {
+    resize(fitting.width, fitting.height);
+  }
 }
 
 WindowPlacement Ikkuna::Placement() const {
@@ -243,13 +274,12 @@ WindowPlacement Ikkuna::Placement() const {
   if (isMinimized()) state = WindowState::kMinimised;
   // A maximised window keeps the place it returns to.
   const bool isNormal = state == WindowState::kNormal;
-  const QPoint position = isNormal ? pos() : normalGeometry().topLeft();
-  const QSize extent = isNormal ? size() : normalGeometry().size();
+  const QRect place = isNormal ? geometry() : normalGeometry();
   return {.state = static_cast<std::int16_t>(state),
-          .top = RoundToInt16(position.y()),
-          .left = RoundToInt16(position.x()),
-          .width = RoundToInt16(extent.width()),
-          .height = RoundToInt16(extent.height())};
+          .top = RoundToInt16(place.y()),
+          .left = RoundToInt16(place.x()),
+          .width = RoundToInt16(place.width()),
+          .height = RoundToInt16(place.height())};
 }
 
 void Ikkuna::resizeEvent(QResizeEvent* event) {
@@ -259,7 +289,6 @@ void Ikkuna::resizeEvent(QResizeEvent* event) {
     RestorePlacement();
   }
   EnforceMinimumSize();
-  LayOut();
 }
 
 /// The minimum counts the frame that the window manager draws, which is known
@@ -288,6 +317,7 @@ void Ikkuna::LayOut() {
 bool Ikkuna::eventFilter(QObject* watched, QEvent* event) {
   const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
   if (isKey && IsFirstReceiver(watched) && FilterKey(event)) return true;
+  if (watched == client_ && event->type() == QEvent::Resize) LayOut();
   const bool isPanel = watched == pala_ || watched == ppalkki_ || watched == pyla_;
   if (isPanel && event->type() == QEvent::MouseButtonPress) pala_->setFocus();
   return QMainWindow::eventFilter(watched, event);
@@ -297,6 +327,7 @@ bool Ikkuna::eventFilter(QObject* watched, QEvent* event) {
 /// passes by here: only the first time counts.
 bool Ikkuna::IsFirstReceiver(const QObject* watched) const {
   const QWidget* focused = focusWidget();
+  if (focused == menuBar()) return false;  // its arrows walk through the menus
   return isActiveWindow() && watched == (focused != nullptr ? focused : this);
 }
 
@@ -308,10 +339,24 @@ bool Ikkuna::FilterKey(QEvent* event) {
   return false;
 }
 
+void Ikkuna::changeEvent(QEvent* event) {
+  QMainWindow::changeEvent(event);
+  if (event->type() == QEvent::ActivationChange) EnforceMinimumSize();
+}
+
 void Ikkuna::closeEvent(QCloseEvent* event) {
   if (!cleanedUp_) CleanUp(editor_);
   cleanedUp_ = true;
   QMainWindow::closeEvent(event);
+}
+
+void Ikkuna::dragEnterEvent(QDragEnterEvent* event) {
+  if (!DroppedFile(*event).isEmpty()) event->acceptProposedAction();
+}
+
+void Ikkuna::dropEvent(QDropEvent* event) {
+  event->acceptProposedAction();
+  OpenNamedFile(editor_, DroppedFile(*event).toStdString());
 }
 
 void Ikkuna::RedrawMap() {
@@ -324,11 +369,16 @@ void Ikkuna::RedrawMap() {
                   .show = state.show,
                   .tool = tool});
   pala_->ShowState(state.view, ToQt(state.pointerText));
+  ShowMenus();
 }
 
 void Ikkuna::RefreshInfoPanel() {
+  const Editing editing = editor_.AsEditing();
+  vesmora::RefreshInfoPanel({editing, editor_.state.panel});
+  ppalkki_->Apply(editor_.state.panel.contents);
   pyla_->ShowTool(editor_.state.document.toolIndex);
   ShowMenus();
+  pala_->setFocus();
 }
 
 void Ikkuna::ShowMenus() {
@@ -351,5 +401,7 @@ void Ikkuna::SetPointer(PointerShape shape) { surface_->setCursor(ToQt(shape)); 
 void Ikkuna::Unload() { close(); }
 
 void Ikkuna::ShowAbout() { About(this).exec(); }
+
+std::string Ikkuna::ShowImport() { return Import(editor_, this).Choose(); }
 
 }  // namespace vesmora

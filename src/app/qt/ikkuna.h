@@ -7,6 +7,7 @@
 
 #include "app/commands.h"
 #include "app/editor.h"
+#include "panel/qt/info_panel.h"
 #include "platform/qt/qt_dialogs.h"
 #include "platform/qt/qt_settings.h"
 #include "platform/qt/qt_shell.h"
@@ -25,11 +26,12 @@ class Ikkuna final : public QMainWindow, private WindowPort {
   /// Runs the first activation with the program's arguments; later calls do nothing.
   void Activate(const std::string& arguments);
 
-  const EditorState& State() const { return editor_.state; }
-
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
+  void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
  private:
@@ -39,6 +41,7 @@ class Ikkuna final : public QMainWindow, private WindowPort {
   void SetPointer(PointerShape shape) override;
   void Unload() override;
   void ShowAbout() override;
+  std::string ShowImport() override;
   void RestorePlacement() override;
   WindowPlacement Placement() const override;
   void LayOut() override;
@@ -47,6 +50,7 @@ class Ikkuna final : public QMainWindow, private WindowPort {
   void BuildPanels();
   void ConnectSurface();
   void ConnectPanels();
+  void HandlePanel(const InfoPanel::Handler& handler);
   void ShowMenus();
   void EnforceMinimumSize();
   bool IsFirstReceiver(const QObject* watched) const;
@@ -62,7 +66,7 @@ class Ikkuna final : public QMainWindow, private WindowPort {
 
   QWidget* client_ = nullptr;  // everything below the menu bar
   MapSurface* surface_ = nullptr;
-  QFrame* ppalkki_ = nullptr;
+  InfoPanel* ppalkki_ = nullptr;
   ViewPanel* pala_ = nullptr;
   ToolPanel* pyla_ = nullptr;
   std::array<QFrame*, 2> fmaski_{};

@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QTimer>
+#include <memory>
 
 #include "app/qt/ikkuna.h"
 
@@ -8,9 +9,10 @@ int main(int argc, char** argv) {
   QApplication::setApplicationName("Vesmora");
   QApplication::setApplicationVersion(VESMORA_VERSION);
 
-  vesmora::Ikkuna window;
-  window.show();
+  // On the heap: the window holds whole tables, more than some stacks can take.
+  const auto window = std::make_unique<vesmora::Ikkuna>();
+  window->show();
   const std::string arguments = QApplication::arguments().mid(1).join(' ').toStdString();
-  QTimer::singleShot(0, &window, [&] { window.Activate(arguments); });
+  QTimer::singleShot(0, window.get(), [&] { window->Activate(arguments); });
   return QApplication::exec();
 }

@@ -1,7 +1,9 @@
 #include "platform/qt/qt_dialogs.h"
 
+#include <QColorDialog>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QInputDialog>
 #include <QMessageBox>
 
 namespace vesmora {
@@ -33,16 +35,8 @@ QMessageBox::StandardButton Run(QWidget* parent, const Message& message,
   return static_cast<QMessageBox::StandardButton>(box.exec());
 }
 
-/// One pattern for both spellings of an extension.
-QString FilterText(const FileFilter& filter) {
-  const QString pattern = QString::fromStdString(filter.pattern);
-  QString description = QString::fromStdString(filter.description);
-  description.truncate(description.lastIndexOf('(') - 1);
-  return QString("%1 (%2 %3)").arg(description, pattern.toLower(), pattern.toUpper());
-}
-
 void Prepare(QFileDialog& dialog, const FileRequest& request) {
-  dialog.setNameFilter(FilterText(request.filter));
+  dialog.setNameFilter(QString::fromStdString(request.filter.description));
   dialog.setDefaultSuffix(
       QFileInfo(QString::fromStdString(request.filter.pattern)).suffix().toLower());
   if (!request.directory.empty()) dialog.setDirectory(QString::fromStdString(request.directory));
@@ -74,7 +68,29 @@ std::string QtDialogs::ChooseFileToSave(const FileRequest& request) {
   QFileDialog dialog(parent_, "Save As");
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   Prepare(dialog, request);
-  return Chosen(dialog);
+  while (true) {
+    const std::string path = Chosen(dialog);
+    const QFileInfo file(QString::fromStdString(path));
+    if (path.empty() || !file.exists() || file.isWritable()) return path;
+    Show({.text = "File '" + path + "' is write-protected.\nPlease choose another name.",
+          .title = "File error",
+          .icon = MessageIcon::kExclamation});
+  }
+}
+
+std::string QtDialogs::AskText(const TextRequest& request) {
+  bool accepted = false;
+  const QString answer = QInputDialog::getText(
+      parent_, QString::fromStdString(request.title), QString::fromStdString(request.prompt),
+      QLineEdit::Normal, QString::fromStdString(request.answer), &accepted);
+  return accepted ? answer.toStdString() : std::string();
+}
+
+std::optional<std::int32_t> QtDialogs::ChooseColor(std::int32_t initial) {
+  const QColor present(initial & 255, initial >> 8 & 255, initial >> 16 & 255);
+  const QColor chosen = QColorDialog::getColor(present, parent_);
+  if (!chosen.isValid()) return std::nullopt;
+  return chosen.red() | chosen.green() << 8 | chosen.blue() << 16;
 }
 
 }  // namespace vesmora

@@ -16,6 +16,8 @@ class QtDialogs final : public Dialogs {
   bool Ask(const Message& message) override;
   std::string ChooseFileToOpen(const FileRequest& request) override;
   std::string ChooseFileToSave(const FileRequest& request) override;
+  std::string AskText(const TextRequest& request) override;
+  std::optional<std::int32_t> ChooseColor(std::int32_t initial) override;
 
  private:
   QPointer<QWidget> parent_;

@@ -21,6 +21,9 @@ ToolPanel::ToolPanel(QWidget* parent) : QFrame(parent) {
   for (std::size_t i = 0; i < kCaptions.size(); ++i) {
     auto* button = new QRadioButton(kCaptions[i]);
     button->setObjectName(QString("OBvalinta%1").arg(i));
+    // Arrow keys belong to the map, so each tool has a key of its own.
+    button->setShortcut(QKeySequence(QString("Ctrl+%1").arg(i + 1)));
+    button->setToolTip(button->shortcut().toString(QKeySequence::NativeText));
     connect(button, &QRadioButton::clicked, this,
             [this, i] { Q_EMIT ToolChosen(static_cast<ToolMode>(i)); });
     layout->addWidget(button);

@@ -25,8 +25,11 @@ MouseButton ToButton(Qt::MouseButton button) {
 }
 
 MouseInput ToInput(const QMouseEvent& event) {
-  return {ToButton(event.button()), static_cast<float>(event.position().x()),
-          static_cast<float>(event.position().y())};
+  return {.button = ToButton(event.button()),
+          .x = static_cast<float>(event.position().x()),
+          .y = static_cast<float>(event.position().y()),
+          .leftIsUp = !event.buttons().testFlag(Qt::LeftButton),
+          .rightIsUp = !event.buttons().testFlag(Qt::RightButton)};
 }
 
 }  // namespace

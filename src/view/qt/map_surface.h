@@ -3,7 +3,6 @@
 
 #include <QImage>
 #include <QWidget>
-#include <functional>
 
 #include "view/input.h"
 #include "view/qt/painter_canvas.h"

@@ -6,8 +6,8 @@
 namespace vesmora {
 namespace {
 
-QComboBox* AddList(QHBoxLayout& layout, const QString& caption, const QString& name) {
-  auto* list = new QComboBox;
+ClosingCombo* AddList(QHBoxLayout& layout, const QString& caption, const QString& name) {
+  auto* list = new ClosingCombo;
   list->setObjectName(name);
   auto* label = new QLabel(caption);
   label->setBuddy(list);
@@ -44,8 +44,11 @@ ViewPanel::ViewPanel(QWidget* parent)
   position_->setObjectName("Lsijainti");
   layout->addWidget(position_);
 
-  connect(zoom_, &QComboBox::currentIndexChanged, this, &ViewPanel::ZoomChosen);
-  connect(grid_, &QComboBox::currentIndexChanged, this, &ViewPanel::GridChosen);
+  connect(zoom_, &QComboBox::activated, this, &ViewPanel::ZoomChosen);
+  connect(grid_, &QComboBox::activated, this, &ViewPanel::GridChosen);
+  for (const ClosingCombo* list : {zoom_, grid_}) {
+    connect(list, &ClosingCombo::Closed, this, &ViewPanel::ListClosed);
+  }
   connect(fixed_, &QCheckBox::toggled, this, &ViewPanel::FixedGridToggled);
 }
 

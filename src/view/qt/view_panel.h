@@ -3,10 +3,10 @@
 #pragma once
 
 #include <QCheckBox>
-#include <QComboBox>
 #include <QFrame>
 #include <QLabel>
 
+#include "view/qt/closing_combo.h"
 #include "view/view_transform.h"
 
 namespace vesmora {
@@ -24,10 +24,12 @@ class ViewPanel final : public QFrame {
   void ZoomChosen(int index);
   void GridChosen(int index);
   void FixedGridToggled(bool isFixed);
+  /// A list has been closed, with or without a choice.
+  void ListClosed();
 
  private:
-  QComboBox* zoom_;
-  QComboBox* grid_;
+  ClosingCombo* zoom_;
+  ClosingCombo* grid_;
   QCheckBox* fixed_;
   QLabel* position_;
 };

@@ -1,0 +1,102 @@
+#include "app/prefab_commands.h"
+
+#include "document/prefab_file.h"
+#include "document/text.h"
+#include "platform/single_byte_text.h"
+#include "tools/prefab_import.h"
+#include "tools/tool_change.h"
+
+namespace vesmora {
+namespace {
+
+constexpr std::size_t kExtensionLength = 4;  // with its dot
+constexpr std::size_t kShortestAuthor = 2;
+constexpr std::size_t kLongestAuthor = 19;
+
+std::string Lines(int first, int second, int third) {
+  return std::to_string(first) + "\n" + std::to_string(second) + "\n" + std::to_string(third);
+}
+
+/// The answer as the map stores it; a cancelled box answers nothing.
+std::string AskForAuthor(Editor& editor) {
+  const std::string answer = editor.ports.dialogs.AskText(
+      {.title = "Map properties",
+       .prompt = "Author's name\n\nYou are also allowed place this text to the map after you press "
+                 "OK button.",
+       .answer = ToUtf8(editor.state.document.author)});
+  return std::string(TrimBlanks(FromUtf8(answer)));
+}
+
+}  // namespace
+
+std::string PrefabFolder(const Ports& ports) { return ports.programFolder + "Prefab/"; }
+
+std::vector<std::string> ListPrefabs(const Ports& ports) {
+  std::vector<std::string> names = ListFiles(ports.files, PrefabFolder(ports)).names;
+  std::erase_if(names, [](const std::string& name) { return !EndsIgnoringCase(name, ".pre"); });
+  return names;
+}
+
+ImportContents ShowPrefab(const Editor& editor, const std::string& fileName) {
+  const MapDocument& document = editor.state.document;
+  ImportContents contents;
+  contents.lMaara = Lines(kPolygonCapacity - 1 - document.lastPolygon,
+                          kSceneryCapacity - 1 - document.lastScenery,
+                          kColliderCapacity - 1 - document.lastCollider);
+  contents.lMaara2 = Lines(0, 0, 0);
+  if (fileName.empty()) return contents;
+  contents.lName = fileName.substr(0, fileName.size() - kExtensionLength);
+  const FileContents file =
+      ReadFile(editor.ports.files, PrefabFolder(editor.ports) + fileName, kPrefabReadLimit);
+  const PrefabHeader header = ReadPrefabHeader(file.bytes);
+  contents.canImport = header.isKnownVersion;
+  if (header.isKnownVersion) {
+    contents.lAuthor = ToUtf8(header.author);
+    contents.lMaara2 = Lines(header.polygonCount, header.sceneryCount, header.colliderCount);
+  } else {
+    contents.lMaara2 = "Err\nErr\nErr";
+  }
+  return contents;
+}
+
+void MenuExport(Editor& editor) {
+  const std::string path = editor.ports.dialogs.ChooseFileToSave(
+      {.directory = PrefabFolder(editor.ports),
+       .fileName = "",
+       .filter = {.description = "Vesmora Prefab (*.pre)", .pattern = "*.pre"}});
+  if (path.empty()) return;
+  // Half a triangle is no piece of a map.
+  if (IsConstructing(editor.state)) ChangeTool(editor.AsEditing(), ToolMode::kEdit);
+  const FileStatus status =
+      WriteFileDurably(editor.ports.files, path, WritePrefab(editor.state.document));
+  if (!status.Ok()) {
+    editor.ports.dialogs.Show({.text = "File '" + path + "' could not be saved: " + status.reason,
+                               .title = "File error",
+                               .icon = MessageIcon::kCritical});
+  }
+}
+
+void MenuImport(Editor& editor) {
+  const std::string path = editor.ports.window.ShowImport();
+  if (path.empty()) return;
+  TakeUndoSnapshot(editor.AsEditing(), "Import");
+  ImportPrefab(editor.AsEditing(), path, ImportManner::kPlaced);
+  RefreshAll(editor.AsEditing());
+}
+
+void CBauthor_Click(Editor& editor) {
+  TakeUndoSnapshot(editor.AsEditing(), "Author");
+  std::string& author = editor.state.document.author;
+  const std::string answer = AskForAuthor(editor);
+  if (answer.size() >= kShortestAuthor) {
+    author = answer.substr(0, kLongestAuthor);
+  } else if (author.empty()) {
+    author = "Unknow";
+  }
+  if (author != "New" && author != "Unknow") {
+    PlaceAuthorText(editor.AsEditing(), author, editor.ports.programFolder + "Alphabet/");
+  }
+  RefreshAll(editor.AsEditing());
+}
+
+}  // namespace vesmora

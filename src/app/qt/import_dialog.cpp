@@ -1,0 +1,91 @@
+#include "app/qt/import_dialog.h"
+
+#include <QDir>
+#include <QGridLayout>
+#include <QVBoxLayout>
+
+namespace vesmora {
+namespace {
+
+QLabel* MakeLabel(const char* name) {
+  auto* label = new QLabel;
+  label->setObjectName(name);
+  label->setTextFormat(Qt::PlainText);
+  return label;
+}
+
+}  // namespace
+
+Import::Import(const Editor& editor, QWidget* parent)
+    : QDialog(parent),
+      editor_(editor),
+      files_(new QListWidget),
+      folder_(MakeLabel("lHakemisto")),
+      name_(MakeLabel("lName")),
+      author_(MakeLabel("lAuthor")),
+      left_(MakeLabel("lMaara")),
+      counts_(MakeLabel("lMaara2")),
+      import_(new QPushButton("&Import")) {
+  setObjectName("Import");
+  setWindowTitle("Import");
+  auto* column = new QVBoxLayout(this);
+  folder_->setText(QDir::toNativeSeparators(QString::fromStdString(PrefabFolder(editor.ports))));
+  column->addWidget(folder_);
+  files_->setObjectName("fTiedosto");
+  files_->setAccessibleName("Prefabs");
+  for (const std::string& name : ListPrefabs(editor.ports)) {
+    files_->addItem(QString::fromStdString(name));
+  }
+  column->addWidget(files_, 1);
+  BuildDetails(*column);
+
+  import_->setObjectName("cImport");
+  import_->setDefault(true);
+  auto* cancel = new QPushButton("&Cancel");
+  cancel->setObjectName("cPeruuta");
+  auto* buttons = new QHBoxLayout;
+  buttons->addStretch();
+  buttons->addWidget(import_);
+  buttons->addWidget(cancel);
+  column->addLayout(buttons);
+
+  connect(files_, &QListWidget::currentRowChanged, this, &Import::ShowChoice);
+  connect(files_, &QListWidget::itemDoubleClicked, import_, &QPushButton::click);
+  connect(import_, &QPushButton::clicked, this, &QDialog::accept);
+  connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+  ShowChoice();
+  resize(420, 440);
+}
+
+void Import::BuildDetails(QBoxLayout& column) {
+  auto* grid = new QGridLayout;
+  grid->setColumnStretch(1, 1);
+  grid->addWidget(new QLabel("Name:"), 0, 0);
+  grid->addWidget(name_, 0, 1, 1, 2);
+  grid->addWidget(new QLabel("Author:"), 1, 0);
+  grid->addWidget(author_, 1, 1, 1, 2);
+  grid->addWidget(new QLabel("Left"), 2, 1);
+  grid->addWidget(new QLabel("Prefab"), 2, 2);
+  grid->addWidget(new QLabel("Polygons\nSceneries\nColliders"), 3, 0);
+  grid->addWidget(left_, 3, 1);
+  grid->addWidget(counts_, 3, 2);
+  column.addLayout(grid);
+}
+
+void Import::ShowChoice() {
+  const QListWidgetItem* item = files_->currentItem();
+  const ImportContents contents =
+      ShowPrefab(editor_, item == nullptr ? "" : item->text().toStdString());
+  name_->setText(QString::fromStdString(contents.lName));
+  author_->setText(QString::fromStdString(contents.lAuthor));
+  left_->setText(QString::fromStdString(contents.lMaara));
+  counts_->setText(QString::fromStdString(contents.lMaara2));
+  import_->setEnabled(contents.canImport);
+}
+
+std::string Import::Choose() {
+  if (exec() != QDialog::Accepted || files_->currentItem() == nullptr) return {};
+  return PrefabFolder(editor_.ports) + files_->currentItem()->text().toStdString();
+}
+
+}  // namespace vesmora

@@ -1,0 +1,114 @@
+#include "document/prefab_file.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <string_view>
+
+namespace vesmora {
+namespace {
+
+constexpr std::string_view kVersion = "1.0";
+constexpr std::size_t kAuthorLength = 20;
+constexpr std::size_t kHeaderSize = 29;
+
+/// Reads items one after another; false once the bytes have run out.
+class Reader {
+ public:
+  explicit Reader(std::span<const std::byte> bytes) : rest_(bytes) {}
+
+  template <typename Item>
+  bool Read(Item& item) {
+    if (rest_.size() < sizeof(Item)) return false;
+    std::memcpy(&item, rest_.data(), sizeof(Item));
+    rest_ = rest_.subspan(sizeof(Item));
+    return true;
+  }
+
+ private:
+  std::span<const std::byte> rest_;
+};
+
+template <typename Item>
+void Append(std::vector<std::byte>& bytes, const Item& item) {
+  const auto* data = reinterpret_cast<const std::byte*>(&item);
+  bytes.insert(bytes.end(), data, data + sizeof(Item));
+}
+
+bool CanBe(int count, int capacity) { return count >= 0 && count <= capacity; }
+
+template <typename Record>
+bool ReadRecords(Reader& reader, int count, std::vector<Record>& records) {
+  records.resize(static_cast<std::size_t>(count));
+  return std::ranges::all_of(records, [&](Record& record) { return reader.Read(record); });
+}
+
+}  // namespace
+
+PrefabHeader ReadPrefabHeader(std::span<const std::byte> bytes) {
+  Reader reader(bytes);
+  std::array<char, kVersion.size()> version{};
+  std::int16_t lastPolygon = -1;
+  std::int16_t lastScenery = -1;
+  std::int16_t lastCollider = -1;
+  std::array<char, kAuthorLength> author{};
+  const bool isWhole = reader.Read(version) && reader.Read(lastPolygon) &&
+                       reader.Read(lastScenery) && reader.Read(lastCollider) && reader.Read(author);
+  PrefabHeader header;
+  header.isKnownVersion = isWhole && std::ranges::equal(version, kVersion);
+  header.polygonCount = lastPolygon + 1;
+  header.sceneryCount = lastScenery + 1;
+  header.colliderCount = lastCollider + 1;
+  header.author.assign(author.begin(), author.end());
+  header.author.erase(header.author.find_last_not_of(' ') + 1);
+  return header;
+}
+
+std::optional<Prefab> ReadPrefab(std::span<const std::byte> bytes) {
+  if (bytes.size() < kHeaderSize) return std::nullopt;
+  const PrefabHeader header = ReadPrefabHeader(bytes);
+  if (!CanBe(header.polygonCount, kPolygonCapacity) ||
+      !CanBe(header.sceneryCount, kSceneryCapacity) ||
+      !CanBe(header.colliderCount, kColliderCapacity)) {
+    return std::nullopt;
+  }
+  Reader reader(bytes.subspan(kHeaderSize));
+  Prefab prefab;
+  for (int i = 0; i < header.polygonCount; ++i) {
+    if (!reader.Read(prefab.polygons.emplace_back()) ||
+        !reader.Read(prefab.normals.emplace_back())) {
+      return std::nullopt;
+    }
+  }
+  if (!ReadRecords(reader, header.sceneryCount, prefab.sceneries) ||
+      !ReadRecords(reader, header.colliderCount, prefab.colliders)) {
+    return std::nullopt;
+  }
+  return prefab;
+}
+
+std::vector<std::byte> WritePrefab(const MapDocument& document) {
+  std::vector<std::byte> bytes;
+  std::array<char, kAuthorLength> author;
+  author.fill(' ');
+  std::copy_n(document.author.begin(), std::min(document.author.size(), author.size()),
+              author.begin());
+  for (const char character : kVersion) Append(bytes, character);
+  Append(bytes, document.lastPolygon);
+  Append(bytes, document.lastScenery);
+  Append(bytes, document.lastCollider);
+  Append(bytes, author);
+  for (std::size_t i = 0; i < static_cast<std::size_t>(document.lastPolygon + 1); ++i) {
+    Append(bytes, document.polygons[i]);
+    Append(bytes, document.normals[i]);
+  }
+  for (std::size_t i = 0; i < static_cast<std::size_t>(document.lastScenery + 1); ++i) {
+    Append(bytes, document.sceneries[i]);
+  }
+  for (std::size_t i = 0; i < static_cast<std::size_t>(document.lastCollider + 1); ++i) {
+    Append(bytes, document.colliders[i]);
+  }
+  return bytes;
+}
+
+}  // namespace vesmora

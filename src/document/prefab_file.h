@@ -1,0 +1,42 @@
+// Prefab files: reusable pieces of a map, polygons, sceneries and colliders only.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "document/map_document.h"
+
+namespace vesmora {
+
+/// More than any sound prefab holds.
+inline constexpr std::size_t kPrefabReadLimit = 1U << 20U;
+
+struct PrefabHeader {
+  bool isKnownVersion = false;
+  int polygonCount = 0;  // may be anything in a damaged file
+  int sceneryCount = 0;
+  int colliderCount = 0;
+  std::string author;  // single-byte text without its padding
+};
+
+struct Prefab {
+  std::vector<Polygon> polygons;
+  std::vector<PolygonNormals> normals;  // parallel to `polygons`
+  std::vector<SceneryObject> sceneries;
+  std::vector<Collider> colliders;
+};
+
+/// What stands at the start of a file; one that is too short is of no known version.
+PrefabHeader ReadPrefabHeader(std::span<const std::byte> bytes);
+
+/// The whole prefab, or nothing when its counts cannot be or the file is shorter
+/// than they promise.
+std::optional<Prefab> ReadPrefab(std::span<const std::byte> bytes);
+
+/// The map's polygons, sceneries and colliders as they stand in memory.
+std::vector<std::byte> WritePrefab(const MapDocument& document);
+
+}  // namespace vesmora

@@ -1,0 +1,125 @@
+// Applying contents to the widgets, as little of them as differs.
+#include <QButtonGroup>
+#include <QSignalBlocker>
+
+#include "panel/qt/info_panel.h"
+
+namespace vesmora {
+namespace {
+
+QString ToQt(const std::string& text) { return QString::fromStdString(text); }
+
+void ShowText(QLabel* label, const std::string& text) { label->setText(ToQt(text)); }
+
+/// The face in the given colour and the caption in whichever of black and white
+/// can be read on it.
+QString FaceStyle(Rgb color) {
+  const int brightness = (color.red * 299 + color.green * 587 + color.blue * 114) / 1000;
+  return QString("QPushButton { background-color: rgb(%1, %2, %3); color: %4; }")
+      .arg(color.red)
+      .arg(color.green)
+      .arg(color.blue)
+      .arg(brightness < 128 ? "white" : "black");
+}
+
+void ShowButton(QPushButton* button, const ButtonContents& contents) {
+  button->setEnabled(contents.enabled);
+  const QString style = contents.color ? FaceStyle(*contents.color) : QString();
+  if (button->styleSheet() != style) button->setStyleSheet(style);
+}
+
+Qt::CheckState ToQt(Tick tick) {
+  switch (tick) {
+    case Tick::kOn:
+      return Qt::Checked;
+    case Tick::kMixed:
+      return Qt::PartiallyChecked;
+    case Tick::kOff:
+      break;
+  }
+  return Qt::Unchecked;
+}
+
+void ShowBox(QCheckBox* box, const CheckContents& contents) {
+  const QSignalBlocker quiet(box);
+  box->setEnabled(contents.enabled);
+  const Qt::CheckState state = ToQt(contents.tick);
+  if (box->checkState() == state) return;  // setting it again would paint it again
+  box->setTristate(state == Qt::PartiallyChecked);
+  box->setCheckState(state);
+}
+
+template <std::size_t kCount>
+void ShowChoices(const std::array<QRadioButton*, kCount>& options,
+                 const std::array<OptionContents, kCount>& contents) {
+  // A group lets go of its chosen button only while it is not exclusive.
+  QButtonGroup* group = options.front()->group();
+  group->setExclusive(false);
+  for (std::size_t i = 0; i < kCount; ++i) {
+    const QSignalBlocker quiet(options[i]);
+    options[i]->setChecked(contents[i].chosen);
+    options[i]->setEnabled(contents[i].enabled);
+  }
+  group->setExclusive(true);
+}
+
+}  // namespace
+
+void InfoPanel::Apply(const PanelContents& contents) {
+  if (shown_ == contents) return;
+  ApplyTexts(contents);
+  ApplyButtons(contents);
+  ApplyBoxes(contents);
+  ApplyCombos(contents);
+  if (!shown_ || shown_->highlightedTool != contents.highlightedTool) {
+    ApplyHighlight(contents.highlightedTool);
+  }
+  shown_ = contents;
+}
+
+void InfoPanel::ApplyTexts(const PanelContents& contents) {
+  ShowText(mapInfo_, contents.Lkartta1);
+  ShowText(author_, contents.lAuthor);
+  ShowText(fillLevels_, contents.Lkartta2);
+  selectedFrame_->setTitle(ToQt(contents.Fvalinta));
+  ShowText(selected_, contents.Lvalinta);
+}
+
+void InfoPanel::ApplyButtons(const PanelContents& contents) {
+  ShowButton(upper_, contents.CBtausta1);
+  ShowButton(lower_, contents.CBtausta2);
+  ShowButton(vertexColor_, contents.CBverticevari);
+  ShowButton(connect_, contents.CByhista);
+  ShowButton(disconnect_, contents.CBerota);
+  ShowButton(restoreTexture_, contents.CBtexPalauta);
+  ShowButton(deleteTexture_, contents.CBtexPoista);
+}
+
+void InfoPanel::ApplyBoxes(const PanelContents& contents) {
+  for (std::size_t i = 0; i < show_.size(); ++i) ShowBox(show_[i], contents.CBnayta[i]);
+  ShowBox(noTextureCorrection_, contents.CBtexEiKorjaus);
+  ShowBox(passable_, contents.CBverticeLapi);
+  for (std::size_t i = 0; i < botSettings_.size(); ++i) {
+    ShowBox(botSettings_[i], contents.CBbotValinta[i]);
+  }
+  ShowChoices(pathFilter_, contents.OBbotNayta);
+  ShowChoices(path_, contents.OBbotKumpi);
+}
+
+void InfoPanel::ApplyCombos(const PanelContents& contents) {
+  spawnType_->Show(contents.CBspawn, SpawnItems(contents.CBspawn));
+  sceneryType_->Show(contents.CBscenery, SceneryItems(contents.CBscenery));
+  visibility_->Show(contents.CBscenery2, VisibilityItems(contents.CBscenery2));
+  colliderSize_->Show(contents.CBcollider, {kColliderSizes.begin(), kColliderSizes.end()});
+}
+
+void InfoPanel::ApplyHighlight(ToolMode tool) {
+  for (std::size_t i = 0; i < toolFrames_.size(); ++i) {
+    QGroupBox* frame = toolFrames_[i];
+    if (frame == nullptr) continue;
+    const bool isActive = i == static_cast<std::size_t>(tool);
+    frame->setStyleSheet(isActive ? "QGroupBox { color: rgb(255, 0, 0); }" : "");
+  }
+}
+
+}  // namespace vesmora

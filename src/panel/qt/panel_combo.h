@@ -1,0 +1,42 @@
+// A combo box that shows what it is told, tells when its list is about to open, and
+// takes typed texts only with the Enter key.
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+#include "panel/panel_contents.h"
+#include "view/qt/closing_combo.h"
+
+namespace vesmora {
+
+class PanelCombo final : public ClosingCombo {
+  Q_OBJECT
+
+ public:
+  enum class Kind { kList, kEditable };
+
+  PanelCombo(const QString& name, Kind kind);
+
+  /// Fills the list anew only when its tag differs, and touches only what differs.
+  void Show(const ComboContents& contents, const std::vector<std::string_view>& items);
+
+  void showPopup() override;
+
+ Q_SIGNALS:
+  void AboutToOpen();
+  void Chosen(const QString& text);
+  void Entered(const QString& text);
+  /// The box shows something else than it was told: the user has typed or chosen.
+  void Touched();
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void ShowText(const QString& text);
+
+  std::vector<std::string_view> items_;
+};
+
+}  // namespace vesmora
