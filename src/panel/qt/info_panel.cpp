@@ -14,8 +14,8 @@
 namespace vesmora {
 namespace {
 
-constexpr int kFrameMargin = 5;  // pixels
-constexpr int kSpacing = 3;
+constexpr int kFrameMargin = 4;  // pixels
+constexpr int kSpacing = 2;
 
 QGroupBox* AddFrame(QBoxLayout& layout, const char* caption, const char* name) {
   auto* frame = new QGroupBox(caption);
