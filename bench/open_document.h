@@ -4,6 +4,7 @@
 #include <string>
 
 #include "document/map_file.h"
+#include "document/undo_journal.h"
 
 namespace vesmora::bench {
 
@@ -34,6 +35,8 @@ struct OpenDocument {
   bool Write(const std::string& path, bool isUndo) {
     return WriteMap(Context(), path, isUndo).Ok();
   }
+
+  void Snapshot(UndoJournal& journal) { TakeUndoSnapshot(journal, Context(), "Move"); }
 
   MapDocument document;
   Selection selection;

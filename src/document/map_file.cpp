@@ -46,6 +46,13 @@ ToolMode ValidTool(std::int16_t index) {
   return static_cast<ToolMode>(index >= 0 && index < kToolCount ? index : 0);
 }
 
+/// Kept between writes: getting half a megabyte of fresh pages from the system takes
+/// as long as writing it. Everything runs on one thread.
+std::span<std::byte> ImageBuffer(std::size_t size) {
+  static std::vector<std::byte> buffer(kUndoFileSize);
+  return std::span(buffer).first(size);
+}
+
 }  // namespace
 
 LoadOutcome LoadMap(const MapFileContext& context, const std::string& path, bool isUndo,
@@ -113,7 +120,7 @@ FileStatus WriteMap(const MapFileContext& context, const std::string& path, bool
   document.randomId = static_cast<std::int32_t>(context.random() * 1000 + 1);
   StoreAuthor(document);
 
-  std::vector<std::byte> image(isUndo ? kUndoFileSize : kMapFileSize);
+  const std::span<std::byte> image = ImageBuffer(isUndo ? kUndoFileSize : kMapFileSize);
   if (isUndo) {
     const UndoItems undo{PackSelection(selection, document),
                          static_cast<std::int16_t>(document.toolIndex)};
