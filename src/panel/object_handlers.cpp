@@ -132,6 +132,18 @@ void CBscenery2_Click(const PanelContext& context, const std::string& text) {
   Redraw(context);
 }
 
+void CBscenery2_Change(const PanelContext& context, const std::string& text) {
+  if (context.panel.panelRefreshing || ToolOf(context) != ToolMode::kAddScenery) return;
+  context.panel.contents.CBscenery2.text = text;
+  context.editing.state.tool.next.visibility = text;
+}
+
+void CBcollider_Change(const PanelContext& context, const std::string& text) {
+  if (context.panel.panelRefreshing || ToolOf(context) != ToolMode::kAddCollider) return;
+  context.panel.contents.CBcollider.text = text;
+  context.editing.state.tool.next.colliderSize = text;
+}
+
 void CBscenery2_DropDown(const PanelContext& context) {
   if (context.panel.panelRefreshing) return;
   context.panel.contents.CBscenery2.tag = ListTag::kFirst;
@@ -222,7 +234,10 @@ void OBbotKumpi_Click(const PanelContext& context, int path) {
     context.editing.state.tool.value = static_cast<std::int16_t>(path);
   }
   Redraw(context);
+  const std::int16_t filter = context.editing.state.show.pathFilter;
   context.editing.ports.display.RefreshInfoPanel();
+  // The path that is added to may not be hidden: the refresh sees to that.
+  if (context.editing.state.show.pathFilter != filter) Redraw(context);
 }
 
 void OBbotNayta_Click(const PanelContext& context, int filter) {

@@ -14,6 +14,10 @@ void CBscenery_Click(const PanelContext& context, const std::string& text);
 void CBscenery2_Click(const PanelContext& context, const std::string& text);
 void CBcollider_Click(const PanelContext& context, const std::string& text);
 
+// A text that is being typed: what an Add tool places takes it as it stands.
+void CBscenery2_Change(const PanelContext& context, const std::string& text);
+void CBcollider_Change(const PanelContext& context, const std::string& text);
+
 // Enter in an editable box.
 void CBscenery2_Enter(const PanelContext& context, const std::string& text);
 void CBcollider_Enter(const PanelContext& context, const std::string& text);

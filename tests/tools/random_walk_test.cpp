@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <random>
 
+#include "app/commands.h"
 #include "app/file_commands.h"
 #include "app/keys.h"
 #include "app/undo_commands.h"
@@ -89,10 +90,10 @@ class Walk {
       SCOPED_TRACE("event " + std::to_string(i));
       // A document that has no undo steps is what undoing the next ones must give back.
       if (bench_.journal.undoAvailable < 0) *origin_ = bench_.document;
-      const bool hadSteps = bench_.journal.undoAvailable >= 0;
       Step();
       CheckState();
-      if (hadSteps && bench_.journal.undoAvailable == kUndoSteps - 1) UndoAll();
+      // A command may take two steps, and none must have fallen off the ring's end.
+      if (bench_.journal.undoAvailable >= kUndoSteps - 2) UndoAll();
       if (i % 64 == 0) Draw();
       bench_.events.clear();
       bench_.dialogs.messages.clear();
@@ -155,8 +156,10 @@ class Walk {
       OneIn(3) ? KeyUp(bench_.editor, key) : static_cast<void>(KeyDown(bench_.editor, key));
     } else if (choice < 940) {
       ChangeView(Number(6));
-    } else if (choice < 970) {
+    } else if (choice < 965) {
       ChangeTool(editing, static_cast<ToolMode>(Number(kToolCount)));
+    } else if (choice < 975) {
+      UseCommand();
     } else if (choice < 985) {
       ChooseProperties();
     } else if (choice < 997) {
@@ -194,6 +197,13 @@ class Walk {
     const std::array<int, 6> highest = {0, 0, 2, 21, 32767, 2};
     tool.value = static_cast<std::int16_t>(1 + Number(highest[static_cast<std::size_t>(mode)]));
     if (mode == ToolMode::kAddScenery && OneIn(2)) tool.value = kLianaType;
+  }
+
+  void UseCommand() {
+    const auto commands = Commands();
+    const Command& command = commands[static_cast<std::size_t>(Number(1000)) % commands.size()];
+    const bool usesFiles = command.menu == CommandMenu::kFile;
+    if (!usesFiles && IsEnabled(command, bench_.state)) command.action(bench_.editor);
   }
 
   void UseFile(int choice) {

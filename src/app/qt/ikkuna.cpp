@@ -216,6 +216,10 @@ void Ikkuna::HandlePanel(const InfoPanel::Handler& handler) {
 
 void Ikkuna::ConnectPanels() {
   connect(ppalkki_, &InfoPanel::Triggered, this, &Ikkuna::HandlePanel);
+  connect(ppalkki_, &InfoPanel::Typed, this, [this](const InfoPanel::Handler& handler) {
+    const Editing editing = editor_.AsEditing();
+    handler({editing, editor_.state.panel});
+  });
   connect(ppalkki_, &InfoPanel::AuthorClicked, this, [this] { CBauthor_Click(editor_); });
   connect(pyla_, &ToolPanel::ToolChosen, this, [this](ToolMode tool) {
     ChangeTool(editor_.AsEditing(), tool);

@@ -1,6 +1,5 @@
 #include "panel/qt/info_panel.h"
 
-#include <QButtonGroup>
 #include <QGridLayout>
 #include <QScrollArea>
 #include <QSignalBlocker>
@@ -110,6 +109,8 @@ QCheckBox* InfoPanel::MakeBox(const QString& caption, const QString& name,
 QRadioButton* InfoPanel::MakeOption(const QString& caption, const QString& name, Handler handler) {
   auto* option = new QRadioButton(caption);
   option->setObjectName(name);
+  // The contents keep one chosen; so every option is a stop of the Tab key of its own.
+  option->setAutoExclusive(false);
   connect(option, &QRadioButton::clicked, this, [this, handler = std::move(handler)] {
     shown_.reset();
     Q_EMIT Triggered(handler);
@@ -235,6 +236,7 @@ void InfoPanel::BuildSceneryFrame(QBoxLayout& column) {
       AddCombo(*inside, "Visibility", new PanelCombo("CBscenery2", PanelCombo::Kind::kEditable));
   connect(visibility_, &PanelCombo::AboutToOpen, this,
           [this] { Q_EMIT Triggered(CBscenery2_DropDown); });
+  ConnectTyping(visibility_, CBscenery2_Change);
   connect(visibility_, &PanelCombo::Chosen, this, [this](const QString& text) {
     Q_EMIT Triggered(
         [text](const PanelContext& context) { CBscenery2_Click(context, text.toStdString()); });
@@ -245,11 +247,20 @@ void InfoPanel::BuildSceneryFrame(QBoxLayout& column) {
   });
 }
 
+/// Hands typed texts on without giving the keyboard away.
+void InfoPanel::ConnectTyping(PanelCombo* combo, TextHandler handler) {
+  connect(combo, &PanelCombo::Typed, this, [this, handler](const QString& text) {
+    Q_EMIT Typed(
+        [handler, text](const PanelContext& context) { handler(context, text.toStdString()); });
+  });
+}
+
 void InfoPanel::BuildColliderFrame(QBoxLayout& column) {
   auto* frame = AddFrame(column, "Collider info", "Fcollider");
   toolFrames_[static_cast<std::size_t>(ToolMode::kAddCollider)] = frame;
   colliderSize_ = AddCombo(*LayoutIn<QVBoxLayout>(frame), "Size",
                            new PanelCombo("CBcollider", PanelCombo::Kind::kEditable));
+  ConnectTyping(colliderSize_, CBcollider_Change);
   connect(colliderSize_, &PanelCombo::Chosen, this, [this](const QString& text) {
     Q_EMIT Triggered(
         [text](const PanelContext& context) { CBcollider_Click(context, text.toStdString()); });
@@ -268,24 +279,20 @@ void InfoPanel::BuildWaypointFrame(QBoxLayout& column) {
   auto* filterRow = AddRow(*inside);
   auto* label = new QLabel("Show");
   filterRow->addWidget(label);
-  auto* filters = new QButtonGroup(this);
   constexpr std::array<const char*, 3> kFilters = {"Both", "Path 1", "Path 2"};
   for (std::size_t i = 0; i < kFilters.size(); ++i) {
     pathFilter_[i] = MakeOption(
         kFilters[i], QString("OBbotNayta%1").arg(i),
         [i](const PanelContext& context) { OBbotNayta_Click(context, static_cast<int>(i)); });
-    filters->addButton(pathFilter_[i]);
     filterRow->addWidget(pathFilter_[i]);
   }
   filterRow->addStretch();
 
   auto* pathRow = AddRow(*inside);
-  auto* paths = new QButtonGroup(this);
   for (std::size_t i = 0; i < path_.size(); ++i) {
     const int path = static_cast<int>(i) + 1;
     path_[i] = MakeOption(QString("Path %1").arg(path), QString("OBbotKumpi%1").arg(path),
                           [path](const PanelContext& context) { OBbotKumpi_Click(context, path); });
-    paths->addButton(path_[i]);
     pathRow->addWidget(path_[i]);
   }
   pathRow->addStretch();

@@ -25,6 +25,7 @@ class InfoPanel final : public QFrame {
 
  public:
   using Handler = std::function<void(const PanelContext&)>;
+  using TextHandler = void (*)(const PanelContext& context, const std::string& text);
 
   explicit InfoPanel(QWidget* parent);
 
@@ -33,6 +34,8 @@ class InfoPanel final : public QFrame {
 
  Q_SIGNALS:
   void Triggered(const vesmora::InfoPanel::Handler& handler);
+  /// A text is being typed: like Triggered, but the keyboard stays where it is.
+  void Typed(const vesmora::InfoPanel::Handler& handler);
   void AuthorClicked();
   /// A list has been closed, with or without a choice.
   void ListClosed();
@@ -52,6 +55,7 @@ class InfoPanel final : public QFrame {
   QCheckBox* MakeBox(const QString& caption, const QString& name,
                      std::function<void(const PanelContext&, bool)> handler);
   QRadioButton* MakeOption(const QString& caption, const QString& name, Handler handler);
+  void ConnectTyping(PanelCombo* combo, TextHandler handler);
   PanelCombo* AddCombo(QBoxLayout& column, const QString& caption, PanelCombo* combo);
 
   void ApplyTexts(const PanelContents& contents);

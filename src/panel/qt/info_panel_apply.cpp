@@ -1,5 +1,4 @@
 // Applying contents to the widgets, as little of them as differs.
-#include <QButtonGroup>
 #include <QSignalBlocker>
 
 #include "panel/qt/info_panel.h"
@@ -50,15 +49,11 @@ void ShowBox(QCheckBox* box, const CheckContents& contents) {
 template <std::size_t kCount>
 void ShowChoices(const std::array<QRadioButton*, kCount>& options,
                  const std::array<OptionContents, kCount>& contents) {
-  // A group lets go of its chosen button only while it is not exclusive.
-  QButtonGroup* group = options.front()->group();
-  group->setExclusive(false);
   for (std::size_t i = 0; i < kCount; ++i) {
     const QSignalBlocker quiet(options[i]);
     options[i]->setChecked(contents[i].chosen);
     options[i]->setEnabled(contents[i].enabled);
   }
-  group->setExclusive(true);
 }
 
 }  // namespace

@@ -25,6 +25,7 @@ PanelCombo::PanelCombo(const QString& name, Kind kind) {
   // Left alone, a text that is typed and left without Enter would count as a choice.
   disconnect(lineEdit(), &QLineEdit::editingFinished, nullptr, nullptr);
   connect(lineEdit(), &QLineEdit::textEdited, this, &PanelCombo::Touched);
+  connect(lineEdit(), &QLineEdit::textEdited, this, &PanelCombo::Typed);
   lineEdit()->installEventFilter(this);
 }
 
@@ -52,7 +53,7 @@ void PanelCombo::ShowText(const QString& text) {
 
 void PanelCombo::showPopup() {
   Q_EMIT AboutToOpen();
-  QComboBox::showPopup();
+  ClosingCombo::showPopup();
 }
 
 bool PanelCombo::eventFilter(QObject* watched, QEvent* event) {

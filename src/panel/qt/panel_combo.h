@@ -29,6 +29,7 @@ class PanelCombo final : public ClosingCombo {
   void Entered(const QString& text);
   /// The box shows something else than it was told: the user has typed or chosen.
   void Touched();
+  void Typed(const QString& text);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

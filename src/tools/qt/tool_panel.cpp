@@ -21,6 +21,7 @@ ToolPanel::ToolPanel(QWidget* parent) : QFrame(parent) {
   for (std::size_t i = 0; i < kCaptions.size(); ++i) {
     auto* button = new QRadioButton(kCaptions[i]);
     button->setObjectName(QString("OBvalinta%1").arg(i));
+    button->setAutoExclusive(false);  // each a stop of the Tab key; ShowTool keeps one set
     // Arrow keys belong to the map, so each tool has a key of its own.
     button->setShortcut(QKeySequence(QString("Ctrl+%1").arg(i + 1)));
     button->setToolTip(button->shortcut().toString(QKeySequence::NativeText));
@@ -34,7 +35,9 @@ ToolPanel::ToolPanel(QWidget* parent) : QFrame(parent) {
 }
 
 void ToolPanel::ShowTool(ToolMode tool) {
-  buttons_[static_cast<std::size_t>(tool)]->setChecked(true);
+  for (std::size_t i = 0; i < buttons_.size(); ++i) {
+    buttons_[i]->setChecked(i == static_cast<std::size_t>(tool));
+  }
 }
 
 }  // namespace vesmora

@@ -12,10 +12,18 @@ class ClosingCombo : public QComboBox {
  public:
   using QComboBox::QComboBox;
 
+  void showPopup() override;
   void hidePopup() override;
+
+ protected:
+  /// Turning the wheel over a list scrolls what it lies in and chooses nothing.
+  void wheelEvent(QWheelEvent* event) override;
 
  Q_SIGNALS:
   void Closed();
+
+ private:
+  bool isOpen_ = false;  // the toolkit also hides a list that was never shown
 };
 
 }  // namespace vesmora
