@@ -89,7 +89,7 @@ std::optional<Prefab> ReadPrefab(std::span<const std::byte> bytes) {
 
 std::vector<std::byte> WritePrefab(const MapDocument& document) {
   std::vector<std::byte> bytes;
-  std::array<char, kAuthorLength> author;
+  std::array<char, kAuthorLength> author{};
   author.fill(' ');
   std::copy_n(document.author.begin(), std::min(document.author.size(), author.size()),
               author.begin());

@@ -22,7 +22,7 @@ class BlockCursor {
 
   template <typename Value>
   Value Read() {
-    Value value;
+    Value value{};
     std::memcpy(&value, position_, sizeof(Value));
     position_ += sizeof(Value);
     return value;
