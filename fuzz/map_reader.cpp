@@ -132,6 +132,12 @@ void LoadInput(Session& session, MemoryFileCalls& files, const MapInput& input) 
     session.dialogs.fileErrors = 0;
   }
   const LoadOutcome outcome = LoadMap(session.With(files), path, input.isUndo, true);
+  if (input.isUndo && input.file.size() < kUndoFileSize) {
+    Require(outcome == LoadOutcome::kUnreadable, "a cut undo file is read");
+    Require(session.dialogs.fileErrors == 1 && map.lastPolygon == -1, "or changes something");
+    session.dialogs.fileErrors = 0;
+    return;
+  }
   Require(outcome == LoadOutcome::kLoaded, "not loaded");
   CheckRanges(map, session.selection);
   Require(map.author.size() <= kReadAuthorLength, "a long author");

@@ -55,11 +55,12 @@ SceneryObject MakeScenery(const EditingState& state, const MouseInput& input) {
 bool IsDirectionPending(const EditingState& state) { return state.tool.value == kNoToolValue; }
 
 void PointSceneryAt(EditingState& state, const MouseInput& input) {
-  SceneryObject& scenery = SlotAt(state.document.sceneries, state.document.lastScenery);
-  const float dx = state.view.LaskeRuutu2X(input.x) - scenery.x;
-  const float dy = state.view.LaskeRuutu2Y(input.y) - scenery.y;
+  SceneryObject* scenery = PendingScenery(state);
+  if (scenery == nullptr) return;
+  const float dx = state.view.LaskeRuutu2X(input.x) - scenery->x;
+  const float dy = state.view.LaskeRuutu2Y(input.y) - scenery->y;
   const float angle = OffsetToPolar(dx, dy).angle;
-  scenery.rotation = state.shiftDown ? SnapAngle45(angle) : angle;
+  scenery->rotation = state.shiftDown ? SnapAngle45(angle) : angle;
 }
 
 }  // namespace
@@ -102,7 +103,10 @@ void PressInAddScenery(const Editing& editing, const MouseInput& input) {
   if (scenery.type == kLianaType) state.gesture.Begin(state);
   TakeUndoSnapshot(editing, "Scenery");
   SlotAt(document.sceneries, ++document.lastScenery) = scenery;
-  if (scenery.type == kLianaType) state.tool.value = kNoToolValue;
+  if (scenery.type == kLianaType) {
+    state.tool.value = kNoToolValue;
+    state.tool.pendingScenery = document.lastScenery;
+  }
   RefreshAll(editing);
 }
 

@@ -29,9 +29,11 @@ int PickablePolygons(const EditingState& state) {
 
 void FindVertices(EditingState& state, const SelectionBox& box, bool firstOnly) {
   auto& list = state.selection.vertices;
-  for (std::int16_t polygon = 0; polygon < PickablePolygons(state); ++polygon) {
+  const auto polygons = static_cast<std::int16_t>(PickablePolygons(state));
+  for (std::int16_t polygon = 0; polygon < polygons; ++polygon) {
     const auto& corners = state.document.polygons[static_cast<std::size_t>(polygon)].vertices;
-    for (std::uint8_t corner = 0; corner < corners.size(); ++corner) {
+    constexpr std::uint8_t kCorners = 3;
+    for (std::uint8_t corner = 0; corner < kCorners; ++corner) {
       if (!Contains(box, corners[corner].x, corners[corner].y)) continue;
       if (!list.Add({polygon, corner})) {
         state.selection.buttonHeld = false;  // ends the rubber band

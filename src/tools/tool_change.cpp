@@ -78,10 +78,15 @@ void EndConstruction(EditingState& state) {
   state.tool.value = 0;
 }
 
+SceneryObject* PendingScenery(EditingState& state) {
+  const std::int16_t slot = state.tool.pendingScenery;
+  if (slot < 0 || slot > state.document.lastScenery) return nullptr;
+  return &state.document.sceneries[static_cast<std::size_t>(slot)];
+}
+
 void EndPendingDirection(EditingState& state) {
-  if (state.tool.value != kNoToolValue || state.document.lastScenery < 0) return;
-  const auto last = static_cast<std::size_t>(state.document.lastScenery);
-  state.document.sceneries[last].rotation = kLianaRotation;
+  if (state.tool.value != kNoToolValue) return;
+  if (SceneryObject* scenery = PendingScenery(state)) scenery->rotation = kLianaRotation;
   state.tool.value = 0;
 }
 

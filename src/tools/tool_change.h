@@ -8,6 +8,9 @@ namespace vesmora {
 /// Drops a polygon whose third corner has not been placed.
 void EndConstruction(EditingState& state);
 
+/// The scenery whose direction is pending; none when a save has dropped its slot.
+SceneryObject* PendingScenery(EditingState& state);
+
 /// Lets a liana whose direction click never came hang down.
 void EndPendingDirection(EditingState& state);
 

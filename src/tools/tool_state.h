@@ -29,6 +29,7 @@ struct ToolState {
   /// team, a scenery's type (kNoToolValue while its direction is pending), a
   /// collider's size or a waypoint's path.
   std::int16_t value = 0;
+  std::int16_t pendingScenery = -1;  // the one whose direction is pending
   // The pointer in whole world units.
   std::int32_t mouseX = 0;
   std::int32_t mouseY = 0;

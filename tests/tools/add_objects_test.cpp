@@ -193,6 +193,17 @@ TEST_F(AddObjectsTest, ALianaWithoutASecondClickHangsDownOrIsTakenBack) {
   EXPECT_EQ(map.sceneries[0].rotation, -kPi / 2);
 }
 
+TEST_F(AddObjectsTest, ALianaThatASnapshotDroppedTurnsNoOtherScenery) {
+  for (int i = 0; i < 254; ++i) AddScenery(map, 500, 500, 1);
+  ChangeTool(editing, ToolMode::kAddScenery);
+  state.tool.value = 5;
+  Press(10, 0);
+  TakeUndoSnapshot(editing, "Help");  // never keeps the last slot
+  Click(40, -30);
+  ChangeTool(editing, ToolMode::kEdit);
+  EXPECT_EQ(map.sceneries[253].rotation, 0);
+}
+
 class AddWaypointTest : public AddObjectsTest {
  protected:
   AddWaypointTest() {

@@ -90,7 +90,7 @@ void PainterCanvas::Flush() {
   lines_.clear();
 }
 
-void PainterCanvas::SetDot(std::int64_t left, std::int64_t top, QRgb color) {
+void PainterCanvas::SetDot(std::int64_t left, std::int64_t top, QRgb color) const {
   for (std::int64_t y = std::max<std::int64_t>(top, 0);
        y < std::min<std::int64_t>(top + dotSide_, pixels_.height); ++y) {
     for (std::int64_t x = std::max<std::int64_t>(left, 0);

@@ -52,7 +52,7 @@ class PainterCanvas final : public Canvas {
 
   void UsePen(Pen pen);
   void DrawDots(const PixelLine& line, Rgb color);
-  void SetDot(std::int64_t left, std::int64_t top, QRgb color);
+  void SetDot(std::int64_t left, std::int64_t top, QRgb color) const;
   void Flush();
   void DrawLargeCircle(Pen pen, ScreenPoint center, double radius);
   const Label& LabelFor(std::string_view text);
