@@ -5,6 +5,7 @@
 #include "document/scenery_types.h"
 #include "tools/angles.h"
 #include "tools/property_text.h"
+#include "tools/slot.h"
 #include "tools/tool_change.h"
 
 namespace vesmora {
@@ -12,11 +13,6 @@ namespace {
 
 constexpr std::int32_t kSpawnActive = 256;
 constexpr float kSceneryOffset = 0.5f;
-
-template <typename Table>
-auto& SlotAt(Table& table, int slot) {
-  return table[static_cast<std::size_t>(slot)];
-}
 
 void FillSpawn(const EditingState& state, SpawnPoint& spawn, const MouseInput& input) {
   const WorldPoint point = PlacedPoint(state, input.x, input.y);

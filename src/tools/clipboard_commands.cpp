@@ -3,15 +3,11 @@
 #include <algorithm>
 
 #include "tools/move_selection.h"
+#include "tools/slot.h"
 #include "tools/waypoint_links.h"
 
 namespace vesmora {
 namespace {
-
-template <typename Table>
-auto& SlotAt(Table& table, int slot) {
-  return table[static_cast<std::size_t>(slot)];
-}
 
 /// How many of `wanted` records fit behind `last`. One slot of each table stays free.
 int Fitting(int wanted, std::int16_t last, int capacity, bool& overflow) {

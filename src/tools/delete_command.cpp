@@ -2,16 +2,12 @@
 
 #include "document/scenery_types.h"
 #include "tools/edit_commands.h"
+#include "tools/slot.h"
 #include "tools/tool_change.h"
 #include "tools/waypoint_links.h"
 
 namespace vesmora {
 namespace {
-
-template <typename Table>
-auto& SlotAt(Table& table, int slot) {
-  return table[static_cast<std::size_t>(slot)];
-}
 
 template <typename Table>
 void RemoveSlot(Table& table, int slot, int last) {
