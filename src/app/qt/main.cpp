@@ -1,10 +1,13 @@
 #include <QApplication>
 #include <QTimer>
 #include <memory>
+#include <thread>
 
 #include "app/qt/ikkuna.h"
+#include "platform/qt/font_configuration.h"
 
 int main(int argc, char** argv) {
+  const std::jthread fonts(vesmora::ReadFontConfiguration);
   QApplication application(argc, argv);
   QApplication::setApplicationName("Vesmora");
   QApplication::setApplicationVersion(VESMORA_VERSION);
