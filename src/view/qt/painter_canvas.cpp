@@ -111,19 +111,25 @@ void PainterCanvas::DrawDots(const PixelLine& line, Rgb color) {
   const QRgb pixel = qRgb(color.red, color.green, color.blue);
   std::int64_t x = fraction(line.x1 + 0.5 / ratio_);
   std::int64_t y = fraction(line.y1 + 0.5 / ratio_);
-  const int steps = length / kDotSpacing;
-  const auto isInside = [&](std::int64_t left, std::int64_t top) {
-    return left >= 0 && left < pixels_.width && top >= 0 && top < pixels_.height;
+  const auto touchesPicture = [&](int step) {
+    const std::int64_t left = (x + step * stepX) >> 16;
+    const std::int64_t top = (y + step * stepY) >> 16;
+    return left > -dotSide_ && left < pixels_.width && top > -dotSide_ && top < pixels_.height;
   };
-  if (dotSide_ == 1 && isInside(x >> 16, y >> 16) &&
-      isInside((x + steps * stepX) >> 16, (y + steps * stepY) >> 16)) {
-    // Nearly every dotted line: both ends inside, so all dots are.
-    for (int i = 0; i <= steps; ++i, x += stepX, y += stepY) {
+  // Lines are cut a little outside the picture. Between two dots on it all are.
+  int first = 0;
+  int last = length / kDotSpacing;
+  while (first <= last && !touchesPicture(first)) ++first;
+  while (first <= last && !touchesPicture(last)) --last;
+  x += first * stepX;
+  y += first * stepY;
+  for (int i = first; i <= last; ++i, x += stepX, y += stepY) {
+    if (dotSide_ == 1) {
       pixels_.first[(y >> 16) * pixels_.stride + (x >> 16)] = pixel;
+    } else {
+      SetDot(x >> 16, y >> 16, pixel);
     }
-    return;
   }
-  for (int i = 0; i <= steps; ++i, x += stepX, y += stepY) SetDot(x >> 16, y >> 16, pixel);
 }
 
 void PainterCanvas::DrawLine(Pen pen, ScreenPoint from, ScreenPoint to) {
