@@ -1,6 +1,7 @@
 # vesmora_glob(OUT PATTERN...): absolute paths of the files below the current source folder that
 # match, found again on every build. Filters run on paths relative to that folder, so the place of
-# the checkout never matters.
+# the checkout never matters. What is written for another system (*_posix.cpp, *_windows.cpp and
+# their tests) is left out.
 #   vesmora_glob(OUT [INCLUDE REGEX] [EXCLUDE REGEX] PATTERNS pattern...)
 function(vesmora_glob out)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "INCLUDE;EXCLUDE" "PATTERNS")
@@ -11,6 +12,11 @@ function(vesmora_glob out)
   endif()
   if(arg_EXCLUDE)
     list(FILTER files EXCLUDE REGEX "${arg_EXCLUDE}")
+  endif()
+  if(WIN32)
+    list(FILTER files EXCLUDE REGEX "_posix(_test)?\\.cpp$")
+  else()
+    list(FILTER files EXCLUDE REGEX "_windows(_test)?\\.cpp$")
   endif()
   list(TRANSFORM files PREPEND "${CMAKE_CURRENT_SOURCE_DIR}/")
   set(${out} ${files} PARENT_SCOPE)

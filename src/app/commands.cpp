@@ -4,6 +4,7 @@
 
 #include "app/file_commands.h"
 #include "app/prefab_commands.h"
+#include "app/run_commands.h"
 #include "app/undo_commands.h"
 #include "tools/clipboard_commands.h"
 #include "tools/edit_commands.h"
@@ -21,6 +22,12 @@ void OnMap(Editor& editor) {
   kCommand(editor.AsEditing());
 }
 
+/// A command that also tells whether it succeeded, for others that build on it.
+template <bool (*kCommand)(Editor& editor)>
+void Do(Editor& editor) {
+  kCommand(editor);
+}
+
 constexpr CommandMenu kFile = CommandMenu::kFile;
 constexpr CommandMenu kEdit = CommandMenu::kEdit;
 constexpr CommandMenu kRun = CommandMenu::kRun;
@@ -32,8 +39,8 @@ constexpr bool kEditTool = true;
 constexpr auto kCommands = std::to_array<Command>({
     {"MenuNew", kFile, "&New", "Ctrl+N", kAnyTool, false, MenuNew},
     {"MenuOpen", kFile, "&Open...", "Ctrl+O", kAnyTool, false, MenuOpen},
-    {"MenuSave", kFile, "&Save", "Ctrl+S", kAnyTool, false, MenuSave},
-    {"MenuSaveAs", kFile, "Save &As...", "Ctrl+Shift+S", kAnyTool, false, MenuSaveAs},
+    {"MenuSave", kFile, "&Save", "Ctrl+S", kAnyTool, false, Do<MenuSave>},
+    {"MenuSaveAs", kFile, "Save &As...", "Ctrl+Shift+S", kAnyTool, false, Do<MenuSaveAs>},
     {"MenuImport", kFile, "&Import...", "Ctrl+I", kAnyTool, true, MenuImport},
     {"MenuExport", kFile, "&Export...", "Ctrl+E", kAnyTool, false, MenuExport},
     {"MenuExit", kFile, "E&xit", "Ctrl+Q", kAnyTool, true, MenuExit},
@@ -45,10 +52,10 @@ constexpr auto kCommands = std::to_array<Command>({
     {"MenuFlip", kEdit, "&Flip", "Ctrl+F", kEditTool, false, OnMap<MenuFlip>},
     {"MenuFront", kEdit, "&Bring to front", "Ctrl+PgUp", kEditTool, false, OnMap<MenuFront>},
     {"MenuBack", kEdit, "&Send to back", "Ctrl+PgDown", kEditTool, false, OnMap<MenuBack>},
-    {"MenuRunMaker", kRun, "&Map maker", "F6", kAnyTool, false, nullptr},
-    {"MenuRunCompile", kRun, "&Compile", "F7", kAnyTool, false, nullptr},
-    {"MenuRunSoldat", kRun, "&Soldat", "F8", kAnyTool, false, nullptr},
-    {"MenuRunAll", kRun, "&All", "F9", kAnyTool, false, nullptr},
+    {"MenuRunMaker", kRun, "&Map maker", "F6", kAnyTool, false, MenuRunMaker},
+    {"MenuRunCompile", kRun, "&Compile", "F7", kAnyTool, false, Do<MenuRunCompile>},
+    {"MenuRunSoldat", kRun, "&Soldat", "F8", kAnyTool, false, MenuRunSoldat},
+    {"MenuRunAll", kRun, "&All", "F9", kAnyTool, false, MenuRunAll},
     {"MenuHelp", kHelp, "&Help", "F1", kAnyTool, false, MenuHelp},
     {"MenuAbout", kHelp, "&About", "", kAnyTool, false, MenuAbout},
 });

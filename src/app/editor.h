@@ -7,6 +7,8 @@
 #include "app/recent_files.h"
 #include "app/window_port.h"
 #include "panel/panel_state.h"
+#include "platform/profile_files.h"
+#include "platform/programs.h"
 #include "platform/settings.h"
 #include "platform/shell.h"
 #include "tools/editing.h"
@@ -25,6 +27,8 @@ struct Ports : EditingPorts {
   WindowPort& window;  // the same window as `display`
   Settings& settings;
   Shell& shell;
+  Programs& programs;
+  ProfileFiles& profiles;
   // Folders end with a slash.
   std::string tempFolder;     // of this user's own
   std::string programFolder;  // the program with Prefab, Alphabet and Help

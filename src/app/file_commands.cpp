@@ -40,6 +40,10 @@ FileStatus BackUp(Editor& editor, const std::string& path) {
   if (folder.empty() && FileExists(files, path)) {
     return {FileFailure::kError, "There is no temporary folder for the backup."};
   }
+  // The save will fail, and a write-protected backup could not be replaced by the next one.
+  if (FileExists(files, path) && files.MayWrite(path) < 0) {
+    return {FileFailure::kError, files.LastError()};
+  }
   // It may have been swept away while the program ran.
   if (IsGone(files, folder)) CreatePrivateFolder(files, folder);
   const std::string backup = folder + "backup.pmp";
@@ -94,29 +98,29 @@ void MenuOpen(Editor& editor) {
   StoreLastFolder(editor, path);
 }
 
-void MenuSave(Editor& editor) {
+bool MenuSave(Editor& editor) {
   const std::string path = editor.state.document.fileName;
-  if (path.empty()) {
-    MenuSaveAs(editor);
-    return;
-  }
-  SaveTo(editor, path);
+  if (path.empty()) return MenuSaveAs(editor);
+  const bool isSaved = SaveTo(editor, path);
   editor.ports.window.RefreshInfoPanel();
+  return isSaved;
 }
 
-void MenuSaveAs(Editor& editor) {
+bool MenuSaveAs(Editor& editor) {
   const MapDocument& document = editor.state.document;
   const bool startsRed = document.lastSpawn >= 0 && document.spawns[0].team == 1;
   const std::string path = editor.ports.dialogs.ChooseFileToSave(
       {.directory = LastFolder(editor), .fileName = startsRed ? "ctf_" : "", .filter = kMapFilter});
-  if (path.empty()) return;
-  if (SaveTo(editor, path)) {
+  if (path.empty()) return false;
+  const bool isSaved = SaveTo(editor, path);
+  if (isSaved) {
     StoreLastFolder(editor, path);
     editor.state.document.fileName = path;
     // The steps are gone, but Undo keeps its caption until the next snapshot.
     editor.state.journal.undoAvailable = -1;
   }
   editor.ports.window.RefreshInfoPanel();
+  return isSaved;
 }
 
 }  // namespace vesmora

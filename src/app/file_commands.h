@@ -16,7 +16,9 @@ void MenuNew(Editor& editor);
 LoadOutcome OpenMap(Editor& editor, const std::string& path);
 
 void MenuOpen(Editor& editor);
-void MenuSave(Editor& editor);
-void MenuSaveAs(Editor& editor);
+
+/// True when the map is in its file: neither cancelled nor failed.
+bool MenuSave(Editor& editor);
+bool MenuSaveAs(Editor& editor);
 
 }  // namespace vesmora

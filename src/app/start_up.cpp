@@ -2,6 +2,7 @@
 
 #include "app/file_commands.h"
 #include "document/text.h"
+#include "launch/game_files.h"
 #include "tools/prefab_import.h"
 
 namespace vesmora {
@@ -18,7 +19,8 @@ std::string NamedFile(std::string_view arguments) {
 }
 
 void WarnWithoutGame(Editor& editor) {
-  const std::string game = editor.ports.gameFolder + "Soldat.exe";
+  const Ports& ports = editor.ports;
+  const std::string game = GamePath({ports.files, ports.profiles, ports.gameFolder}, "Soldat.exe");
   if (FileExists(editor.ports.files, game)) return;
   editor.ports.dialogs.Show(
       {.text = game + " not found.\nExtract Vesmora in Soldat directory for full effect.",
@@ -46,6 +48,11 @@ void OpenNamedFile(Editor& editor, const std::string& path) {
   }
   editor.ports.dialogs.Show(
       {.text = "Unknow filetype", .title = "Argument file open", .icon = MessageIcon::kCritical});
+}
+
+void OpenDroppedFile(Editor& editor, const std::string& path) {
+  if (EndsIgnoringCase(path, "PRE")) TakeUndoSnapshot(editor.AsEditing(), "Import");
+  OpenNamedFile(editor, path);
 }
 
 void FirstActivation(Editor& editor, const std::string& arguments) {

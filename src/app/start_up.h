@@ -19,6 +19,10 @@ void FirstActivation(Editor& editor, const std::string& arguments);
 /// Opens a map or imports a prefab, whichever the name says it is; refuses the rest.
 void OpenNamedFile(Editor& editor, const std::string& path);
 
+/// The same for a file dropped on the window. The import can be undone: unlike at the
+/// start, there may be a map to go back to.
+void OpenDroppedFile(Editor& editor, const std::string& path);
+
 /// Keeps recent files and placement, then deletes the snapshot files.
 void CleanUp(Editor& editor);
 

@@ -18,6 +18,11 @@ class WindowPort : public Display {
   /// Puts the window where the settings say it stood.
   virtual void RestorePlacement() = 0;
   virtual WindowPlacement Placement() const = 0;
+  virtual void Minimize() = 0;
+  /// Brings the minimised window back as it was.
+  virtual void Unminimize() = 0;
+  /// Lets window and desktop catch up; what the user does waits.
+  virtual void RunPendingEvents() = 0;
   /// Lays the panels out for the window's size.
   virtual void LayOut() = 0;
 };

@@ -18,6 +18,8 @@ EditorBench::EditorBench()
               window,
               settings,
               shell,
+              programs,
+              *profiles,
               folder / "temp/",
               folder / "game/Vesmora/",
               folder / "game/"}} {

@@ -2,9 +2,11 @@
 // scripted, and one log of all that was asked for.
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "app/editor.h"
+#include "support/fake_programs.h"
 #include "support/fake_shell.h"
 #include "support/fake_window.h"
 #include "support/faulty_file_calls.h"
@@ -19,7 +21,9 @@ struct EditorBench {
   ScriptedDialogs dialogs{events};
   MemorySettings settings{events};
   FakeShell shell{events};
+  FakePrograms programs{events};
   FaultyFileCalls files;
+  std::unique_ptr<ProfileFiles> profiles = SystemProfileFiles(files);
   double nextRandom = 0.5;
   Editor editor;
   FakeWindow window{events, editor.state.redrawSuppressed};

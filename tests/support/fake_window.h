@@ -11,8 +11,8 @@ namespace vesmora {
 class FakeWindow final : public WindowPort {
  public:
   /// Logs what FakeDisplay does, and "Unload", "ShowAbout", "ShowImport",
-  /// "RestorePlacement" and "LayOut". As in the real window nothing is drawn while
-  /// `redrawSuppressed` is true.
+  /// "RestorePlacement", "Minimize", "Unminimize", "RunPendingEvents" and "LayOut". As in the real
+  /// window nothing is drawn while `redrawSuppressed` is true.
   FakeWindow(EventLog& events, const bool& redrawSuppressed)
       : events_(events), redrawSuppressed_(redrawSuppressed), display_(events) {}
 
@@ -34,6 +34,9 @@ class FakeWindow final : public WindowPort {
   }
   void RestorePlacement() override { events_.emplace_back("RestorePlacement"); }
   WindowPlacement Placement() const override { return placement; }
+  void Minimize() override { events_.emplace_back("Minimize"); }
+  void Unminimize() override { events_.emplace_back("Unminimize"); }
+  void RunPendingEvents() override { events_.emplace_back("RunPendingEvents"); }
   void LayOut() override { events_.emplace_back("LayOut"); }
 
  private:

@@ -14,7 +14,7 @@ std::string DataPath(const std::string& name) {
 }
 
 Bytes FileBytes(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
+  std::ifstream file(PathOf(path), std::ios::binary);
   if (!file) ADD_FAILURE() << "no file " << path;
   const std::string content(std::istreambuf_iterator<char>(file), {});
   const auto bytes = std::as_bytes(std::span(content));
@@ -22,7 +22,7 @@ Bytes FileBytes(const std::string& path) {
 }
 
 void PutFile(const std::string& path, const Bytes& bytes) {
-  std::ofstream file(path, std::ios::binary | std::ios::trunc);
+  std::ofstream file(PathOf(path), std::ios::binary | std::ios::trunc);
   file.write(reinterpret_cast<const char*>(bytes.data()),
              static_cast<std::streamsize>(bytes.size()));
   if (!file.flush()) ADD_FAILURE() << "cannot write " << path;

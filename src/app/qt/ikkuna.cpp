@@ -13,6 +13,7 @@
 
 #include "app/keys.h"
 #include "app/prefab_commands.h"
+#include "app/program_folders.h"
 #include "app/qt/about.h"
 #include "app/qt/import_dialog.h"
 #include "app/start_up.h"
@@ -37,9 +38,17 @@ QString ToQt(std::string_view text) {
 
 std::string FolderOf(const QString& path) { return (path + "/").toStdString(); }
 
-Ports MakePorts(Dialogs& dialogs, WindowPort& window, Settings& settings, Shell& shell) {
-  const QDir program(QApplication::applicationDirPath());
+/// With the kind of slash that people here read and write.
+std::string Native(const std::string& path) {
+  return QDir::toNativeSeparators(QString::fromStdString(path)).toStdString();
+}
+
+Ports MakePorts(Dialogs& dialogs, WindowPort& window, Settings& settings, Shell& shell,
+                Programs& programs, ProfileFiles& profiles) {
   FileStatus status;
+  const auto [programFolder, gameFolder] =
+      FindProgramFolders(SystemFileCalls(), FolderOf(QApplication::applicationDirPath()),
+                         qEnvironmentVariable("VESMORA_GAME").toStdString());
   return {{.files = SystemFileCalls(),
            .dialogs = dialogs,
            .display = window,
@@ -47,9 +56,11 @@ Ports MakePorts(Dialogs& dialogs, WindowPort& window, Settings& settings, Shell&
           window,
           settings,
           shell,
+          programs,
+          profiles,
           PrivateTempFolder(SystemFileCalls(), status),
-          FolderOf(program.absolutePath()),
-          FolderOf(QDir::cleanPath(program.absoluteFilePath("..")))};
+          Native(programFolder),
+          Native(gameFolder)};
 }
 
 QFrame* AddFrame(QWidget* parent, const char* name, const char* accessibleName) {
@@ -117,7 +128,7 @@ std::vector<ScreenRect> ScreenRects() {
 /// The local file that is dropped; empty for anything else, or for several at once.
 QString DroppedFile(const QDropEvent& event) {
   const QList<QUrl> urls = event.mimeData()->urls();
-  return urls.size() == 1 ? urls.first().toLocalFile() : QString();
+  return urls.size() == 1 ? QDir::toNativeSeparators(urls.first().toLocalFile()) : QString();
 }
 
 /// A comfortable window for the first start: most of the screen, but no more than
@@ -129,7 +140,9 @@ QSize FirstSize() {
 
 }  // namespace
 
-Ikkuna::Ikkuna() : dialogs_(this), editor_{{}, MakePorts(dialogs_, *this, settings_, shell_)} {
+Ikkuna::Ikkuna()
+    : dialogs_(this),
+      editor_{{}, MakePorts(dialogs_, *this, settings_, shell_, *programs_, *profiles_)} {
   editor_.state.journal.folder = HoldUndoFolder(SystemFileCalls(), editor_.ports.tempFolder);
   setObjectName("Ikkuna");
   setAcceptDrops(true);
@@ -150,6 +163,7 @@ void Ikkuna::BuildPanels() {
   pala_ = new ViewPanel(client_);
   ppalkki_ = new InfoPanel(client_);
   fmaski_ = {AddFrame(client_, "Fmaski0", ""), AddFrame(client_, "Fmaski1", "")};
+  pala_->ShowState(editor_.state.view, QString());  // seen behind a message at the start
 }
 
 void Ikkuna::BuildMenus() {
@@ -286,6 +300,15 @@ WindowPlacement Ikkuna::Placement() const {
           .height = RoundToInt16(place.height())};
 }
 
+void Ikkuna::Minimize() { showMinimized(); }
+
+void Ikkuna::Unminimize() {
+  setWindowState(windowState() & ~Qt::WindowMinimized);
+  activateWindow();
+}
+
+void Ikkuna::RunPendingEvents() { QApplication::processEvents(QEventLoop::ExcludeUserInputEvents); }
+
 void Ikkuna::resizeEvent(QResizeEvent* event) {
   QMainWindow::resizeEvent(event);
   if (firstResize_) {
@@ -360,7 +383,7 @@ void Ikkuna::dragEnterEvent(QDragEnterEvent* event) {
 
 void Ikkuna::dropEvent(QDropEvent* event) {
   event->acceptProposedAction();
-  OpenNamedFile(editor_, DroppedFile(*event).toStdString());
+  OpenDroppedFile(editor_, DroppedFile(*event).toStdString());
 }
 
 void Ikkuna::RedrawMap() {

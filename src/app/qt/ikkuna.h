@@ -3,6 +3,7 @@
 
 #include <QMainWindow>
 #include <array>
+#include <memory>
 #include <vector>
 
 #include "app/commands.h"
@@ -44,6 +45,9 @@ class Ikkuna final : public QMainWindow, private WindowPort {
   std::string ShowImport() override;
   void RestorePlacement() override;
   WindowPlacement Placement() const override;
+  void Minimize() override;
+  void Unminimize() override;
+  void RunPendingEvents() override;
   void LayOut() override;
 
   void BuildMenus();
@@ -59,6 +63,8 @@ class Ikkuna final : public QMainWindow, private WindowPort {
   QtDialogs dialogs_;
   QtSettings settings_;
   QtShell shell_;
+  std::unique_ptr<Programs> programs_ = SystemPrograms();
+  std::unique_ptr<ProfileFiles> profiles_ = SystemProfileFiles(SystemFileCalls());
   Editor editor_;
   bool activated_ = false;
   bool firstResize_ = true;

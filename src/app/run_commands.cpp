@@ -1,0 +1,66 @@
+#include "app/run_commands.h"
+
+#include "app/file_commands.h"
+#include "document/text.h"
+#include "launch/game_files.h"
+#include "launch/sector_compiler.h"
+
+namespace vesmora {
+namespace {
+
+GameFolder GameFolderOf(const Ports& ports) {
+  return {.files = ports.files, .profiles = ports.profiles, .path = ports.gameFolder};
+}
+
+void TellRunError(Editor& editor, const std::string& text) {
+  editor.ports.dialogs.Show({.text = text, .title = "Run error", .icon = MessageIcon::kCritical});
+}
+
+/// False, with the user told, when there is no such program.
+bool RequireProgram(Editor& editor, const std::string& path) {
+  if (FileExists(editor.ports.files, path)) return true;
+  TellRunError(editor, path + " not found");
+  return false;
+}
+
+/// Empty on success, else words for the user.
+std::string StartProgram(Editor& editor, const std::string& path) {
+  const std::string reason = editor.ports.programs.Start(path, std::string(FolderPart(path)));
+  return reason.empty() ? "" : path + " could not be started: " + reason;
+}
+
+}  // namespace
+
+void MenuRunMaker(Editor& editor) {
+  if (editor.ports.programs.ActivateWindow("Soldat Map Maker")) return;
+  const std::string path = GamePath(GameFolderOf(editor.ports), "MapMaker/MapMaker.exe");
+  if (!RequireProgram(editor, path)) return;
+  const std::string problem = StartProgram(editor, path);
+  if (!problem.empty()) TellRunError(editor, problem);
+}
+
+bool MenuRunCompile(Editor& editor) { return CompileSectors(editor.AsEditing()); }
+
+void MenuRunSoldat(Editor& editor) {
+  const Ports& ports = editor.ports;
+  if (ports.programs.ActivateWindow("Soldat")) return;
+  const GameFolder game = GameFolderOf(ports);
+  const std::string path = GamePath(game, "Soldat.exe");
+  if (!RequireProgram(editor, path)) return;
+  StorePlacement(ports.window.Placement(), ports.settings);
+  ports.window.Minimize();
+  std::string problem = PointGameAt(game, editor.state.document.fileName);
+  if (problem.empty()) problem = StartProgram(editor, path);
+  if (problem.empty()) {
+    ports.window.RunPendingEvents();
+    return;
+  }
+  ports.window.Unminimize();
+  TellRunError(editor, problem);
+}
+
+void MenuRunAll(Editor& editor) {
+  if (MenuRunCompile(editor) && MenuSave(editor)) MenuRunSoldat(editor);
+}
+
+}  // namespace vesmora

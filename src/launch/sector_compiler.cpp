@@ -1,0 +1,193 @@
+#include "launch/sector_compiler.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <utility>
+
+#include "document/numbers.h"
+#include "tools/move_selection.h"
+#include "tools/picking.h"
+#include "tools/tool_change.h"
+
+namespace vesmora {
+namespace {
+
+constexpr int kSectorsToCenter = 15;
+constexpr double kDivisions = 30;  // the map spans, so that it ends within the outer sectors
+
+/// Whole world units.
+struct Bounds {
+  std::int16_t minX = 9999;
+  std::int16_t maxX = -9999;
+  std::int16_t minY = 9999;
+  std::int16_t maxY = -9999;
+
+  void Include(const PolygonVertex& corner) {
+    const std::int16_t x = RoundToInt16(corner.x);
+    const std::int16_t y = RoundToInt16(corner.y);
+    minX = std::min(minX, x);
+    maxX = std::max(maxX, x);
+    minY = std::min(minY, y);
+    maxY = std::max(maxY, y);
+  }
+};
+
+Bounds BoundsOfMap(const MapDocument& document) {
+  Bounds bounds;
+  const auto used = static_cast<std::size_t>(document.lastPolygon + 1);
+  for (const Polygon& polygon : std::span(document.polygons).first(used)) {
+    for (const PolygonVertex& corner : polygon.vertices) bounds.Include(corner);
+  }
+  return bounds;
+}
+
+/// Without the start values of the map's bounds, which a far polygon need not reach.
+Bounds BoundsOfPolygon(const Polygon& polygon) {
+  Bounds bounds{INT16_MAX, INT16_MIN, INT16_MAX, INT16_MIN};
+  for (const PolygonVertex& corner : polygon.vertices) bounds.Include(corner);
+  return bounds;
+}
+
+std::int32_t DivisionFor(const Bounds& bounds) {
+  return RoundToInt32(std::max(bounds.maxX - bounds.minX, bounds.maxY - bounds.minY) / kDivisions);
+}
+
+/// Columns or rows, both ends included; `first` may be greater than `last`.
+struct SectorRange {
+  std::int32_t first;
+  std::int32_t last;
+};
+
+SectorRange RangeOf(std::int32_t division, std::int16_t min, std::int16_t max) {
+  const auto sectorOf = [division](std::int16_t coordinate) {
+    const double fromEdge = double{kSectorsToCenter} * division + coordinate;
+    return RoundToInt32(fromEdge / division);
+  };
+  return {sectorOf(min), sectorOf(max)};
+}
+
+SectorRange Clipped(SectorRange range) {
+  return {std::max(range.first, 0), std::min(range.last, kSectorsPerSide - 1)};
+}
+
+bool IsClipped(SectorRange range) { return range.first < 0 || range.last >= kSectorsPerSide; }
+
+/// False when a sector had no room for it.
+bool Enter(MapDocument& document, std::int16_t number, SectorRange columns, SectorRange rows) {
+  bool fits = true;
+  for (std::int32_t column = columns.first; column <= columns.last; ++column) {
+    for (std::int32_t row = rows.first; row <= rows.last; ++row) {
+      const std::int32_t entry = column * kSectorsPerSide + row;
+      Sector& sector = document.sectors[static_cast<std::size_t>(entry)];
+      const auto slot = static_cast<std::size_t>(sector.count);
+      if (slot == sector.polygons.size()) {
+        fits = false;
+        continue;
+      }
+      sector.polygons[slot] = number;
+      ++sector.count;
+    }
+  }
+  return fits;
+}
+
+/// All kinds, shown or not: a map is not to be torn apart.
+void SelectAllInBox(const Editing& editing, const SelectionBox& box) {
+  EditingState& state = editing.state;
+  ShowOptions everything;
+  everything.showFlags.fill(1);
+  const ShowOptions shown = std::exchange(state.show, everything);
+  SelectInBox(editing, box, true, SelectionKind::kAll);
+  state.show = shown;
+
+  // Picking never shows waypoints of an unknown path, but they move with the others.
+  auto& waypoints = state.selection.waypoints;
+  waypoints.Clear();
+  for (std::int16_t i = 0; i <= state.document.lastWaypoint; ++i) {
+    const Waypoint& waypoint = state.document.waypoints[static_cast<std::size_t>(i)];
+    const float x = FromFixedPoint(waypoint.x);
+    const float y = FromFixedPoint(waypoint.y);
+    const bool isInside = x >= box.left && x <= box.right && y >= box.top && y <= box.bottom;
+    if (isInside) waypoints.Add(i);
+  }
+}
+
+/// The caller has taken the undo step.
+void CenterMap(const Editing& editing, const Bounds& bounds) {
+  Selection& selection = editing.state.selection;
+  SelectAllInBox(editing, {.left = bounds.minX - 1.0f,
+                           .right = bounds.maxX + 1.0f,
+                           .top = bounds.minY - 1.0f,
+                           .bottom = bounds.maxY + 1.0f});
+  selection.moveSnapshotTaken = true;
+  const auto middle = [](std::int16_t min, std::int16_t max) {
+    return static_cast<float>(min + max) / 2;
+  };
+  MoveSelection(editing, -middle(bounds.minX, bounds.maxX), -middle(bounds.minY, bounds.maxY));
+  ClearSelection(selection, editing.ports.display);
+}
+
+void Report(const Editing& editing, const SectorShortage& shortage) {
+  std::string text = "Your map was compiled but its sectors do not hold all of it.\n";
+  if (shortage.outside > 0) {
+    text += "\nPolygons that reach out of the sectors: " + std::to_string(shortage.outside);
+  }
+  if (shortage.crowded > 0) {
+    text += "\nPolygons left out of full sectors: " + std::to_string(shortage.crowded);
+  }
+  editing.ports.dialogs.Show(
+      {.text = text, .title = "Polygon warning", .icon = MessageIcon::kExclamation});
+}
+
+/// A triangle that is being built is no part of the map.
+void DropConstruction(const Editing& editing) {
+  if (!IsConstructing(editing.state)) return;
+  EndConstruction(editing.state);
+  editing.state.gesture.End();
+  RefreshAll(editing);
+}
+
+}  // namespace
+
+SectorShortage FillSectors(MapDocument& document) {
+  document.sectors.fill({});
+  SectorShortage shortage;
+  for (std::int16_t i = 0; i <= document.lastPolygon; ++i) {
+    const auto slot = static_cast<std::size_t>(i);
+    if (IsPassablePolygon(document.normals[slot])) continue;
+    const Bounds bounds = BoundsOfPolygon(document.polygons[slot]);
+    const SectorRange columns = RangeOf(document.sectorDivision, bounds.minX, bounds.maxX);
+    const SectorRange rows = RangeOf(document.sectorDivision, bounds.minY, bounds.maxY);
+    if (IsClipped(columns) || IsClipped(rows)) ++shortage.outside;
+    const auto number = static_cast<std::int16_t>(i + 1);
+    if (!Enter(document, number, Clipped(columns), Clipped(rows))) ++shortage.crowded;
+  }
+  return shortage;
+}
+
+bool CompileSectors(const Editing& editing) {
+  MapDocument& document = editing.state.document;
+  DropConstruction(editing);
+  const Bounds bounds = BoundsOfMap(document);
+  if (document.lastPolygon < 0) {
+    Refuse(editing, "There are no polygons to compile.");
+    return false;
+  }
+  const std::int32_t division = DivisionFor(bounds);
+  if (division < 1) {
+    Refuse(editing, "The map is too small to compile.");
+    return false;
+  }
+  EndMouseWork(editing.state);
+  TakeUndoSnapshot(editing, "Move");
+  CenterMap(editing, bounds);
+  document.sectorDivision = division;
+  const SectorShortage shortage = FillSectors(document);
+  ChangeTool(editing, ToolMode::kEdit);
+  if (shortage.outside + shortage.crowded > 0) Report(editing, shortage);
+  return true;
+}
+
+}  // namespace vesmora

@@ -1,0 +1,48 @@
+#include <span>
+#include <string_view>
+
+#include "platform/profile_files.h"
+#include "platform/profile_text.h"
+
+namespace vesmora {
+namespace {
+
+constexpr std::size_t kLimit = std::size_t{1} << 24U;  // bytes; no profile is near it
+
+std::string_view TextOf(const FileContents& contents) {
+  return {reinterpret_cast<const char*>(contents.bytes.data()), contents.bytes.size()};
+}
+
+class PlainProfileFiles final : public ProfileFiles {
+ public:
+  explicit PlainProfileFiles(FileCalls& files) : files_(files) {}
+
+  std::int32_t ReadInt(const std::string& path, const std::string& section, const std::string& key,
+                       std::int32_t fallback) override {
+    const FileContents contents = ReadFile(files_, path, kLimit);
+    const auto value = FindProfileValue(TextOf(contents), section, key);
+    return value && !value->empty() ? ProfileNumber(*value) : fallback;
+  }
+
+  FileStatus Write(const std::string& path, const std::string& section, const std::string& key,
+                   const std::string& value) override {
+    const FileContents contents = ReadFile(files_, path, kLimit);
+    const bool isNew = contents.status.failure == FileFailure::kMissing;
+    if (!contents.status.Ok() && !isNew) return contents.status;
+    if (contents.size > kLimit) return {FileFailure::kError, "The file is too large."};
+    const std::string text = WithProfileValue(TextOf(contents), section, key, value);
+    if (text == TextOf(contents)) return {};
+    return WriteFileDurably(files_, path, std::as_bytes(std::span(text)));
+  }
+
+ private:
+  FileCalls& files_;
+};
+
+}  // namespace
+
+std::unique_ptr<ProfileFiles> SystemProfileFiles(FileCalls& files) {
+  return std::make_unique<PlainProfileFiles>(files);
+}
+
+}  // namespace vesmora
