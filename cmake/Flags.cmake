@@ -34,6 +34,12 @@ if(VESMORA_WERROR)
   target_compile_options(vesmora_flags INTERFACE -Werror)
 endif()
 
+if(WIN32)
+  # The calls of Windows 10 in their wide form, no macros named like std::min, M_PI as elsewhere.
+  target_compile_definitions(vesmora_flags INTERFACE
+    UNICODE NOMINMAX _WIN32_WINNT=0x0A00 _USE_MATH_DEFINES)
+endif()
+
 # Checked standard containers wherever speed is not the point.
 target_compile_definitions(vesmora_flags INTERFACE $<$<CONFIG:Debug>:_GLIBCXX_ASSERTIONS>)
 

@@ -5,7 +5,6 @@
 #include <cerrno>
 #include <chrono>
 #include <cstring>
-#include <filesystem>
 
 namespace vesmora {
 namespace {
@@ -232,15 +231,6 @@ FileContents ReadFile(FileCalls& calls, const std::string& path, std::size_t lim
   calls.Close(handle);
   if (!contents.status.Ok()) contents.bytes.clear();
   return contents;
-}
-
-std::string AbsolutePath(const std::string& path) {
-  std::error_code error;
-  const auto native = std::filesystem::path(std::u8string(path.begin(), path.end()));
-  const auto absolute = std::filesystem::absolute(native, error);
-  if (error) return path;
-  const std::u8string text = absolute.lexically_normal().u8string();
-  return {text.begin(), text.end()};
 }
 
 bool IsGone(FileCalls& calls, const std::string& path) {

@@ -1,5 +1,8 @@
 // Applying contents to the widgets, as little of them as differs.
+#include <QApplication>
 #include <QSignalBlocker>
+#include <QStyle>
+#include <QStyleFactory>
 
 #include "panel/qt/info_panel.h"
 
@@ -20,8 +23,20 @@ QPalette FacePalette(Rgb color) {
   return palette;
 }
 
+/// Systems' own styles paint faces as they like; this one goes by the palette.
+void UseStyleWithFaces(QPushButton* button) {
+  static QStyle* style = nullptr;
+  if (QApplication::style()->name() == "fusion") return;
+  if (style == nullptr) {
+    style = QStyleFactory::create("fusion");
+    style->setParent(qApp);
+  }
+  if (button->style() != style) button->setStyle(style);
+}
+
 void ShowButton(QPushButton* button, const ButtonContents& contents) {
   button->setEnabled(contents.enabled);
+  if (contents.color) UseStyleWithFaces(button);
   button->setPalette(contents.color ? FacePalette(*contents.color) : QPalette());
 }
 

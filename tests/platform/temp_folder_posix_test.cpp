@@ -1,5 +1,3 @@
-#include "platform/temp_folder.h"
-
 #include <gtest/gtest.h>
 #include <stdlib.h>  // setenv
 #include <sys/stat.h>
@@ -8,6 +6,7 @@
 #include <cerrno>
 #include <cstring>
 
+#include "platform/temp_folder.h"
 #include "support/faulty_file_calls.h"
 #include "support/scratch_folder.h"
 
