@@ -1,7 +1,14 @@
-# The folder that is handed out, as the component "vesmora": the program and, beside it, the
-# folders it looks for there. Packaging and scripts/build choose the prefix.
+# Two ways to install.
+#   --component vesmora   the folder that lies in the game's own: the program and, beside it, the
+#                         folders it looks for there. Packaging and scripts/build choose the prefix.
+#   no component named    for the whole system, below a prefix such as /usr/local (not on Windows).
+set(only_when_named)
+if(UNIX)
+  set(only_when_named EXCLUDE_FROM_ALL)
+endif()
+
 if(TARGET vesmora)
-  install(TARGETS vesmora RUNTIME DESTINATION . COMPONENT vesmora)
+  install(TARGETS vesmora RUNTIME DESTINATION . COMPONENT vesmora ${only_when_named})
 endif()
 foreach(folder Prefab Alphabet Help)
   set(content)
@@ -9,5 +16,28 @@ foreach(folder Prefab Alphabet Help)
     set(content "${CMAKE_SOURCE_DIR}/data/${folder}/")
   endif()
   # Without content the folder is still created.
-  install(DIRECTORY ${content} DESTINATION ${folder} COMPONENT vesmora PATTERN ".git*" EXCLUDE)
+  install(DIRECTORY ${content} DESTINATION ${folder} COMPONENT vesmora ${only_when_named}
+    PATTERN ".git*" EXCLUDE)
 endforeach()
+
+if(UNIX AND TARGET vesmora)
+  set(packaging "${CMAKE_SOURCE_DIR}/packaging")
+  # The program looks for ../share/vesmora, so these places are not for choosing.
+  install(TARGETS vesmora RUNTIME DESTINATION bin COMPONENT system)
+  foreach(folder Prefab Alphabet Help)
+    install(DIRECTORY "${CMAKE_SOURCE_DIR}/data/${folder}" DESTINATION share/vesmora
+      COMPONENT system PATTERN ".git*" EXCLUDE)
+  endforeach()
+  install(FILES "${packaging}/linux/vesmora.desktop" DESTINATION share/applications
+    COMPONENT system)
+  install(FILES "${packaging}/linux/vesmora.xml" DESTINATION share/mime/packages COMPONENT system)
+  install(FILES "${packaging}/linux/example.vesmora.Vesmora.metainfo.xml"
+    DESTINATION share/metainfo COMPONENT system)
+  install(FILES "${packaging}/linux/vesmora.1" DESTINATION share/man/man1 COMPONENT system)
+  install(FILES "${packaging}/icons/vesmora.svg" DESTINATION share/icons/hicolor/scalable/apps
+    COMPONENT system)
+  foreach(size 16 24 32 48 64 128 256)
+    install(FILES "${packaging}/icons/vesmora-${size}.png" RENAME vesmora.png
+      DESTINATION "share/icons/hicolor/${size}x${size}/apps" COMPONENT system)
+  endforeach()
+endif()

@@ -1,5 +1,7 @@
 #include "app/qt/about.h"
 
+#include <QApplication>
+#include <QIcon>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -26,6 +28,10 @@ About::About(QWidget* parent) : QDialog(parent) {
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(36, 24, 36, 20);
   layout->setSpacing(10);
+  auto* picture = new QLabel;
+  picture->setPixmap(QApplication::windowIcon().pixmap(96));
+  picture->setAlignment(Qt::AlignCenter);
+  layout->addWidget(picture);
   auto* title = new QLabel("Vesmora");
   QFont large = title->font();
   large.setPointSizeF(large.pointSizeF() * 1.8);
