@@ -86,10 +86,15 @@ void MenuImport(Editor& editor) {
 
 void CBauthor_Click(Editor& editor) {
   TakeUndoSnapshot(editor.AsEditing(), "Author");
-  std::string& author = editor.state.document.author;
+  EditorState& state = editor.state;
+  std::string& author = state.document.author;
   const std::string answer = AskForAuthor(editor);
   if (answer.size() >= kShortestAuthor) {
     author = answer.substr(0, kLongestAuthor);
+    // Escape must not take the name back along with what the mouse was in the middle of.
+    EndConstruction(state);
+    EndDrag(state.selection);
+    state.gesture.End();
   } else if (author.empty()) {
     author = "Unknow";
   }

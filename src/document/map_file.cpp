@@ -4,6 +4,7 @@
 #include <memory>
 #include <vector>
 
+#include "document/geometry.h"
 #include "document/map_image.h"
 #include "document/numbers.h"
 #include "document/save_checks.h"
@@ -28,6 +29,19 @@ void WaypointsToFile(MapDocument& document) {
   for (Waypoint& waypoint : UsedWaypoints(document)) {
     waypoint.x = RoundToInt32(waypoint.x / 256.0);
     waypoint.y = RoundToInt32(waypoint.y / 256.0);
+  }
+}
+
+/// The save exchanges corners 0 and 1 of polygons that run the wrong way round: what is
+/// selected stays the corner of that place.
+void FollowTurnedCorners(Selection& selection, const MapDocument& document) {
+  const auto listed = selection.vertices;
+  selection.vertices.Clear();
+  for (VertexReference vertex : listed.Items()) {
+    const VertexReference other{vertex.polygon, static_cast<std::uint8_t>(1 - vertex.corner)};
+    const bool isTurned = vertex.corner < 2 && !PolygonIsOrdered(document, vertex.polygon);
+    if (isTurned && std::ranges::count(listed.Items(), other) == 0) vertex = other;
+    selection.vertices.Add(vertex);
   }
 }
 
@@ -115,7 +129,10 @@ FileStatus WriteMap(const MapFileContext& context, const std::string& path, bool
     --document.lastScenery;
     DropMissingSceneries(selection, document);
   }
-  if (!isUndo) PrepareForSave(document);
+  if (!isUndo) {
+    FollowTurnedCorners(selection, document);
+    PrepareForSave(document);
+  }
   WaypointsToFile(document);
   document.randomId = static_cast<std::int32_t>(context.random() * 1000 + 1);
   StoreAuthor(document);

@@ -76,6 +76,7 @@ void DropMissingSceneries(Selection& selection, const MapDocument& document) {
   for (const std::uint8_t index : listed.Items()) {
     if (index <= document.lastScenery) selection.sceneries.Add(index);
   }
+  if (selection.Empty() && !listed.Empty()) selection.box = SelectionBox{};
 }
 
 SelectionBox BoundsOf(const Selection& selection, const MapDocument& document) {

@@ -93,7 +93,7 @@ void EndDrag(Selection& selection);
 /// Ends whatever the mouse was in the middle of; lists and box stay.
 void ResetDragState(Selection& selection);
 
-/// Unlists sceneries behind the table's last one.
+/// Unlists sceneries behind the table's last one; with the last entry goes the box.
 void DropMissingSceneries(Selection& selection, const MapDocument& document);
 
 /// The exact bounds of what is listed; all unset when that is nothing.

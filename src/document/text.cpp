@@ -1,6 +1,8 @@
 #include "document/text.h"
 
 #include <algorithm>
+#include <array>
+#include <utility>
 
 #include "platform/single_byte_text.h"
 
@@ -40,7 +42,16 @@ std::string UpperCase(std::string_view text) { return ShiftCase(text, 'a', 0xA0,
 
 std::string LowerCase(std::string_view text) { return ShiftCase(text, 'A', 0x80, 0x20); }
 
-std::string LowerCaseSingleByte(std::string_view text) { return FromUtf8(LowerCase(ToUtf8(text))); }
+std::string LowerCaseSingleByte(std::string_view text) {
+  // The capitals of Windows-1252 that LowerCase leaves as they are, two bytes each.
+  constexpr std::array<std::pair<const char*, const char*>, 4> kOthers = {
+      {{"\u0152", "\u0153"}, {"\u0160", "\u0161"}, {"\u017D", "\u017E"}, {"\u0178", "\u00FF"}}};
+  std::string lower = LowerCase(ToUtf8(text));
+  for (const auto& [capital, small] : kOthers) {
+    while (lower.find(capital) != std::string::npos) lower.replace(lower.find(capital), 2, small);
+  }
+  return FromUtf8(lower);
+}
 
 std::string_view TrimBlanks(std::string_view text) {
   const std::size_t first = text.find_first_not_of(' ');

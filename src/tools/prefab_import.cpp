@@ -129,6 +129,7 @@ void PlaceAuthorText(const Editing& editing, const std::string& text,
                      const std::string& alphabetFolder) {
   EditingState& state = editing.state;
   EndConstruction(state);
+  EndDrag(state.selection);
   state.gesture.End();
   const TableEnds before = EndsOf(state.document);
   for (const char character : LowerCaseSingleByte(text)) {

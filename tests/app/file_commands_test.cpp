@@ -267,6 +267,12 @@ TEST_F(FileCommandsTest, AFailedSaveLosesNothing) {
   }
   editor_.ports.tempFolder = "";
   EXPECT_TRUE(fails(false, [](FaultyFileCalls&) {})) << "nowhere to put the backup";
+
+  editor_.ports.tempFolder = bench_.folder / "temp/";
+  bench_.files.FailAll("MayWrite", EACCES);
+  EXPECT_TRUE(fails(false, [](FaultyFileCalls&) {}));
+  EXPECT_FALSE(std::filesystem::exists(bench_.Temp("backup.pmp")))
+      << "it would be write-protected as well, and no later one could replace it";
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include "document/prefab_file.h"
 #include "support/editor_bench.h"
 #include "support/map_builder.h"
+#include "tools/mouse_dispatch.h"
 #include "tools/tool_change.h"
 
 namespace vesmora {
@@ -173,6 +174,18 @@ TEST_F(PrefabCommandsTest, TheAuthorIsAskedForAndWritten) {
     MenuUndo(bench.editor);
     EXPECT_EQ(bench.document.lastPolygon, -1) << "one step takes it all back";
   }
+}
+
+TEST_F(PrefabCommandsTest, EscapeDoesNotTakeTheAuthorBack) {
+  document.author = "aa";
+  ChangeTool(editor.AsEditing(), ToolMode::kAddPolygon);
+  Click(300, 300);
+  dialogs.texts.emplace_back("New");
+  CBauthor_Click(editor);
+  CancelGesture(editor.AsEditing());
+  EXPECT_EQ(document.author, "New");
+  EXPECT_THAT(Steps(), ElementsAre("Polygon", "Author"));
+  EXPECT_EQ(document.lastPolygon, -1) << "the half-built triangle is gone";
 }
 
 TEST_F(PrefabCommandsTest, TheAuthorsStepIsTakenBeforeTheQuestion) {

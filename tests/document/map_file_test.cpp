@@ -235,13 +235,29 @@ TEST_F(MapFileTest, WaypointsAreWholeUnitsInEveryFile) {
   }
 }
 
+TEST_F(MapFileTest, SelectedCornersStayInTheirPlaces) {
+  for (int i = 0; i < 3; ++i) AddTriangle(document_, {{{0, 0}, {10, 0}, {0, 10}}});  // turned
+  AddTriangle(document_, {{{0, 0}, {0, 10}, {10, 0}}});
+  using Reference = VertexReference;
+  for (const Reference vertex : {Reference{0, 0}, {0, 2}, {1, 1}, {2, 0}, {2, 1}, {3, 0}}) {
+    selection_.vertices.Add(vertex);
+  }
+  bench_.Saved();
+  EXPECT_THAT(selection_.vertices.Items(),
+              ElementsAre(Reference{0, 1}, Reference{0, 2}, Reference{1, 0}, Reference{2, 0},
+                          Reference{2, 1}, Reference{3, 0}));
+}
+
 TEST_F(MapFileTest, TheLastScenerySlotIsNeverKept) {
   for (const bool isUndo : {false, true}) {
     document_.lastScenery = -1;
     for (int i = 0; i < kSceneryCapacity; ++i) AddScenery(document_, 1, 1, 1);
+    selection_.sceneries.Add(254);
+    UpdateSelectionBox(selection_, document_);
     const Bytes bytes = isUndo ? bench_.Snapshot() : bench_.Saved();
     EXPECT_EQ(document_.lastScenery, 253);
     EXPECT_EQ(Peek<std::uint8_t>(bytes, 434880 + 254 * 36), isUndo ? 1 : 0);
+    EXPECT_TRUE(selection_.Empty() && selection_.box == SelectionBox{});
   }
 }
 

@@ -19,6 +19,7 @@ QLabel* MakeLabel(const char* name) {
 Import::Import(const Editor& editor, QWidget* parent)
     : QDialog(parent),
       editor_(editor),
+      names_(ListPrefabs(editor.ports)),
       files_(new QListWidget),
       folder_(MakeLabel("lHakemisto")),
       name_(MakeLabel("lName")),
@@ -28,14 +29,18 @@ Import::Import(const Editor& editor, QWidget* parent)
       import_(new QPushButton("&Import")) {
   setObjectName("Import");
   setWindowTitle("Import");
+  // A long name must not push the dialog over the edge of the screen.
+  for (QLabel* label : {folder_, name_, author_}) {
+    label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  }
   auto* column = new QVBoxLayout(this);
   folder_->setText(QDir::toNativeSeparators(QString::fromStdString(PrefabFolder(editor.ports))));
   column->addWidget(folder_);
   files_->setObjectName("fTiedosto");
   files_->setAccessibleName("Prefabs");
-  for (const std::string& name : ListPrefabs(editor.ports)) {
-    files_->addItem(QString::fromStdString(name));
-  }
+  for (const std::string& name : names_) files_->addItem(QString::fromStdString(name));
+  // Otherwise the first file would be taken as chosen as soon as the list has the focus.
+  files_->setCurrentIndex({});
   column->addWidget(files_, 1);
   BuildDetails(*column);
 
@@ -59,11 +64,12 @@ Import::Import(const Editor& editor, QWidget* parent)
 
 void Import::BuildDetails(QBoxLayout& column) {
   auto* grid = new QGridLayout;
-  grid->setColumnStretch(1, 1);
+  grid->setColumnStretch(3, 1);  // the columns of numbers stand side by side
+  grid->setHorizontalSpacing(20);
   grid->addWidget(new QLabel("Name:"), 0, 0);
-  grid->addWidget(name_, 0, 1, 1, 2);
+  grid->addWidget(name_, 0, 1, 1, 3);
   grid->addWidget(new QLabel("Author:"), 1, 0);
-  grid->addWidget(author_, 1, 1, 1, 2);
+  grid->addWidget(author_, 1, 1, 1, 3);
   grid->addWidget(new QLabel("Left"), 2, 1);
   grid->addWidget(new QLabel("Prefab"), 2, 2);
   grid->addWidget(new QLabel("Polygons\nSceneries\nColliders"), 3, 0);
@@ -73,9 +79,7 @@ void Import::BuildDetails(QBoxLayout& column) {
 }
 
 void Import::ShowChoice() {
-  const QListWidgetItem* item = files_->currentItem();
-  const ImportContents contents =
-      ShowPrefab(editor_, item == nullptr ? "" : item->text().toStdString());
+  const ImportContents contents = ShowPrefab(editor_, ChosenName());
   name_->setText(QString::fromStdString(contents.lName));
   author_->setText(QString::fromStdString(contents.lAuthor));
   left_->setText(QString::fromStdString(contents.lMaara));
@@ -84,8 +88,13 @@ void Import::ShowChoice() {
 }
 
 std::string Import::Choose() {
-  if (exec() != QDialog::Accepted || files_->currentItem() == nullptr) return {};
-  return PrefabFolder(editor_.ports) + files_->currentItem()->text().toStdString();
+  if (exec() != QDialog::Accepted || ChosenName().empty()) return {};
+  return PrefabFolder(editor_.ports) + ChosenName();
+}
+
+std::string Import::ChosenName() const {
+  const int row = files_->currentRow();
+  return row < 0 ? std::string() : names_[static_cast<std::size_t>(row)];
 }
 
 }  // namespace vesmora

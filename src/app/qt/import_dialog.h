@@ -5,6 +5,8 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
+#include <string>
+#include <vector>
 
 class QBoxLayout;
 
@@ -25,7 +27,11 @@ class Import final : public QDialog {
   void BuildDetails(QBoxLayout& column);
   void ShowChoice();
 
+  /// What the list shows is no use for opening: not every name on a disk is UTF-8.
+  std::string ChosenName() const;
+
   const Editor& editor_;
+  const std::vector<std::string> names_;  // by row
   QListWidget* files_;
   QLabel* folder_;
   QLabel* name_;

@@ -9,6 +9,7 @@
 #include "panel/object_handlers.h"
 #include "panel/qt/arrow_icon.h"
 #include "panel/vertex_handlers.h"
+#include "view/qt/option_button.h"
 
 namespace vesmora {
 namespace {
@@ -107,10 +108,7 @@ QCheckBox* InfoPanel::MakeBox(const QString& caption, const QString& name,
 }
 
 QRadioButton* InfoPanel::MakeOption(const QString& caption, const QString& name, Handler handler) {
-  auto* option = new QRadioButton(caption);
-  option->setObjectName(name);
-  // The contents keep one chosen; so every option is a stop of the Tab key of its own.
-  option->setAutoExclusive(false);
+  QRadioButton* option = MakeOptionButton(caption, name);
   connect(option, &QRadioButton::clicked, this, [this, handler = std::move(handler)] {
     shown_.reset();
     Q_EMIT Triggered(handler);

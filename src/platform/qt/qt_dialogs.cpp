@@ -1,6 +1,7 @@
 #include "platform/qt/qt_dialogs.h"
 
 #include <QColorDialog>
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QInputDialog>
@@ -46,7 +47,7 @@ void Prepare(QFileDialog& dialog, const FileRequest& request) {
 std::string Chosen(QFileDialog& dialog) {
   if (dialog.exec() != QDialog::Accepted) return {};
   const QStringList files = dialog.selectedFiles();
-  return files.isEmpty() ? std::string() : files.first().toStdString();
+  return files.isEmpty() ? std::string() : QDir::toNativeSeparators(files.first()).toStdString();
 }
 
 }  // namespace
@@ -71,7 +72,15 @@ std::string QtDialogs::ChooseFileToSave(const FileRequest& request) {
   while (true) {
     const std::string path = Chosen(dialog);
     const QFileInfo file(QString::fromStdString(path));
-    if (path.empty() || !file.exists() || file.isWritable()) return path;
+    if (path.empty()) return path;
+    if (!file.dir().exists()) {
+      Show({.text = "Folder '" + file.path().toStdString() +
+                    "' does not exist.\nPlease choose another one.",
+            .title = "File error",
+            .icon = MessageIcon::kExclamation});
+      continue;
+    }
+    if (!file.exists() || file.isWritable()) return path;
     Show({.text = "File '" + path + "' is write-protected.\nPlease choose another name.",
           .title = "File error",
           .icon = MessageIcon::kExclamation});

@@ -2,6 +2,8 @@
 
 #include <QHBoxLayout>
 
+#include "view/qt/option_button.h"
+
 namespace vesmora {
 namespace {
 
@@ -19,9 +21,7 @@ ToolPanel::ToolPanel(QWidget* parent) : QFrame(parent) {
   layout->setContentsMargins(8, 2, 8, 2);
   layout->setSpacing(14);
   for (std::size_t i = 0; i < kCaptions.size(); ++i) {
-    auto* button = new QRadioButton(kCaptions[i]);
-    button->setObjectName(QString("OBvalinta%1").arg(i));
-    button->setAutoExclusive(false);  // each a stop of the Tab key; ShowTool keeps one set
+    QRadioButton* button = MakeOptionButton(kCaptions[i], QString("OBvalinta%1").arg(i));
     // Arrow keys belong to the map, so each tool has a key of its own.
     button->setShortcut(QKeySequence(QString("Ctrl+%1").arg(i + 1)));
     button->setToolTip(button->shortcut().toString(QKeySequence::NativeText));
