@@ -142,7 +142,6 @@ void InfoPanel::BuildMapInfo(QBoxLayout& column) {
   beside->setContentsMargins(mapInfo_->fontMetrics().horizontalAdvance("Author: "),
                              mapInfo_->fontMetrics().lineSpacing(), 0, 0);
   beside->addWidget(author_);
-  beside->addStretch();
   grid->addLayout(beside, 0, 0);
   row->addWidget(names, 1);
   fillLevels_ = MakeLabel("Lkartta2");
