@@ -16,6 +16,7 @@ bool RestoreNewestStep(Editor& editor) {
     case LoadOutcome::kLoaded:
       // What was under construction belonged to the map that is gone.
       editor.state.tool.value = 0;
+      editor.state.waypointKeys = journal.waypointKeys[static_cast<std::size_t>(journal.undoSlot)];
       return true;
     case LoadOutcome::kRefused:
       MenuNew(editor);

@@ -35,7 +35,7 @@ FileStatus WriteSnapshot(UndoJournal& journal, const MapFileContext& context, in
 
 }  // namespace
 
-void TakeUndoSnapshot(UndoJournal& journal, const MapFileContext& context,
+bool TakeUndoSnapshot(UndoJournal& journal, const MapFileContext& context,
                       const std::string& actionName) {
   const int slot = (journal.undoSlot + 1) % kUndoSteps;
   const std::string path = FileNamed(journal, std::to_string(slot));
@@ -53,7 +53,7 @@ void TakeUndoSnapshot(UndoJournal& journal, const MapFileContext& context,
                             .icon = MessageIcon::kExclamation});
     }
     journal.failureTold = true;
-    return;
+    return false;
   }
   journal.failureTold = false;
   journal.undoAvailable =
@@ -62,6 +62,7 @@ void TakeUndoSnapshot(UndoJournal& journal, const MapFileContext& context,
   journal.undoFiles[static_cast<std::size_t>(slot)] = path;
   journal.undoActions[static_cast<std::size_t>(slot)] = actionName;
   RefreshUndoCaption(journal);
+  return true;
 }
 
 void ConsumeUndoStep(UndoJournal& journal) {

@@ -12,14 +12,19 @@ namespace vesmora {
 
 inline constexpr int kUndoSteps = 10;
 
+/// By slot, numbers that tell waypoints apart whatever slots they move to, never given
+/// twice. 0: none yet. They are no part of a map or of its files.
+using WaypointKeys = std::array<std::int32_t, kWaypointCapacity>;
+
 struct UndoJournal {
   std::int16_t undoAvailable = -1;         // steps that can be undone, minus one
   std::int16_t undoSlot = kUndoSteps - 1;  // ring position of the newest: the first is 0
   std::array<std::string, kUndoSteps + 1> undoFiles;
   std::array<std::string, kUndoSteps + 1> undoActions;
-  std::string caption = "&Undo";  // of MenuUndo
-  std::string folder;             // of the snapshot files, with a slash
-  bool failureTold = false;       // until a snapshot succeeds again
+  std::array<WaypointKeys, kUndoSteps> waypointKeys{};  // of each step's map
+  std::string caption = "&Undo";                        // of MenuUndo
+  std::string folder;                                   // of the snapshot files, with a slash
+  bool failureTold = false;                             // until a snapshot succeeds again
 
   const std::string& NewestAction() const {
     return undoActions[static_cast<std::size_t>(undoSlot)];
@@ -27,9 +32,9 @@ struct UndoJournal {
   const std::string& NewestFile() const { return undoFiles[static_cast<std::size_t>(undoSlot)]; }
 };
 
-/// Files the document as it is before the edit `actionName`. When that fails the
+/// Files the document as it is before the edit `actionName`. False when that fails: the
 /// user is told once, the older steps stay what they were, and the edit goes on.
-void TakeUndoSnapshot(UndoJournal& journal, const MapFileContext& context,
+bool TakeUndoSnapshot(UndoJournal& journal, const MapFileContext& context,
                       const std::string& actionName);
 
 /// Drops the newest step, after it has been undone.

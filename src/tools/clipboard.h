@@ -8,6 +8,7 @@
 
 #include "document/map_document.h"
 #include "document/selection.h"
+#include "document/undo_journal.h"
 
 namespace vesmora {
 
@@ -26,8 +27,10 @@ struct Clipboard {
   CopiedRecords<SpawnPoint, kSpawnCapacity> spawns;
   CopiedRecords<SceneryObject, kSceneryCapacity> sceneries;
   CopiedRecords<Collider, kColliderCapacity> colliders;
-  /// With the ids and connections that they had when they were copied.
   CopiedRecords<Waypoint, kWaypointCapacity> waypoints;
+  WaypointKeys waypointKeys{};  // parallel to `waypoints`
+  /// The keys of the waypoints that each one's connections led to; 0: to none.
+  std::array<std::array<std::int32_t, kConnectionCapacity>, kWaypointCapacity> targetKeys{};
   SelectionBox box;       // that the objects had when they were copied
   bool overflow = false;  // not everything fitted, and nobody has been told
 

@@ -1,6 +1,7 @@
 #include "tools/clipboard_commands.h"
 
 #include <algorithm>
+#include <unordered_map>
 
 #include "tools/move_selection.h"
 #include "tools/slot.h"
@@ -8,6 +9,8 @@
 
 namespace vesmora {
 namespace {
+
+using PolygonSlots = IndexList<std::int16_t, 3 * kPolygonCapacity>;
 
 /// How many of `wanted` records fit behind `last`. One slot of each table stays free.
 int Fitting(int wanted, std::int16_t last, int capacity, bool& overflow) {
@@ -17,8 +20,8 @@ int Fitting(int wanted, std::int16_t last, int capacity, bool& overflow) {
 }
 
 /// A run of entries of one polygon counts once.
-IndexList<std::int16_t, 3 * kPolygonCapacity> SelectedPolygons(const Selection& selection) {
-  IndexList<std::int16_t, 3 * kPolygonCapacity> polygons;
+PolygonSlots SelectedPolygons(const Selection& selection) {
+  PolygonSlots polygons;
   for (const VertexReference& vertex : selection.vertices.Items()) {
     const auto listed = polygons.Items();
     if (listed.empty() || listed.back() != vertex.polygon) polygons.Add(vertex.polygon);
@@ -26,52 +29,62 @@ IndexList<std::int16_t, 3 * kPolygonCapacity> SelectedPolygons(const Selection& 
   return polygons;
 }
 
+/// Copies what is listed; the list is cut to what fits.
 template <typename Table, typename Copies, typename List>
 void CopyRecords(const Table& table, std::int16_t last, Copies& copies, List& list,
                  bool& overflow) {
   const int count = Fitting(list.Count(), last, static_cast<int>(table.size()), overflow);
-  list.last = static_cast<std::int16_t>(count - 1);
+  list.last = copies.last = static_cast<std::int16_t>(count - 1);
   for (int i = 0; i < count; ++i) {
     SlotAt(copies.records, i) = SlotAt(table, int{SlotAt(list.entries, i)});
   }
-  copies.last = list.last;
 }
 
 void CopyPolygons(const MapDocument& document, const Selection& selection, Clipboard& clipboard) {
-  const auto polygons = SelectedPolygons(selection);
-  const int count =
-      Fitting(polygons.Count(), document.lastPolygon, kPolygonCapacity, clipboard.overflow);
-  for (int i = 0; i < count; ++i) {
-    const int slot = SlotAt(polygons.entries, i);
-    SlotAt(clipboard.polygons.records, i) = SlotAt(document.polygons, slot);
-    SlotAt(clipboard.normals, i) = SlotAt(document.normals, slot);
-  }
-  clipboard.polygons.last = static_cast<std::int16_t>(count - 1);
-}
-
-/// Puts the copies into the highest slots of the map's tables.
-void FillTail(MapDocument& document, const Clipboard& clipboard,
-              const IndexList<std::int16_t, kWaypointCapacity>& waypoints) {
-  for (int i = 0; i < clipboard.polygons.Count(); ++i) {
-    SlotAt(document.polygons, kPolygonCapacity - 1 - i) = SlotAt(clipboard.polygons.records, i);
-    SlotAt(document.normals, kPolygonCapacity - 1 - i) = SlotAt(clipboard.normals, i);
-  }
-  for (int i = 0; i < clipboard.spawns.Count(); ++i) {
-    SlotAt(document.spawns, kSpawnCapacity - 1 - i) = SlotAt(clipboard.spawns.records, i);
-  }
-  const int firstScenery = kSceneryCapacity - clipboard.sceneries.Count();
-  for (int i = 0; i < clipboard.sceneries.Count(); ++i) {
-    SlotAt(document.sceneries, firstScenery + i) = SlotAt(clipboard.sceneries.records, i);
-  }
-  for (int i = 0; i < clipboard.colliders.Count(); ++i) {
-    SlotAt(document.colliders, kColliderCapacity - 1 - i) = SlotAt(clipboard.colliders.records, i);
-  }
-  for (int i = 0; i < waypoints.Count(); ++i) {
-    SlotAt(document.waypoints, kWaypointCapacity - 1 - i) =
-        SlotAt(document.waypoints, int{SlotAt(waypoints.entries, i)});
+  PolygonSlots polygons = SelectedPolygons(selection);
+  CopyRecords(document.polygons, document.lastPolygon, clipboard.polygons, polygons,
+              clipboard.overflow);
+  for (int i = 0; i < polygons.Count(); ++i) {
+    SlotAt(clipboard.normals, i) = SlotAt(document.normals, int{SlotAt(polygons.entries, i)});
   }
 }
 
+void CopyWaypoints(EditingState& state) {
+  const MapDocument& document = state.document;
+  Clipboard& clipboard = state.clipboard;
+  auto& list = state.selection.waypoints;
+  CopyRecords(document.waypoints, document.lastWaypoint, clipboard.waypoints, list,
+              clipboard.overflow);
+  GiveWaypointKeys(state);
+  for (int i = 0; i < list.Count(); ++i) {
+    SlotAt(clipboard.waypointKeys, i) = SlotAt(state.waypointKeys, int{SlotAt(list.entries, i)});
+    auto& targets = SlotAt(clipboard.targetKeys, i);
+    std::ranges::transform(UsedConnections(SlotAt(clipboard.waypoints.records, i)), targets.begin(),
+                           [&](std::int32_t id) {
+                             const bool leads = id >= 1 && id <= document.lastWaypoint + 1;
+                             return leads ? SlotAt(state.waypointKeys, id - 1) : 0;
+                           });
+  }
+}
+
+/// Puts copies into the highest slots of a table, downwards from its end.
+template <typename Table, typename Records>
+void FillTail(Table& table, const Records& records, int count) {
+  std::copy_n(records.begin(), count, table.rbegin());
+}
+
+void FillTails(MapDocument& document, const Clipboard& clipboard) {
+  FillTail(document.polygons, clipboard.polygons.records, clipboard.polygons.Count());
+  FillTail(document.normals, clipboard.normals, clipboard.polygons.Count());
+  FillTail(document.spawns, clipboard.spawns.records, clipboard.spawns.Count());
+  FillTail(document.colliders, clipboard.colliders.records, clipboard.colliders.Count());
+  FillTail(document.waypoints, clipboard.waypoints.records, clipboard.waypoints.Count());
+  // Sceneries alone lie there in rising order.
+  const int sceneries = clipboard.sceneries.Count();
+  std::copy_n(clipboard.sceneries.records.begin(), sceneries, document.sceneries.end() - sceneries);
+}
+
+/// Adds what fits and lists its slots.
 template <typename Table, typename Copies, typename List>
 void PasteRecords(Table& table, std::int16_t& last, const Copies& copies, List& list,
                   bool& overflow) {
@@ -86,41 +99,54 @@ void PasteRecords(Table& table, std::int16_t& last, const Copies& copies, List& 
 void PastePolygons(EditingState& state) {
   MapDocument& document = state.document;
   Clipboard& clipboard = state.clipboard;
-  const int count = Fitting(clipboard.polygons.Count(), document.lastPolygon, kPolygonCapacity,
-                            clipboard.overflow);
-  for (int i = 0; i < count; ++i) {
-    const std::int16_t slot = ++document.lastPolygon;
-    SlotAt(document.polygons, slot) = SlotAt(clipboard.polygons.records, i);
-    SlotAt(document.normals, slot) = SlotAt(clipboard.normals, i);
+  PolygonSlots pasted;
+  PasteRecords(document.polygons, document.lastPolygon, clipboard.polygons, pasted,
+               clipboard.overflow);
+  std::copy_n(clipboard.normals.begin(), pasted.Count(),
+              document.normals.begin() + document.lastPolygon + 1 - pasted.Count());
+  for (const std::int16_t slot : pasted.Items()) {
     for (std::uint8_t corner = 0; corner < 3; ++corner) {
       state.selection.vertices.Add({slot, corner});
     }
   }
 }
 
-/// The pasted waypoints lead to each other where the copied ones did; each entry is
-/// looked up in the copies, so that none is rewritten twice.
-void LinkPasted(MapDocument& document, int first, std::span<const Waypoint> copies) {
-  const int pasted = document.lastWaypoint + 1 - first;
-  for (int i = 0; i < pasted; ++i) {
-    Waypoint& waypoint = SlotAt(document.waypoints, first + i);
-    waypoint.id = first + i + 1;
-    for (std::int32_t& connection : UsedConnections(waypoint)) {
-      const auto target = std::ranges::find(copies, connection, &Waypoint::id);
-      if (target == copies.end()) continue;
-      const int place = static_cast<int>(target - copies.begin());
-      connection = place < pasted ? first + place + 1 : 0;  // 0 names nothing
+/// Where a connection led to a waypoint by its key, it leads there by its id, or is
+/// removed when there is none. What led nowhere stays.
+void Reconnect(Waypoint& waypoint, const std::array<std::int32_t, kConnectionCapacity>& targetKeys,
+               const std::unordered_map<std::int32_t, std::int32_t>& idsByKey) {
+  const auto connections = UsedConnections(waypoint);
+  std::size_t kept = 0;
+  for (std::size_t k = 0; k < connections.size(); ++k) {
+    const auto id = idsByKey.find(targetKeys[k]);
+    if (targetKeys[k] == 0) {
+      connections[kept++] = connections[k];
+    } else if (id != idsByKey.end()) {
+      connections[kept++] = id->second;
     }
   }
+  if (kept < connections.size()) waypoint.connectionCount = static_cast<std::int32_t>(kept);
 }
 
+/// Pasted waypoints lead to each other as the copied ones did, and where they led to
+/// others, to just those, whatever slots these have moved to.
 void PasteWaypoints(EditingState& state) {
-  const int first = state.document.lastWaypoint + 1;
-  PasteRecords(state.document.waypoints, state.document.lastWaypoint, state.clipboard.waypoints,
-               state.selection.waypoints, state.clipboard.overflow);
-  const auto& copies = state.clipboard.waypoints;
-  LinkPasted(state.document, first,
-             std::span(copies.records).first(static_cast<std::size_t>(copies.Count())));
+  MapDocument& document = state.document;
+  Clipboard& clipboard = state.clipboard;
+  const int first = document.lastWaypoint + 1;
+  PasteRecords(document.waypoints, document.lastWaypoint, clipboard.waypoints,
+               state.selection.waypoints, clipboard.overflow);
+  std::unordered_map<std::int32_t, std::int32_t> idsByKey;
+  for (int slot = 0; slot <= document.lastWaypoint; ++slot) {
+    const std::int32_t key = slot < first ? SlotAt(state.waypointKeys, slot)
+                                          : SlotAt(clipboard.waypointKeys, slot - first);
+    idsByKey[key] = slot + 1;
+  }
+  for (int slot = first; slot <= document.lastWaypoint; ++slot) {
+    Waypoint& waypoint = SlotAt(document.waypoints, slot);
+    waypoint.id = slot + 1;
+    Reconnect(waypoint, SlotAt(clipboard.targetKeys, slot - first), idsByKey);
+  }
 }
 
 }  // namespace
@@ -138,9 +164,8 @@ void MenuCopy(const Editing& editing) {
               clipboard.overflow);
   CopyRecords(document.colliders, document.lastCollider, clipboard.colliders, selection.colliders,
               clipboard.overflow);
-  CopyRecords(document.waypoints, document.lastWaypoint, clipboard.waypoints, selection.waypoints,
-              clipboard.overflow);
-  FillTail(document, clipboard, selection.waypoints);
+  CopyWaypoints(state);
+  FillTails(document, clipboard);
   clipboard.box = selection.box;
   RefreshAll(editing);
 }

@@ -9,12 +9,28 @@
 namespace vesmora {
 namespace {
 
-template <typename Table>
-void RemoveSlot(Table& table, int slot, int last) {
-  std::shift_left(table.begin() + slot, table.begin() + last + 1, 1);
+using Slots = WaypointSlots;  // of any table: that of the waypoints is the largest
+
+template <typename List>
+Slots SlotsOf(const List& list) {
+  Slots slots;
+  for (const auto slot : list.Items()) slots.set(static_cast<std::size_t>(slot));
+  return slots;
 }
 
-void ForgetPolygon(Polygon& polygon) {
+/// Closes up the first `count` slots. Those that become free hold what the last one held,
+/// as if the others had moved down one by one.
+template <typename Table>
+void RemoveSlots(Table& table, const Slots& removed, int count) {
+  const auto last = SlotAt(table, count - 1);
+  int kept = 0;
+  for (int slot = 0; slot < count; ++slot) {
+    if (!removed[static_cast<std::size_t>(slot)]) SlotAt(table, kept++) = SlotAt(table, slot);
+  }
+  std::fill(table.begin() + kept, table.begin() + count, last);
+}
+
+void Forget(Polygon& polygon) {
   for (PolygonVertex& vertex : polygon.vertices) vertex.color.alpha = 0;
 }
 
@@ -50,52 +66,35 @@ void Forget(Waypoint& waypoint) {
   waypoint.id = 0;
 }
 
-/// Lists are in rising order: each slot removed moves the later ones down.
-void DeletePolygons(EditingState& state) {
-  MapDocument& document = state.document;
-  int removed = 0;
-  int previous = -1;
-  for (const VertexReference& vertex : state.selection.vertices.Items()) {
-    if (vertex.polygon == previous) continue;
-    previous = vertex.polygon;
-    RemoveSlot(document.polygons, previous - removed, document.lastPolygon);
-    RemoveSlot(document.normals, previous - removed, document.lastPolygon);
-    --document.lastPolygon;
-    ++removed;
-  }
-  if (removed > 0) ForgetPolygon(SlotAt(document.polygons, document.lastPolygon + 1));
+template <typename Table>
+void DeleteRecords(Table& table, std::int16_t& last, const Slots& deleted) {
+  if (deleted.none()) return;
+  RemoveSlots(table, deleted, last + 1);
+  last = static_cast<std::int16_t>(last - static_cast<int>(deleted.count()));
+  Forget(SlotAt(table, last + 1));
 }
 
-template <typename Table, typename List>
-void DeleteRecords(Table& table, std::int16_t& last, const List& list) {
-  if (list.Empty()) return;
-  int removed = 0;
-  for (const auto listed : list.Items()) RemoveSlot(table, listed - removed++, last--);
-  Forget(SlotAt(table, last + 1));
+void DeletePolygons(EditingState& state) {
+  MapDocument& document = state.document;
+  Slots deleted;
+  for (const VertexReference& vertex : state.selection.vertices.Items()) {
+    deleted.set(static_cast<std::size_t>(vertex.polygon));
+  }
+  if (deleted.any()) RemoveSlots(document.normals, deleted, document.lastPolygon + 1);
+  DeleteRecords(document.polygons, document.lastPolygon, deleted);
 }
 
 void DeleteWaypoints(EditingState& state) {
   MapDocument& document = state.document;
-  const auto& list = state.selection.waypoints;
-  if (list.Empty()) return;
-  const auto used =
-      std::span(document.waypoints).first(static_cast<std::size_t>(document.lastWaypoint + 1));
-  for (const std::int16_t slot : list.Items()) {
-    const std::int32_t id = SlotAt(document.waypoints, slot).id;
-    for (Waypoint& waypoint : used) Unlink(waypoint, id);
-  }
-  int removed = 0;
-  for (const std::int16_t listed : list.Items()) {
-    for (int slot = listed - removed; slot < document.lastWaypoint; ++slot) {
-      Waypoint& next = SlotAt(document.waypoints, slot + 1);
-      Redirect(used, next.id, slot + 1);
-      next.id = slot + 1;
-      SlotAt(document.waypoints, slot) = next;
-    }
-    --document.lastWaypoint;
-    ++removed;
-  }
-  Forget(SlotAt(document.waypoints, document.lastWaypoint + 1));
+  const Slots deleted = SlotsOf(state.selection.waypoints);
+  if (deleted.none()) return;
+  const int count = document.lastWaypoint + 1;
+  FollowDeletion(std::span(document.waypoints).first(static_cast<std::size_t>(count)), deleted);
+  DeleteRecords(document.waypoints, document.lastWaypoint, deleted);
+  RemoveSlots(state.waypointKeys, deleted, count);
+  const int left = document.lastWaypoint + 1;
+  for (int slot = 0; slot < left; ++slot) SlotAt(document.waypoints, slot).id = slot + 1;
+  std::fill(state.waypointKeys.begin() + left, state.waypointKeys.begin() + count, 0);
 }
 
 void DeleteSelection(const Editing& editing) {
@@ -103,9 +102,9 @@ void DeleteSelection(const Editing& editing) {
   MapDocument& document = state.document;
   Selection& selection = state.selection;
   DeletePolygons(state);
-  DeleteRecords(document.spawns, document.lastSpawn, selection.spawns);
-  DeleteRecords(document.sceneries, document.lastScenery, selection.sceneries);
-  DeleteRecords(document.colliders, document.lastCollider, selection.colliders);
+  DeleteRecords(document.spawns, document.lastSpawn, SlotsOf(selection.spawns));
+  DeleteRecords(document.sceneries, document.lastScenery, SlotsOf(selection.sceneries));
+  DeleteRecords(document.colliders, document.lastCollider, SlotsOf(selection.colliders));
   DeleteWaypoints(state);
   ClearSelection(selection, editing.ports.display);
 }
@@ -128,18 +127,18 @@ void TakeBackCorner(EditingState& state) {
   --state.tool.value;
 }
 
+template <typename Table>
+void TakeBackLast(Table& table, std::int16_t& last) {
+  if (last >= 0) Forget(SlotAt(table, last--));
+}
+
 void TakeBackPolygon(EditingState& state) {
   MapDocument& document = state.document;
   if (IsConstructing(state)) {
     TakeBackCorner(state);
-  } else if (document.lastPolygon >= 0) {
-    ForgetPolygon(SlotAt(document.polygons, document.lastPolygon--));
+  } else {
+    TakeBackLast(document.polygons, document.lastPolygon);
   }
-}
-
-template <typename Table>
-void TakeBackLast(Table& table, std::int16_t& last) {
-  if (last >= 0) Forget(SlotAt(table, last--));
 }
 
 void TakeBackScenery(EditingState& state) {

@@ -1,6 +1,8 @@
 #include "tools/editing.h"
 
+#include "tools/slot.h"
 #include "tools/tool_change.h"
+#include "tools/waypoint_links.h"
 
 namespace vesmora {
 
@@ -14,11 +16,15 @@ MapFileContext MapFileContextOf(const Editing& editing) {
 }
 
 void TakeUndoSnapshot(const Editing& editing, const std::string& actionName) {
+  GiveWaypointKeys(editing.state);
   // A triangle that is being built is no part of the map that undo brings back.
   const std::int16_t unfinished = IsConstructing(editing.state) ? 1 : 0;
   std::int16_t& lastPolygon = editing.state.document.lastPolygon;
   lastPolygon = static_cast<std::int16_t>(lastPolygon - unfinished);
-  TakeUndoSnapshot(editing.state.journal, MapFileContextOf(editing), actionName);
+  UndoJournal& journal = editing.state.journal;
+  if (TakeUndoSnapshot(journal, MapFileContextOf(editing), actionName)) {
+    SlotAt(journal.waypointKeys, journal.undoSlot) = editing.state.waypointKeys;
+  }
   lastPolygon = static_cast<std::int16_t>(lastPolygon + unfinished);
 }
 

@@ -22,6 +22,8 @@ struct EditingState {
   UndoJournal journal;
   Gesture gesture;
   Clipboard clipboard;
+  WaypointKeys waypointKeys{};
+  std::int32_t newestWaypointKey = 0;
   bool shiftDown = false;  // as last seen by the window's key events
   bool ctrlDown = false;
 };

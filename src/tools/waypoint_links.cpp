@@ -1,13 +1,12 @@
 #include "tools/waypoint_links.h"
 
 #include <algorithm>
+#include <vector>
+
+#include "tools/slot.h"
 
 namespace vesmora {
-
-std::span<std::int32_t> UsedConnections(Waypoint& waypoint) {
-  const int count = std::clamp(waypoint.connectionCount, 0, kConnectionCapacity);
-  return std::span(waypoint.connections).first(static_cast<std::size_t>(count));
-}
+namespace {
 
 void Unlink(Waypoint& waypoint, std::int32_t id) {
   for (std::size_t k = 0; k < UsedConnections(waypoint).size(); ++k) {
@@ -18,8 +17,46 @@ void Unlink(Waypoint& waypoint, std::int32_t id) {
   }
 }
 
-void Redirect(std::span<Waypoint> waypoints, std::int32_t from, std::int32_t to) {
-  for (Waypoint& waypoint : waypoints) std::ranges::replace(UsedConnections(waypoint), from, to);
+/// Each in turn by rising number: removing one can bring equal ones together.
+void UnlinkDeleted(Waypoint& waypoint, const WaypointSlots& deleted) {
+  const auto used = UsedConnections(waypoint);
+  std::vector<std::int32_t> ids(used.begin(), used.end());
+  std::erase_if(ids, [&deleted](std::int32_t id) {
+    return id < 1 || id > kWaypointCapacity || !deleted[static_cast<std::size_t>(id - 1)];
+  });
+  std::ranges::sort(ids);
+  ids.erase(std::unique(ids.begin(), ids.end()), ids.end());
+  for (const std::int32_t id : ids) Unlink(waypoint, id);
+}
+
+}  // namespace
+
+std::span<std::int32_t> UsedConnections(Waypoint& waypoint) {
+  const int count = std::clamp(waypoint.connectionCount, 0, kConnectionCapacity);
+  return std::span(waypoint.connections).first(static_cast<std::size_t>(count));
+}
+
+void FollowDeletion(std::span<Waypoint> waypoints, const WaypointSlots& deleted) {
+  std::vector<std::int32_t> newIds(waypoints.size());  // a deleted one's goes to what follows
+  std::int32_t next = 1;
+  for (std::size_t slot = 0; slot < waypoints.size(); ++slot) {
+    newIds[slot] = next;
+    if (!deleted[slot]) ++next;
+  }
+  const auto count = static_cast<std::int32_t>(waypoints.size());
+  for (Waypoint& waypoint : waypoints) {
+    UnlinkDeleted(waypoint, deleted);
+    for (std::int32_t& id : UsedConnections(waypoint)) {
+      if (id >= 1 && id <= count) id = SlotAt(newIds, id - 1);
+    }
+  }
+}
+
+void GiveWaypointKeys(EditingState& state) {
+  for (int slot = 0; slot <= state.document.lastWaypoint; ++slot) {
+    std::int32_t& key = SlotAt(state.waypointKeys, slot);
+    if (key == 0) key = ++state.newestWaypointKey;
+  }
 }
 
 }  // namespace vesmora

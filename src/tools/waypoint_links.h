@@ -1,21 +1,25 @@
-// Connections between waypoints by id, kept right when waypoints come, go and move
-// to other slots.
+// Connections between waypoints. They go by id, which is slot + 1, and are kept right
+// when waypoints come, go and move to other slots.
 #pragma once
 
+#include <bitset>
 #include <span>
 
-#include "document/map_document.h"
+#include "tools/editing.h"
 
 namespace vesmora {
+
+using WaypointSlots = std::bitset<kWaypointCapacity>;
 
 /// The connections that count: a damaged count is cut to what the record holds.
 std::span<std::int32_t> UsedConnections(Waypoint& waypoint);
 
-/// Removes connections to `id`. Of two equal ones next to each other the second
-/// stays, as it always did.
-void Unlink(Waypoint& waypoint, std::int32_t id);
+/// Removes the connections to `deleted` slots and renumbers the others as if those slots
+/// were closed up. Of two equal ones next to each other the second stays, as it always
+/// did, and leads to what follows the deleted one.
+void FollowDeletion(std::span<Waypoint> waypoints, const WaypointSlots& deleted);
 
-/// Makes every connection to the id `from` lead to the id `to`.
-void Redirect(std::span<Waypoint> waypoints, std::int32_t from, std::int32_t to);
+/// Gives the waypoints that have no key yet keys of their own.
+void GiveWaypointKeys(EditingState& state);
 
 }  // namespace vesmora

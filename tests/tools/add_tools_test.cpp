@@ -1,0 +1,386 @@
+// The Add tools, and changing to them and back.
+#include <gmock/gmock.h>
+
+#include <cmath>
+#include <cstring>
+
+#include "document/geometry.h"
+#include "support/tool_bench.h"
+#include "tools/mouse_dispatch.h"
+#include "tools/numbered_objects.h"
+#include "tools/tool_change.h"
+
+namespace vesmora {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr MapColor kOld = {.blue = 1, .green = 2, .red = 3, .alpha = 7};
+constexpr MapColor kRecoloured = {.blue = 30, .green = 20, .red = 10, .alpha = 7};
+constexpr ScreenPoint kAway = {100.5f, 20.25f};  // over no vertex
+constexpr ScreenPoint kVertex = {57, 46};
+constexpr ScreenPoint kOverVertex = {59, 47};
+constexpr ScreenPoint kAwaySnapped = {100, 25};
+
+/// Two triangles share the corner 57, 46; one more has a corner right beside it.
+struct PolygonBench : ToolBench {
+  PolygonBench() {
+    for (const float x : {57.0f, 57.5f, 57.0f}) {
+      for (PolygonVertex& vertex : AddTriangle(map, {{{-300, 0}, {x, 46}, {-300, 50}}}).vertices) {
+        vertex.color = kOld;
+      }
+    }
+    ChangeTool(editing, ToolMode::kAddPolygon);
+    state.tool.next.vertexColor = {10, 20, 30};
+  }
+
+  PolygonVertex& Corner(std::size_t i) {
+    return map.polygons[static_cast<std::size_t>(map.lastPolygon)].vertices[i];
+  }
+};
+
+class AddPolygonTest : public testing::Test, protected PolygonBench {};
+
+TEST_F(AddPolygonTest, ACornerGoesToTheVertexTheGridOrAnEighthOfATurn) {
+  struct Row {
+    std::size_t corner;  // the first, whose like all three become, or the second
+    std::string keys;    // grid, ctrl, shift
+    ScreenPoint mouse, place;
+    ScreenPoint textured;  // the world point whose texture the corner shows
+    bool recolours;
+  };
+  constexpr ScreenPoint kRay = {9.513149f, 9.513149f};          // 13.454 away, as 10, 9 is
+  constexpr ScreenPoint kVertexRay = {53.338541f, 53.338541f};  // 75.432 away, as 59, 47 is
+  for (const Row& row : {Row{0, "shift", kOverVertex, kVertex, kVertex, true},
+                         Row{0, "grid shift", kAway, kAwaySnapped, kAwaySnapped, false},
+                         Row{0, "grid", kOverVertex, {50, 50}, {50, 50}, true},
+                         Row{0, "grid ctrl", kOverVertex, kVertex, kVertex, true},
+                         Row{1, "grid", kAway, kAwaySnapped, kAway, false},
+                         Row{1, "grid", kOverVertex, kVertex, kVertex, true},
+                         Row{1, "grid ctrl", kAway, kAway, kAway, false},
+                         Row{1, "grid shift", {10, 9}, kRay, {10, 9}, false},
+                         Row{1, "shift", kOverVertex, kVertexRay, kOverVertex, false}}) {
+    PolygonBench bench;
+    const auto has = [&row](const char* key) { return row.keys.find(key) != std::string::npos; };
+    if (row.corner == 1) bench.Click(0, 0);
+    // Hovers as if neither grid nor Shift were there, then clicks with them.
+    bench.state.tool.next.vertexColor = {10, 20, 30};
+    bench.state.ctrlDown = true;
+    bench.Move(row.mouse.x, row.mouse.y);
+    bench.state.view.gridSize = has("grid") ? 25 : 0;
+    bench.state.ctrlDown = has("ctrl");
+    bench.state.shiftDown = has("shift");
+    bench.Press(row.mouse.x, row.mouse.y);
+    const PolygonVertex& vertex = bench.Corner(row.corner);
+    EXPECT_NEAR(std::hypot(vertex.x - row.place.x, vertex.y - row.place.y), 0, 1e-3) << row.keys;
+    EXPECT_FLOAT_EQ(vertex.u, row.textured.x / 160) << row.keys;
+    EXPECT_FLOAT_EQ(vertex.v, row.textured.y / 120) << row.keys;
+    EXPECT_EQ(vertex.color, (MapColor{30, 20, 10, 255}));
+    EXPECT_EQ(bench.Corner(2) == vertex, row.corner == 0);
+    for (const std::size_t i : {0U, 1U, 2U}) {
+      EXPECT_EQ(bench.map.polygons[i].vertices[1].color,
+                row.recolours && i != 1 ? kRecoloured : kOld)
+          << row.keys;
+    }
+  }
+}
+
+TEST_F(AddPolygonTest, TheThirdCornerFinishesTheTriangle) {
+  Click(0, 0);
+  Click(30, 0);
+  state.shiftDown = true;
+  Move(40, 8);
+  EXPECT_NEAR(Corner(2).y, 9.055385, 1e-3) << "from the corner before, not from the first";
+  state.shiftDown = false;
+  Click(0, 40);
+  EXPECT_EQ(std::tuple(state.tool.value, map.lastPolygon), std::tuple(0, 3));
+  EXPECT_FALSE(state.gesture.InProgress());
+  EXPECT_NEAR(map.normals[3].edges[1].x, -0.8, 1e-6);
+  EXPECT_NE(map.normals[3].edges[0].x, 0) << "a zero would make the edge passable";
+}
+
+TEST_F(AddPolygonTest, TheNextCornerFollowsThePointer) {
+  using Row = std::tuple<std::int16_t, bool, ScreenPoint, ScreenPoint, const char*>;
+  Click(0, 0);
+  for (const auto& [grid, shift, mouse, corner, listed] :
+       {Row(0, false, {52, 41}, kVertex, "v0.1"), Row(25, false, {52, 41}, {50, 50}, "v0.1"),
+        Row(25, false, kAway, kAwaySnapped, ""), Row(0, false, {51.75f, 41}, {51.75f, 41}, ""),
+        Row(0, true, {10, 9}, {9.513149f, 9.513149f}, ""), Row(0, false, {1, 1}, {1, 1}, "")}) {
+    state.view.gridSize = grid;
+    state.shiftDown = shift;
+    state.tool.next.vertexColor.blue = static_cast<std::uint8_t>(mouse.x);
+    Move(mouse.x, mouse.y);
+    const auto [x, y] = std::pair(Corner(1).x, Corner(1).y);
+    EXPECT_NEAR(std::hypot(x - corner.x, y - corner.y), 0, 1e-4) << mouse.x;
+    EXPECT_EQ(Corner(1).color.blue, static_cast<std::uint8_t>(mouse.x));
+    EXPECT_EQ(Listed(), listed) << mouse.x << ": never a corner of its own";
+  }
+  Move(58, 46);
+  ForgetHover(editing);
+  EXPECT_EQ(Listed(), "");
+}
+
+TEST_F(AddPolygonTest, ThePreviewNeedsRoom) {
+  for (const auto& [lastPolygon, lastSpawn, grid, isShown] :
+       {std::tuple(398, 29, 0, true),
+        {399, -1, 0, false},
+        {398, 29, 25, false},
+        {398, 28, 25, true}}) {  // with the grid the spawns count: kept so
+    map.lastPolygon = static_cast<std::int16_t>(lastPolygon);
+    map.lastSpawn = static_cast<std::int16_t>(lastSpawn);
+    state.view.gridSize = static_cast<std::int16_t>(grid);
+    map.polygons[399].vertices[0].x = -1;
+    Move(kAway.x, kAway.y);
+    EXPECT_EQ(map.polygons[399].vertices[0].x != -1, isShown) << lastPolygon << " " << lastSpawn;
+  }
+}
+
+TEST_F(AddPolygonTest, EscapeTakesTheTriangleAndItsColoursBack) {
+  Move(59, 47);
+  const DocumentState before = StateOf(map);
+  Press(59, 47);
+  Click(150, 150);
+  Move(160, 160);
+  CancelGesture(editing);
+  EXPECT_TRUE(StateOf(map) == before);
+  EXPECT_THAT(Steps(), IsEmpty());
+}
+
+class AddObjectsTest : public testing::Test, protected ToolBench {};
+
+TEST_F(AddObjectsTest, EachClickIsAStepUntilTheTableIsFull) {
+  using Row = std::tuple<ToolMode, std::int16_t MapDocument::*, int, const char*, const char*>;
+  for (const auto& [tool, lastOf, capacity, kind, step] :
+       {Row(ToolMode::kAddPolygon, &MapDocument::lastPolygon, 400, "polygons", "Polygon"),
+        Row(ToolMode::kAddSpawn, &MapDocument::lastSpawn, 30, "spawns", "Spwan"),
+        Row(ToolMode::kAddScenery, &MapDocument::lastScenery, 255, "sceneries", "Scenery"),
+        Row(ToolMode::kAddCollider, &MapDocument::lastCollider, 128, "colliders", "Collider"),
+        Row(ToolMode::kAddWaypoint, &MapDocument::lastWaypoint, 500, "waypoints", "Waypoint")}) {
+    ToolBench bench;
+    ChangeTool(bench.editing, tool);
+    bench.map.*lastOf = static_cast<std::int16_t>(capacity - 2);
+    const DocumentState before = StateOf(bench.map);
+    bench.TakeEvents();
+    bench.Press(333, 222);
+    EXPECT_EQ(bench.map.*lastOf, capacity - 1) << step;
+    EXPECT_THAT(bench.events, ElementsAre("RefreshInfoPanel", "RedrawMap"));
+    EXPECT_THAT(bench.Steps(), ElementsAre(step));
+    EXPECT_TRUE(bench.BeforeNewestStep() == before) << step;
+    EndConstruction(bench.state);
+    bench.map.*lastOf = static_cast<std::int16_t>(capacity - 1);
+    bench.Click(300, 200);
+    bench.ExpectRefusal("Max number of " + std::string(kind) + " reached.");
+    EXPECT_EQ(bench.Steps().size(), 1U);
+  }
+}
+
+TEST_F(AddObjectsTest, ObjectsTakePlaceAndPropertiesAndShowTheNextOne) {
+  using Row = std::tuple<std::int16_t, bool, float, float, float, float>;
+  for (const auto& [grid, ctrl, x, y, placedX, placedY] :
+       {Row(0, false, 10.3f, -4.5f, 10.299988f, -4.5f), Row(25, false, 37.5f, 12.5f, 50, 0),
+        Row(25, true, 37.5f, 12.5f, 37.5f, 12.5f)}) {
+    std::memset(&map.sceneries[0], 0x77, sizeof(SceneryObject));  // what lay there
+    state.view.gridSize = grid;
+    state.ctrlDown = ctrl;
+    const auto press = [&](ToolMode tool, std::int16_t value, std::int16_t& last) {
+      last = -1;
+      ChangeTool(editing, tool);
+      state.tool.value = value;
+      state.tool.next.visibility = "50%";
+      Move(x, y);
+      EXPECT_EQ(last, -1);
+      Press(x, y);
+    };
+    press(ToolMode::kAddSpawn, 2, map.lastSpawn);
+    const SpawnPoint spawn{
+        256, static_cast<int>(std::nearbyint(placedX * 256)), static_cast<int>(placedY * 256), 0, 2,
+        {}};
+    EXPECT_THAT(std::span(map.spawns).first(2), testing::Each(spawn)) << "and a preview";
+    press(ToolMode::kAddCollider, 7, map.lastCollider);
+    const Collider collider{1, {}, map.colliders[0].authorChar, placedX, placedY, 7};
+    EXPECT_EQ(map.colliders[0], collider);
+    EXPECT_EQ(map.colliders[1].x, placedX);
+    press(ToolMode::kAddScenery, 2, map.lastScenery);
+    const SceneryObject scenery = map.sceneries[0];
+    map.lastScenery = -1;
+    SceneryObject& expected = AddScenery(map, placedX + 0.5f, placedY + 0.5f, 2);
+    expected.level = 128;
+    EXPECT_EQ(scenery, expected);
+  }
+}
+
+TEST_F(AddObjectsTest, ALianaGetsItsDirectionByASecondClick) {
+  using Row = std::tuple<float, float, bool, double>;
+  for (const auto& [x, y, shift, rotation] :
+       {Row(10.5f, 30.5f, false, -90), Row(40.5f, -19.5f, true, 45),
+        Row(10, 0, false, 135)}) {  // from the stored place
+    ToolBench bench;
+    ChangeTool(bench.editing, ToolMode::kAddScenery);
+    bench.state.tool.value = 5;
+    bench.Click(10, 0);
+    EXPECT_EQ(bench.map.sceneries[0].rotation, -kPi / 2);
+    bench.state.shiftDown = shift;
+    bench.Click(x, y);
+    EXPECT_NEAR(bench.map.sceneries[0].rotation, rotation * M_PI / 180, 1e-6) << x;
+    EXPECT_EQ(std::tuple(bench.map.lastScenery, bench.state.tool.value), std::tuple(0, 5));
+    EXPECT_THAT(bench.Steps(), ElementsAre("Scenery"));
+    EXPECT_FALSE(bench.state.gesture.InProgress());
+  }
+}
+
+TEST_F(AddObjectsTest, ALianaWithoutASecondClickHangsDownOrIsTakenBack) {
+  for (const bool isCancelled : {true, false}) {
+    ChangeTool(editing, ToolMode::kAddScenery);
+    state.tool.value = 5;
+    Press(10, 0);
+    Move(40, -30);
+    isCancelled ? CancelGesture(editing) : ChangeTool(editing, ToolMode::kEdit);
+    EXPECT_EQ(map.lastScenery, isCancelled ? -1 : 0);
+    EXPECT_EQ(Steps().size(), isCancelled ? 0U : 1U);
+  }
+  EXPECT_EQ(map.sceneries[0].rotation, -kPi / 2);
+  // One that a snapshot dropped, as each drops the last slot, turns no other scenery.
+  while (map.lastScenery < 253) AddScenery(map, 500, 500, 1);
+  ChangeTool(editing, ToolMode::kAddScenery);
+  state.tool.value = 5;
+  Press(10, 0);
+  TakeUndoSnapshot(editing, "Help");
+  Click(40, -30);
+  EXPECT_EQ(map.sceneries[253].rotation, 0);
+}
+
+class AddWaypointTest : public AddObjectsTest {
+ protected:
+  AddWaypointTest() { ChangeTool(editing, ToolMode::kAddWaypoint); }
+};
+
+TEST_F(AddWaypointTest, CreatesUnderThePointerAndDrawsChains) {
+  state.view.gridSize = 25;
+  state.tool.value = 2;
+  state.tool.next.botSettings = {1, 0, 1, 0, 1};
+  map.waypoints[0].connectionCount = 3;  // what lay there
+  Press(37.25f, -12.5f);
+  EXPECT_EQ(map.waypoints[0], (Waypoint{1, 1, 9536, -3200, {1, 0, 1, 0, 1}, {}, 2, 0, {}}));
+  for (const auto& [count, after] : {std::pair(0, 1), {19, 20}, {20, 20}, {21, 21}, {-3, 1}}) {
+    state.ctrlDown = count != 0;
+    state.shiftDown = !state.ctrlDown;
+    Waypoint& last = map.waypoints[static_cast<std::size_t>(map.lastWaypoint)];
+    last.connectionCount = count;
+    Click(static_cast<float>(map.lastWaypoint) * 50, 100);
+    EXPECT_EQ(last.connectionCount, after);
+    const auto added = static_cast<std::size_t>(after - 1);
+    EXPECT_EQ(after == count || last.connections[added] == map.lastWaypoint + 1, true);
+  }
+  EXPECT_THAT(dialogs.messages, IsEmpty());
+}
+
+TEST_F(AddWaypointTest, TwoClicksConnectOneWay) {
+  for (int i = 0; i < 3; ++i) AddWaypoint(map, 100.0f * static_cast<float>(i), 0, 1);
+  for (const float target : {204.0f, 200.0f, 100.0f}) {  // again, and to itself
+    Click(104, 4);
+    EXPECT_EQ(selection.connectionAnchor, 1);
+    Click(target, 0);
+    EXPECT_EQ(selection.connectionAnchor, kNoIndex);
+  }
+  EXPECT_THAT(LinksOf(map, 1), ElementsAre(3, 3, 2));
+  EXPECT_THAT(Steps(), ElementsAre("Waypoint", "Waypoint", "Waypoint"));
+  Click(0, 0);
+  Click(50, 50);  // beside all of them
+  EXPECT_EQ(selection.connectionAnchor, kNoIndex);
+  Click(0, 0);
+  CancelGesture(editing);
+  EXPECT_EQ(selection.connectionAnchor, kNoIndex);
+  EXPECT_EQ(std::pair(map.lastWaypoint, Steps().size()), std::pair(std::int16_t{2}, std::size_t{5}))
+      << "the steps stay";
+  Click(100, 0);
+  map.waypoints[0].connectionCount = map.waypoints[1].connectionCount = 20;  // in the meantime
+  Click(200, 0);
+  EXPECT_EQ(map.waypoints[1].connectionCount, 20);
+  Click(0, 0);
+  ExpectRefusal("Selected waypoint have max number of connections.");
+  EXPECT_EQ(std::pair(selection.connectionAnchor, Steps().size()),
+            std::pair(kNoIndex, std::size_t{6}));
+}
+
+class ToolChangeTest : public testing::Test, protected ToolBench {};
+
+TEST_F(ToolChangeTest, AnAddToolStartsCleanAndShowsItsKind) {
+  AddCollider(map, 0, 0, 12);
+  for (std::size_t tool = 1; tool < kToolCount; ++tool) {
+    SelectEverything(selection, map);
+    selection.moveSnapshotTaken = selection.placing = true;
+    selection.connectionAnchor = 3;
+    state.show.showFlags.fill(0);
+    TakeEvents();
+    ChangeTool(editing, static_cast<ToolMode>(tool));
+    std::array<std::int16_t, 7> shown{};
+    shown[tool - 1] = 1;
+    EXPECT_EQ(state.show.showFlags, shown);
+    EXPECT_EQ(std::tuple(Listed(), selection.connectionAnchor), std::tuple("", kNoIndex));
+    EXPECT_FALSE(selection.moveSnapshotTaken || selection.placing);
+    EXPECT_THAT(TakeEvents(),
+                ElementsAre("SetPointer 0", "SetPointer 2", "RefreshInfoPanel", "RedrawMap"));
+    SelectEverything(selection, map);
+    selection.connectionAnchor = state.tool.value = 3;
+    ChangeTool(editing, ToolMode::kEdit);
+    EXPECT_EQ(Listed(), "c0") << "Edit keeps the selection";
+    EXPECT_EQ(std::tuple(selection.connectionAnchor, state.tool.value), std::tuple(kNoIndex, 0));
+    EXPECT_THAT(TakeEvents(), ElementsAre("SetPointer 0", "RefreshInfoPanel", "RedrawMap"));
+  }
+}
+
+TEST_F(ToolChangeTest, OffersWhatTheLastObjectHas) {
+  NextObject& next = state.tool.next;
+  const auto offered = [&] {
+    std::vector<std::int16_t> values;
+    for (int tool = 1; tool < kToolCount; ++tool) {
+      ChangeTool(editing, static_cast<ToolMode>(tool));
+      values.push_back(state.tool.value);
+    }
+    return values;
+  };
+  next = {.vertexColor = {1, 2, 3}, .visibility = "10%", .colliderSize = "99"};
+  EXPECT_THAT(offered(), ElementsAre(0, 0, 1, 12, 1));
+  EXPECT_EQ(next.visibility + next.colliderSize, "100%12");
+  for (const std::uint8_t i : {std::uint8_t{1}, std::uint8_t{2}}) {  // the second of each counts
+    AddTriangle(map, {}).vertices[2].color = {.blue = i, .green = 5, .red = 6, .alpha = 0};
+    AddSpawn(map, 0, 0, 2);
+    AddScenery(map, 0, 0, 5 + i % 2).level = 191;
+    AddCollider(map, 0, 0, 18.5f + i);
+    AddWaypoint(map, 0, 0, 4 * i).botSettings = {1, i, 0, 0, 1};
+  }
+  // A spawn is always of the normal team; any path but the first is the second.
+  EXPECT_THAT(offered(), ElementsAre(0, 0, 5, 20, 2));
+  EXPECT_EQ(next.vertexColor, (Rgb{6, 5, 2}));
+  EXPECT_EQ(next.visibility + next.colliderSize, "75%20.5");
+  EXPECT_EQ(next.botSettings, (std::array<std::uint8_t, 5>{1, 2, 0, 0, 1}));
+}
+
+TEST_F(ToolChangeTest, AHalfBuiltTriangleGoesWithItsTool) {
+  ChangeTool(editing, ToolMode::kAddPolygon);
+  Click(100, 100);
+  ChangeTool(editing, ToolMode::kAddSpawn);
+  EXPECT_EQ(map.lastPolygon, -1);
+  EXPECT_FALSE(state.gesture.InProgress()) << "Escape takes back nothing later";
+}
+
+TEST_F(ToolChangeTest, TheRightButtonPansInEveryTool) {
+  for (int tool = 0; tool < kToolCount; ++tool) {
+    ChangeTool(editing, static_cast<ToolMode>(tool));
+    const float centerX = state.view.centerX;
+    Press(0, 0, MouseButton::kRight);
+    TakeEvents();
+    MoveMouse(editing, {MouseButton::kNone, 430, 300});
+    EXPECT_THAT(events, ElementsAre("RedrawMap")) << "the tool hears nothing of it";
+    EXPECT_EQ(state.view.centerX, centerX - 30);
+    Release();
+    EXPECT_TRUE(state.view.panning);
+    Release(MouseButton::kRight);
+    EXPECT_FALSE(state.view.panning);
+    state.view.centerX = 0;
+  }
+}
+
+}  // namespace
+}  // namespace vesmora
