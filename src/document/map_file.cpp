@@ -127,7 +127,7 @@ FileStatus WriteMap(const MapFileContext& context, const std::string& path, bool
   // The last slot of the scenery table is never kept.
   if (document.lastScenery == kSceneryCapacity - 1) {
     --document.lastScenery;
-    DropMissingSceneries(selection, document);
+    DropMissing(selection, document);
   }
   if (!isUndo) {
     FollowTurnedCorners(selection, document);

@@ -31,6 +31,16 @@ void Widen(float& low, float& high) {
   high = center + kSmallestExtent / 2;
 }
 
+int SlotOf(int index) { return index; }
+int SlotOf(const VertexReference& vertex) { return vertex.polygon; }
+
+template <typename List>
+void DropBehind(List& list, std::int16_t last) {
+  const auto end = std::remove_if(list.entries.begin(), list.entries.begin() + list.Count(),
+                                  [last](const auto& entry) { return SlotOf(entry) > last; });
+  list.last = static_cast<std::int16_t>(end - list.entries.begin() - 1);
+}
+
 }  // namespace
 
 std::int16_t Selection::TotalCounter() const {
@@ -70,13 +80,14 @@ void ResetDragState(Selection& selection) {
   selection.connectionAnchor = kNoIndex;
 }
 
-void DropMissingSceneries(Selection& selection, const MapDocument& document) {
-  const auto listed = selection.sceneries;
-  selection.sceneries.Clear();
-  for (const std::uint8_t index : listed.Items()) {
-    if (index <= document.lastScenery) selection.sceneries.Add(index);
-  }
-  if (selection.Empty() && !listed.Empty()) selection.box = SelectionBox{};
+void DropMissing(Selection& selection, const MapDocument& document) {
+  const bool wasEmpty = selection.Empty();
+  DropBehind(selection.vertices, document.lastPolygon);
+  DropBehind(selection.spawns, document.lastSpawn);
+  DropBehind(selection.sceneries, document.lastScenery);
+  DropBehind(selection.colliders, document.lastCollider);
+  DropBehind(selection.waypoints, document.lastWaypoint);
+  if (selection.Empty() && !wasEmpty) selection.box = SelectionBox{};
 }
 
 SelectionBox BoundsOf(const Selection& selection, const MapDocument& document) {
@@ -104,6 +115,10 @@ SelectionBox BoundsOf(const Selection& selection, const MapDocument& document) {
     bounds.Include(FromFixedPoint(waypoint.x), FromFixedPoint(waypoint.y));
   }
   return {bounds.left, bounds.right, bounds.top, bounds.bottom};
+}
+
+void CompleteSelectionBox(Selection& selection, const MapDocument& document) {
+  if (!selection.Empty() && !selection.box.Complete()) UpdateSelectionBox(selection, document);
 }
 
 void UpdateSelectionBox(Selection& selection, const MapDocument& document) {

@@ -93,8 +93,8 @@ void EndDrag(Selection& selection);
 /// Ends whatever the mouse was in the middle of; lists and box stay.
 void ResetDragState(Selection& selection);
 
-/// Unlists sceneries behind the table's last one; with the last entry goes the box.
-void DropMissingSceneries(Selection& selection, const MapDocument& document);
+/// Unlists what lies behind the tables' last ones; with the last entry goes the box.
+void DropMissing(Selection& selection, const MapDocument& document);
 
 /// The exact bounds of what is listed; all unset when that is nothing.
 SelectionBox BoundsOf(const Selection& selection, const MapDocument& document);
@@ -102,6 +102,10 @@ SelectionBox BoundsOf(const Selection& selection, const MapDocument& document);
 /// Sets the box to the bounds of what is listed, an extent under 4 units being
 /// widened about its centre so that a lone object can be grabbed.
 void UpdateSelectionBox(Selection& selection, const MapDocument& document);
+
+/// For commands that work about the box: a hover lists objects without one, and a press
+/// that is still held has set only its first corner.
+void CompleteSelectionBox(Selection& selection, const MapDocument& document);
 
 /// A whole selection and the tables' last indexes as one block of undo files.
 inline constexpr std::size_t kSelectionBlockSize = 5058;

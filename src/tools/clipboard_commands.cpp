@@ -156,6 +156,7 @@ void MenuCopy(const Editing& editing) {
   MapDocument& document = state.document;
   Selection& selection = state.selection;
   Clipboard& clipboard = state.clipboard;
+  EndMouseWork(state);
   clipboard.overflow = false;
   CopyPolygons(document, selection, clipboard);
   CopyRecords(document.spawns, document.lastSpawn, clipboard.spawns, selection.spawns,
@@ -167,6 +168,7 @@ void MenuCopy(const Editing& editing) {
   CopyWaypoints(state);
   FillTails(document, clipboard);
   clipboard.box = selection.box;
+  if (selection.Empty()) selection.box = SelectionBox{};  // the lists may have been cut to nothing
   RefreshAll(editing);
 }
 

@@ -193,6 +193,7 @@ void MenuDelete(const Editing& editing) {
   TakeUndoSnapshot(editing, "Delete");
   if (state.document.toolIndex != ToolMode::kEdit) {
     TakeBack(editing);
+    DropMissing(state.selection, state.document);  // the hovered one may have gone
   } else if (state.selection.Empty()) {
     editing.ports.dialogs.Show({.text = "You need select something at first.",
                                 .title = "Problem",

@@ -164,6 +164,7 @@ void MoveInEdit(const Editing& editing, const MouseInput& input) {
 
 void ReleaseInEdit(const Editing& editing) {
   Selection& selection = editing.state.selection;
+  if (selection.placing) return;  // the press was on something else, a dialog's button perhaps
   const bool wasHeld = editing.state.gesture.InProgress();
   editing.state.gesture.End();
   selection.buttonHeld = false;

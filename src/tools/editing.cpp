@@ -41,6 +41,7 @@ void EndMouseWork(EditingState& state) {
   if (state.document.toolIndex != ToolMode::kEdit) return;
   EndDrag(state.selection);
   state.gesture.End();
+  CompleteSelectionBox(state.selection, state.document);
 }
 
 bool SnapsToGrid(const EditingState& state) { return state.view.gridSize >= 1 && !state.ctrlDown; }

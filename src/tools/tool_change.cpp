@@ -76,6 +76,7 @@ void EndConstruction(EditingState& state) {
   if (!IsConstructing(state)) return;
   --state.document.lastPolygon;
   state.tool.value = 0;
+  DropMissing(state.selection, state.document);
 }
 
 SceneryObject* PendingScenery(EditingState& state) {
