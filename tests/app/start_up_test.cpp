@@ -1,7 +1,9 @@
+// Start and end, and what the settings keep between runs.
 #include "app/start_up.h"
 
 #include <gmock/gmock.h>
 
+#include <cerrno>
 #include <filesystem>
 
 #include "support/editor_bench.h"
@@ -9,136 +11,137 @@
 namespace vesmora {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
+using testing::ElementsAre, testing::IsEmpty;
 
-class StartUpTest : public testing::Test {
+using Slots = std::array<std::string, kRecentSlots>;
+
+class StartUpTest : public testing::Test, protected EditorBench {
  protected:
-  StartUpTest() { PutFile(bench_.folder / "game/Soldat.exe", {}); }
-
   /// The messages of a start with these arguments.
   std::vector<Message> Start(const std::string& arguments) {
-    bench_.state.redrawSuppressed = true;
-    bench_.events.clear();
-    FirstActivation(bench_.editor, arguments);
-    return bench_.TakeMessages();
+    state.redrawSuppressed = true;
+    events.clear();
+    FirstActivation(editor, arguments);
+    return TakeMessages();
   }
 
-  EditorBench bench_;
-  RecentFiles& recent_ = bench_.state.recent;
+  const std::string game_ = folder / "game/Soldat.exe";
+  Slots& recent_ = state.recent.slots;
 };
 
-TEST_F(StartUpTest, TheTitleNamesTheVersion) {
-  EXPECT_EQ(WindowTitle("1.2", ""), "Vesmora  1.2");
-  EXPECT_EQ(WindowTitle("1.2", "BETA"), "Vesmora  1.2 BETA");
-  EXPECT_EQ(WindowTitle("1.2", "Beta"), "Vesmora  1.2");
-}
-
 TEST_F(StartUpTest, TheFirstActivationKeepsItsOrder) {
-  std::filesystem::remove(bench_.folder / "game/Soldat.exe");
-  const std::string warning = bench_.folder / "game/Soldat.exe";
-  const auto messages = Start("/no such.pmp");
-  EXPECT_THAT(messages,
+  EXPECT_THAT(Start("/no such.pmp"),
               ElementsAre(FileError("File '" + AbsolutePath("/no such.pmp") + "' not found."),
-                          Message{warning + " not found.\nExtract Vesmora in Soldat directory for "
-                                            "full effect.",
+                          Message{game_ + " not found.\nExtract Vesmora in Soldat directory for "
+                                          "full effect.",
                                   "Warning", MessageIcon::kExclamation}));
-  EventLog landmarks;
-  for (const std::string& event : bench_.events) {
-    const bool isRefresh = event == "RefreshInfoPanel" || event.starts_with("SetPointer");
-    if (!isRefresh) landmarks.push_back(event);
-  }
-  EXPECT_THAT(landmarks, ElementsAre("RestorePlacement", "LayOut", "Show File error",
-                                     "Read Recent/0", "Read Recent/1", "Read Recent/2",
-                                     "Read Recent/3", "Read Recent/4", "Show Warning", "RedrawMap"))
+  EXPECT_EQ(events.front(), "SetPointer 0") << "a new map comes first";
+  std::erase_if(events, [](const std::string& event) {
+    return event == "RefreshInfoPanel" || event.starts_with("SetPointer");
+  });
+  EXPECT_THAT(events, ElementsAre("RestorePlacement", "LayOut", "Show File error", "Read Recent/0",
+                                  "Read Recent/1", "Read Recent/2", "Read Recent/3",
+                                  "Read Recent/4", "Show Warning", "RedrawMap"))
       << "and nothing is drawn before the end";
-  ASSERT_GE(bench_.events.size(), 2U);
-  EXPECT_EQ(bench_.events.front(), "SetPointer 0") << "a new map comes first";
-  EXPECT_EQ(bench_.events[bench_.events.size() - 2], "RefreshInfoPanel");
+  EXPECT_EQ(WindowTitle("1.2", "BETA") + WindowTitle("1.2", "Beta"),
+            "Vesmora  1.2 BETAVesmora  1.2");
 }
 
 TEST_F(StartUpTest, OneArgumentNamesAFile) {
-  const std::string map = bench_.PutMap("my map.PmP");
+  PutFile(game_, {});
+  const std::string map = PutMap("my map.PmP");
   const Message unknown{"Unknow filetype", "Argument file open", MessageIcon::kCritical};
   const std::string absolute = AbsolutePath("a.pmp");
   using Row = std::tuple<std::string, std::string, std::vector<Message>>;
   for (const auto& [arguments, opened, messages] :
-       {Row("", "", {}), Row("     ", "", {}), Row(".pmp", "", {}), Row("  .pmp  ", "", {}),
-        Row("\"\"", "", {}), Row("\"ab\"", "", {}), Row("abcde", "", {unknown}),
-        Row("\"   \"", "", {unknown}), Row("\"\"\"\"\"", "", {unknown}),
-        Row("map.pmp.txt", "", {unknown}),
-        Row("a.pmp", "", {FileError("File '" + absolute + "' not found.")}), Row(map, map, {}),
-        Row("  " + map + " ", map, {}), Row("\"" + map + "\"", map, {}),
-        Row(" \"" + map + "\" ", map, {})}) {
+       {Row("  .pmp  ", "", {}), Row("\"ab\"", "", {}), Row("abcde", "", {unknown}),
+        Row("\"   \"", "", {unknown}), Row("map.pmp.txt", "", {unknown}),
+        Row("a.pmp", "", {FileError("File '" + absolute + "' not found.")}),
+        Row("  " + map + " ", map, {}), Row(" \"" + map + "\" ", map, {})}) {
     EXPECT_EQ(Start(arguments), messages) << arguments;
-    EXPECT_EQ(bench_.document.fileName, opened.empty() ? "" : AbsolutePath(opened)) << arguments;
-    EXPECT_EQ(bench_.document.lastPolygon >= 0, !opened.empty());
+    EXPECT_EQ(document.fileName, opened.empty() ? "" : AbsolutePath(opened)) << arguments;
+  }
+  settings.values = {{"Recent/0", "/maps/a.pmp"}, {"Recent/Path", "/last/"}};
+  Start(map);
+  EXPECT_THAT(recent_, ElementsAre("/maps/a.pmp", "", "", "", "")) << "no recent one";
+  EXPECT_EQ(settings.values["Recent/Path"], "/last/");
+  EXPECT_THAT(Start(PutMap("a.Pre", "bunker.pre")), IsEmpty());
+  EXPECT_GE(document.lastPolygon, 0);
+  EXPECT_FALSE(selection.Empty() || journal.caption == "&Undo Import");
+}
+
+TEST_F(StartUpTest, RecentFilesOpenOrLeaveTheirSlot) {
+  const std::string a = PutMap("a.pmp");
+  const std::string c = PutMap("c.pmp");
+  // Emptied is the chosen slot, also when its neighbour names the same lost file.
+  recent_ = {a, "/gone.pmp", c, "/gone.pmp", ""};
+  MenuRekentti(editor, 3);
+  EXPECT_THAT(recent_, ElementsAre(a, "/gone.pmp", c, "", ""));
+  EXPECT_EQ(events.back(), "RefreshInfoPanel") << "the menus are shown anew";
+  EXPECT_EQ(TakeMessages().size(), 1U);
+  MenuRekentti(editor, 2);
+  EXPECT_EQ(document.fileName, c);
+  EXPECT_THAT(recent_, ElementsAre(c, a, "/gone.pmp", "", ""));
+  EXPECT_THAT(settings.values, IsEmpty()) << "kept at the end only";
+  files.FailAll("Read", EIO);
+  MenuRekentti(editor, 1);
+  EXPECT_EQ(recent_[1], a) << "there, but cannot be read now";
+
+  using Row = std::tuple<Slots, std::string, Slots>;
+  for (const auto& [before, path, after] :
+       {Row({{"A", "B", "C", "D", "E"}}, "F", {{"F", "A", "B", "C", "D"}}),
+        Row({{"A", "B", "C", "D", "E"}}, "B", {{"B", "A", "", "C", "D"}}),
+        Row({{"A", "B", "", "D", "D"}}, "D", {{"D", "A", "B", "", ""}}),
+        Row({{"A", "B"}}, "a", {{"a", "A", "B"}})}) {  // letters' case counts
+    RecentFiles recent{before};
+    for (int times = 0; times < 2; ++times) AddRecent(recent, path);
+    EXPECT_EQ(recent.slots, after) << path;
   }
 }
 
-TEST_F(StartUpTest, APrefabIsImportedWithoutAnImportStep) {
-  EXPECT_THAT(Start(bench_.PutMap("a.Pre", "bunker.pre")), IsEmpty());
-  EXPECT_GE(bench_.document.lastPolygon, 0);
-  EXPECT_EQ(bench_.document.fileName, "");
-  EXPECT_FALSE(bench_.selection.Empty());
-  EXPECT_THAT(bench_.journal.caption, testing::AnyOf("&Undo", "&Undo Move"));
-}
-
-TEST_F(StartUpTest, TheCommandLinesMapIsNotARecentOne) {
-  bench_.settings.values = {{"Recent/0", "/maps/a.pmp"}, {"Recent/Path", "/last/"}};
-  Start(bench_.PutMap("b.pmp"));
-  EXPECT_THAT(recent_.slots, ElementsAre("/maps/a.pmp", "", "", "", ""));
-  EXPECT_EQ(bench_.settings.values["Recent/Path"], "/last/");
-}
-
-TEST_F(StartUpTest, ARecentFileThatIsGoneLeavesAGap) {
-  const std::string a = bench_.PutMap("a.pmp");
-  const std::string c = bench_.PutMap("c.pmp");
-  recent_.slots = {a, bench_.folder / "gone.pmp", c, "", ""};
-  MenuRekentti(bench_.editor, 1);
-  EXPECT_THAT(recent_.slots, ElementsAre(a, "", c, "", ""));
-  EXPECT_EQ(bench_.events.back(), "RefreshInfoPanel") << "the menus are shown anew";
-  EXPECT_EQ(bench_.TakeMessages().size(), 1U);
-  MenuRekentti(bench_.editor, 2);
-  EXPECT_EQ(bench_.document.fileName, c);
-  EXPECT_THAT(recent_.slots, ElementsAre(c, a, "", "", ""));
-  MenuRekentti(bench_.editor, 0);
-  EXPECT_THAT(recent_.slots, ElementsAre(c, a, "", "", ""));
-  EXPECT_FALSE(bench_.settings.values.contains("Recent/0")) << "kept at the end only";
-  EXPECT_FALSE(bench_.settings.values.contains("Recent/Path"));
-
-  // Emptied is the chosen slot, also when its neighbours name the same lost file.
-  recent_.slots = {"/gone.pmp", "/gone.pmp", a, "", ""};
-  MenuRekentti(bench_.editor, 1);
-  EXPECT_THAT(recent_.slots, ElementsAre("/gone.pmp", "", a, "", ""));
-}
-
 TEST_F(StartUpTest, TheEndKeepsSettingsAndThenDeletesTheSnapshots) {
-  bench_.Snapshot("Move");
-  const std::string snapshot = bench_.journal.NewestFile();
-  PutFile(bench_.Temp("backup.pmp"), {});
-  recent_.slots = {"/maps/a.pmp", "", "/maps/c.pmp", "", ""};
-  bench_.window.placement = {.state = 2, .top = -7, .left = 8, .width = 900, .height = 700};
-  bench_.settings.onWrite = [&] { EXPECT_TRUE(std::filesystem::exists(snapshot)); };
-  bench_.events.clear();
-  CleanUp(bench_.editor);
-  EXPECT_THAT(bench_.events,
-              ElementsAre("Write Recent/0", "Write Recent/1", "Write Recent/2", "Write Recent/3",
-                          "Write Recent/4", "Write Windows/State", "Write Windows/Top",
-                          "Write Windows/Left", "Write Windows/Width", "Write Windows/Height"));
-  const std::map<std::string, std::string> kept = {{"Recent/0", "/maps/a.pmp"},
-                                                   {"Recent/1", ""},
-                                                   {"Recent/2", "/maps/c.pmp"},
-                                                   {"Recent/3", ""},
-                                                   {"Recent/4", ""},
-                                                   {"Windows/State", "2"},
-                                                   {"Windows/Top", "-7"},
-                                                   {"Windows/Left", "8"},
-                                                   {"Windows/Width", "900"},
-                                                   {"Windows/Height", "700"}};
-  EXPECT_EQ(bench_.settings.values, kept);
+  Snapshot("Move");
+  const std::string snapshot = journal.NewestFile();
+  recent_ = {"  /maps/a b.pmp ", "a.pm", "/maps/c.pmp", "", ""};
+  window.placement = {.state = 2, .top = -7, .left = 8, .width = {}, .height = 700};
+  settings.onWrite = [&] { EXPECT_TRUE(std::filesystem::exists(snapshot)); };
+  CleanUp(editor);
   EXPECT_FALSE(std::filesystem::exists(snapshot));
-  EXPECT_TRUE(std::filesystem::exists(bench_.Temp("backup.pmp")));
+  LoadRecent(state.recent, settings);
+  EXPECT_EQ(recent_, (Slots{"/maps/a b.pmp", "a.pm", "/maps/c.pmp", "", ""}));
+  EXPECT_FALSE(RecentMenuItemOf(state.recent, 1).visible ||
+               RecentMenuItemOf(state.recent, 3).visible);
+  EXPECT_EQ(RecentMenuItemOf(state.recent, 2).caption, "&3 /maps/c.pmp");
+  const WindowPlacement again = LoadPlacement(settings);
+  EXPECT_THAT((std::array{again.state, again.top, again.left, again.width, again.height}),
+              ElementsAre(2, -7, 8, std::nullopt, 700));
+  using Row = std::pair<std::string, std::optional<int>>;
+  for (const auto& [text, width] :
+       {Row("wide", {}), Row("-999", {}), Row("nan", {}), Row("1e999", {}), Row(" -12 ", -12),
+        Row("2.5pt", 2), Row("32768", 32767)}) {
+    settings.values["Windows/Width"] = text;
+    EXPECT_EQ(LoadPlacement(settings).width, width) << text;
+  }
+}
+
+TEST_F(StartUpTest, AWindowCanAlwaysBeReached) {
+  using Rect = ScreenRect;
+  using Row = std::tuple<Rect, int, Rect>;  // where it stood, the screens, where it comes up
+  const std::vector<Rect> screens = {{0, 0, 1920, 1080}, {-1280, 100, 1280, 1024}};
+  for (const auto& [place, count, expected] :
+       {Row({-780, 50, 900, 700}, 1, {-780, 50, 900, 700}),  // 120 pixels to drag by
+        Row({-790, 50, 900, 700}, 1, {0, 50, 900, 700}),
+        Row({1900, 50, 900, 700}, 1, {1020, 50, 900, 700}),
+        Row({100, -650, 900, 700}, 1, {100, 28, 900, 700}),    // the title bar is above
+        Row({100, 1080, 900, 700}, 1, {100, 1080, 900, 700}),  // its bar can be seen
+        Row({32767, 32767, 32767, 32767}, 1, {0, 28, 1920, 1080}),
+        Row({-1250, 200, 1900, 1060}, 2, {-1250, 200, 1280, 1024}),
+        Row({10, 1100, 1900, 700}, 1, {10, 380, 1900, 700})}) {  // eight rows are no handle
+    const Rect fitted =
+        FitToScreens(place, std::span(screens).first(static_cast<std::size_t>(count)));
+    EXPECT_EQ(fitted, expected) << place.left << "," << place.top << " gave " << fitted.left << ","
+                                << fitted.top;
+  }
 }
 
 }  // namespace

@@ -8,346 +8,256 @@
 #include "panel/map_handlers.h"
 #include "panel/object_handlers.h"
 #include "panel/vertex_handlers.h"
-#include "support/map_builder.h"
 #include "support/panel_bench.h"
 
 namespace vesmora {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
+
+constexpr auto kEdit = ToolMode::kEdit;
 
 const Message kSizeQuestion = {
     "You have select a custom size.\nThis will work but the official MapMaker will not show "
     "custom sized colliders.\nDo you still want continue?",
     "Warning", MessageIcon::kQuestion};
+const Message kPassableQuestion = {
+    "This is not RECOMMENED setting.\nPlayers will disappear behind passable polygons and the "
+    "official MapMaker will not allow to edit these polygons.\nDo you still want to use this?",
+    "Warning", MessageIcon::kQuestion};
 
-class PanelHandlersTest : public testing::Test, protected PanelBench {};
-
-TEST_F(PanelHandlersTest, NothingHappensWhileThePanelIsRefreshed) {
-  Show(ToolMode::kEdit, "v0.0 v1.1 s0 s1 o0 o1 c0 c1 w0 w1");
-  const PanelContents contents = shown;
-  const DocumentState before = StateOf(map);
-  panel.panelRefreshing = true;
-  for (const ToolMode tool : {ToolMode::kEdit, ToolMode::kAddScenery, ToolMode::kAddWaypoint}) {
-    map.toolIndex = tool;
-    for (const Act& act : {Act(CBtausta1_Click),
-                           Act(CBtausta2_Click),
-                           Act(CBverticevari_Click),
-                           Act(CByhista_Click),
-                           Act(CBerota_Click),
-                           Act(CBtexPalauta_Click),
-                           Act(CBtexPoista_Click),
-                           Act(CBspawn_DropDown),
-                           Act(CBscenery_DropDown),
-                           Act(CBscenery2_DropDown),
-                           With(CBtexEiKorjaus_Click, true),
-                           With(CBverticeLapi_Click, true),
-                           With(CBverticeLapi_Click, false),
-                           With(CBnayta_Click, 0, false),
-                           With(CBnayta_Click, 3, false),
-                           With(CBspawn_Click, "CTF Red"),
-                           With(CBscenery_Click, "Barrel"),
-                           With(CBscenery2_Click, "50%"),
-                           With(CBscenery2_Enter, "500"),
-                           With(CBcollider_Click, "24"),
-                           With(CBcollider_Enter, "13"),
-                           With(CBbotValinta_Click, 1, true),
-                           With(OBbotKumpi_Click, 2)}) {
-      act(context);
-    }
+class PanelHandlersTest : public testing::Test, protected PanelBench {
+ protected:
+  PolygonVertex& Corner(std::size_t polygon, std::size_t corner) {
+    return map.polygons[polygon].vertices[corner];
   }
-  map.toolIndex = ToolMode::kEdit;
-  EXPECT_TRUE(StateOf(map) == before);
-  EXPECT_EQ(shown, contents);
-  EXPECT_EQ(state.tool.value, 0);
-  EXPECT_FALSE(state.tool.next.noTextureCorrection);
-  EXPECT_EQ(state.tool.next.visibility + state.tool.next.colliderSize, "100%12");
-  EXPECT_THAT(state.tool.next.botSettings, ElementsAre(0, 0, 0, 0, 0));
-  EXPECT_THAT(state.show.showFlags, ElementsAre(1, 1, 1, 1, 1, 0, 0));
-  OBbotNayta_Click(context, 2);  // the exception: a forced choice must take effect
-  EXPECT_EQ(state.show.pathFilter, 2);
-  EXPECT_TRUE(panel.panelRefreshing);
-  EXPECT_THAT(TakeEvents(), IsEmpty());
-}
+};
 
-TEST_F(PanelHandlersTest, RefusalsInEdit) {
-  using Row = std::tuple<const char*, const char*, Act>;
-  for (const auto& [listed, reason, act] :
-       {Row("", "1 vertice.", CBverticevari_Click),
-        Row("", "1 vertice.", With(CBverticeLapi_Click, true)),
-        Row("", "1 vertice.", With(CBverticeLapi_Click, false)),
-        Row("", "1 vertice.", CBtexPalauta_Click), Row("", "1 vertice.", CBtexPoista_Click),
-        Row("", "2 vertices", CByhista_Click), Row("v0.1", "2 vertices", CByhista_Click),
-        Row("", "2 vertices.", CBerota_Click), Row("v0.1", "2 vertices.", CBerota_Click),
-        Row("", "1 spawnpoint.", With(CBspawn_Click, "CTF Red")),
-        Row("", "1 scenery.", With(CBscenery_Click, "Barrel")),
-        Row("", "1 scenery.", With(CBscenery2_Click, "50%")),
-        Row("", "1 scenery.", With(CBscenery2_Enter, "40")),
-        Row("", "1 waypoint.", With(OBbotKumpi_Click, 2))}) {
-    Show(ToolMode::kEdit, listed);
-    Expect(act, {"Show Problem"});
-    ExpectRefusal(std::string("You need select at least ") + reason);
-  }
-  // These have taken their step by then.
-  Expect(With(CBcollider_Click, "24"), {"Step Size", "Show Problem"});
-  ExpectRefusal("You need select at least 1 collider.");
-  Expect(With(CBbotValinta_Click, 4, true), {"Step Editing", "Show Problem"});
-  ExpectRefusal("You need select at least 1 waypoint.");
-}
-
-TEST_F(PanelHandlersTest, OneChangeOneStepOneRedraw) {
-  for (auto& polygon : map.normals) polygon.edges.fill({0, 0, 3});
+TEST_F(PanelHandlersTest, RefusalStepChangeAndRedrawInEdit) {
+  dialogs.answers.assign(1, true);
+  dialogs.chosenColors = {0x0A0B0C};
+  Corner(0, 1).color = Corner(1, 2).color = {3, 2, 1, 77};
+  for (auto& polygon : map.normals) polygon.edges.fill({0, 2, 3});
   for (auto& corner : map.polygons[0].vertices) corner.u = corner.v = 7;
-  const auto textures = [](auto makeU) {
-    return [=](MapDocument& document) {
-      for (auto& corner : document.polygons[0].vertices) {
-        corner.u = makeU(corner.x, 160);
-        corner.v = makeU(corner.y, 120);
-      }
-    };
+  const auto corners = [](auto change) {
+    return [=](MapDocument& m) { std::ranges::for_each(m.polygons[0].vertices, change); };
   };
+  const auto world = [](PolygonVertex& corner) {
+    corner.u = corner.x / 160, corner.v = corner.y / 120;
+  };
+  const auto none = [](PolygonVertex& corner) { corner.u = corner.v = 0; };
   const auto spawns = [](std::uint8_t team) {
-    return [=](MapDocument& document) { document.spawns[0].team = document.spawns[1].team = team; };
+    return [=](MapDocument& m) { m.spawns[0].team = m.spawns[1].team = team; };
   };
-  const auto scenery = [](std::uint8_t type, std::uint8_t level) {
-    return [=](MapDocument& document) {
-      for (auto* changed : {&document.sceneries[0], &document.sceneries[2]}) {
-        if (type != 0) changed->type = type;
-        if (level != 0) changed->level = level;
-      }
+  const auto sceneries = [](auto field, int value) {
+    const auto byte = static_cast<std::uint8_t>(value);
+    return [=](MapDocument& m) { m.sceneries[0].*field = m.sceneries[2].*field = byte; };
+  };
+  const auto bots = [](std::size_t i, std::uint8_t value) {
+    return [=](MapDocument& m) {
+      m.waypoints[0].botSettings[i] = m.waypoints[2].botSettings[i] = value;
     };
   };
-  const auto radius = [](float size) {
-    return [=](MapDocument& document) {
-      document.colliders[0].radius = document.colliders[1].radius = size;
-    };
+  const auto recolor = [](MapDocument& m) {
+    m.polygons[0].vertices[1].color = m.polygons[1].vertices[2].color = {10, 11, 12, 77};
   };
-  const auto bots = [](std::size_t setting, std::uint8_t value) {
-    return [=](MapDocument& document) {
-      for (const std::size_t i : {0u, 2u}) document.waypoints[i].botSettings[setting] = value;
-    };
-  };
-  const auto makeSolid = [](MapDocument& document) { RecomputeNormals(document, 0); };
-  const auto divide = [](float place, float divisor) { return place / divisor; };
-  const auto zero = [](float, float) { return 0.f; };
-  using Row = std::tuple<const char*, const char*, Act, Change>;
-  for (const auto& [listed, step, act, change] :
-       {Row("v0.1", "Texture", CBtexPalauta_Click, textures(divide)),
-        Row("v0.1 v0.2", "Texture", CBtexPoista_Click, textures(zero)),
-        Row("v0.1", "Passable", With(CBverticeLapi_Click, false), makeSolid),
-        Row("s0 s1", "Type", With(CBspawn_Click, "CTF Blue"), spawns(2)),
-        Row("s0 s1", "Type", With(CBspawn_Click, "CTF Red"), spawns(1)),
-        Row("s0 s1", "Type", With(CBspawn_Click, "Many types"), spawns(0)),
-        Row("o0 o2", "Type", With(CBscenery_Click, "Grass"), scenery(1, 0)),
-        Row("o0 o2", "Type", With(CBscenery_Click, "Big Crate"), scenery(21, 0)),
-        Row("o0 o2", "Visibility", With(CBscenery2_Click, "75%"), scenery(0, 191)),
-        Row("o0 o2", "Visibility", With(CBscenery2_Click, "50%"), scenery(0, 128)),
-        Row("o0 o2", "Visibility", With(CBscenery2_Click, "30%"), scenery(0, 76)),
-        Row("o0 o2", "Visibility", With(CBscenery2_Click, "70%"), scenery(0, 178)),
-        Row("c0 c1", "Size", With(CBcollider_Click, "24"), radius(24)),
-        Row("c0 c1", "Size", With(CBcollider_Click, "2"), radius(2)),
-        Row("c0 c1", "Size", With(CBcollider_Click, "998.5"), radius(998.5f)),
-        Row("c0 c1", "Size", With(CBcollider_Click, "999"), radius(999)),
-        Row("w0 w2", "Editing", With(CBbotValinta_Click, 4, true), bots(4, 1)),
-        Row("w0 w2", "Editing", With(CBbotValinta_Click, 0, false), bots(0, 0))}) {
-    SCOPED_TRACE(std::string(step) + " " + listed);
-    Show(ToolMode::kEdit, listed);
-    Expect(act, {std::string("Step ") + step, "RedrawMap"}, change);
-    const bool guards = listed[0] == 's' || step == std::string("Visibility");
-    EXPECT_EQ(drawnUnderGuard, guards);
+  const auto type = &SceneryObject::type;
+  const auto level = &SceneryObject::level;
+  const std::map<char, const char*> needed = {{'v', "vertice."},
+                                              {'s', "spawnpoint."},
+                                              {'o', "scenery."},
+                                              {'c', "collider."},
+                                              {'w', "waypoint."}};
+  using Row = std::tuple<std::string, std::string, Act, Change>;
+  for (const auto& [listed, asked, act, change] :
+       {Row("v0.1 v1.2", "ChooseColor, Step Color, RefreshInfoPanel, RedrawMap",
+            CBverticevari_Click, recolor),
+        Row("v0.1", "Ask Warning, Step Passable, RedrawMap", With(CBverticeLapi_Click, true),
+            [](MapDocument& m) {
+              m.normals[0].edges.fill({0, 0, 3});
+            }),
+        Row("v0.1", "Step Passable, RedrawMap", With(CBverticeLapi_Click, false),
+            [](MapDocument& m) { RecomputeNormals(m, 0); }),
+        Row("v0.1", "Step Texture, RedrawMap", CBtexPalauta_Click, corners(world)),
+        Row("v0.1 v0.2", "Step Texture, RedrawMap", CBtexPoista_Click, corners(none)),
+        Row("s0 s1", "Step Type, RedrawMap", With(CBspawn_Click, "CTF Blue"), spawns(2)),
+        Row("s0 s1", "Step Type, RedrawMap", With(CBspawn_Click, "CTF Red"), spawns(1)),
+        Row("s0 s1", "Step Type, RedrawMap", With(CBspawn_Click, "Many types"), spawns(0)),
+        Row("o0 o2", "Step Type, RedrawMap", With(CBscenery_Click, "Big Crate"),
+            sceneries(type, 21)),
+        Row("o0 o2", "", With(CBscenery_Click, "Many types"), {}),
+        Row("o0 o2", "Step Visibility, RedrawMap", With(CBscenery2_Click, "75%"),
+            sceneries(level, 191)),
+        Row("o0 o2", "Step Visibility, RedrawMap", With(CBscenery2_Enter, " 33.3 x"),
+            sceneries(level, 85)),
+        Row("c0 c1", "Step Size, RedrawMap", With(CBcollider_Click, "998.5"),
+            [](MapDocument& m) { m.colliders[0].radius = m.colliders[1].radius = 998.5f; }),
+        Row("w0 w2", "Step Editing, RedrawMap", With(CBbotValinta_Click, 4, true), bots(4, 1)),
+        Row("w0 w2", "Step Editing, RedrawMap", With(CBbotValinta_Click, 0, false), bots(0, 0)),
+        Row("w0 w1", "Step Path, RedrawMap, RefreshInfoPanel", With(OBbotKumpi_Click, 2),
+            [](MapDocument& m) { m.waypoints[0].path = 2; })}) {
+    SCOPED_TRACE(listed + ": " + asked);
+    Show(kEdit, listed);
+    const PanelContents contents = shown;
+    panel.panelRefreshing = true;
+    act(context);
+    EXPECT_TRUE(shown == contents && TakeAsked().empty()) << "not while it is refreshed";
+    panel.panelRefreshing = false;
+    Show(kEdit, "");
+    const bool isStepFirst = asked.starts_with("Step Size") || asked.starts_with("Step Editing");
+    Expect(act, (isStepFirst ? asked.substr(0, asked.find("Redraw")) : "") + "Show Problem");
+    ExpectRefusal(std::string("You need select at least 1 ") + needed.at(listed[0]));
+    Show(kEdit, listed);
+    Expect(act, asked, change);
+    EXPECT_EQ(std::exchange(dialogs.messages, {}),
+              std::vector(asked.starts_with("Ask") ? 1U : 0U, kPassableQuestion));
+    EXPECT_EQ(drawnUnderGuard, listed[0] == 's' || asked.starts_with("Step Visibility"));
   }
-  Show(ToolMode::kEdit, "w0 w1");
-  Expect(With(OBbotKumpi_Click, 2), {"Step Path", "RedrawMap", "RefreshInfoPanel"},
-         [](MapDocument& document) { document.waypoints[0].path = 2; });
-  EXPECT_TRUE(shown.OBbotKumpi[1].chosen);
-  Show(ToolMode::kEdit, "o0 o1");
-  Expect(With(CBscenery_Click, "Many types"), {});  // is no type
+  EXPECT_THAT(dialogs.colorRequests, ElementsAre(0x030201));
 }
 
-TEST_F(PanelHandlersTest, BackgroundsTakeTheirStepBeforeTheDialog) {
+TEST_F(PanelHandlersTest, CancelledQuestions) {
+  Show(kEdit, "v0.2 v1.0");
+  dialogs.answers = {false};
+  Expect(With(CBverticeLapi_Click, true), "Ask Warning");
+  EXPECT_EQ(shown.CBverticeLapi.tick, Tick::kOn) << "until the next refresh";
+  const std::string asked = "Step Background, ChooseColor, RefreshInfoPanel, RedrawMap";
   map.backgroundColor1 = {1, 2, 3, 4};
   map.backgroundColor2 = {5, 6, 7, 8};
-  const EventLog asked = {"Step Background", "ChooseColor", "RefreshInfoPanel", "RedrawMap"};
-  for (const ToolMode tool : {ToolMode::kEdit, ToolMode::kAddPolygon, ToolMode::kAddWaypoint}) {
-    map.toolIndex = tool;
-    dialogs.chosenColors = {0x102030, std::nullopt, 0x405060, 0x050607, 0x010203};
-    dialogs.colorRequests.clear();
-    Expect(CBtausta1_Click, asked, [](MapDocument& document) {
-      document.backgroundColor1 = {0x10, 0x20, 0x30, 4};
-    });
-    Expect(CBtausta1_Click, asked);
-    Expect(CBtausta2_Click, asked, [](MapDocument& document) {
-      document.backgroundColor2 = {0x40, 0x50, 0x60, 8};
-    });
-    EXPECT_THAT(dialogs.colorRequests, ElementsAre(0x010203, 0x102030, 0x050607));
-    EXPECT_EQ(shown.CBtausta2.color, (Rgb{0x60, 0x50, 0x40}));
-    CBtausta2_Click(context);
-    CBtausta1_Click(context);
-  }
+  dialogs.chosenColors = {std::nullopt, 0x102030, std::nullopt, 0x405060};
+  Expect(CBverticevari_Click, "ChooseColor");
+  Expect(CBtausta1_Click, asked, [](MapDocument& m) {
+    m.backgroundColor1 = {0x10, 0x20, 0x30, 4};
+  });
+  Expect(CBtausta1_Click, asked);  // the step is there before the dialog
+  Expect(CBtausta2_Click, asked, [](MapDocument& m) {
+    m.backgroundColor2 = {0x40, 0x50, 0x60, 8};
+  });
+  EXPECT_THAT(dialogs.colorRequests, ElementsAre(0, 0x010203, 0x102030, 0x050607));
 }
 
-TEST_F(PanelHandlersTest, ShowBoxes) {
-  for (int i = 1; i <= 6; ++i) {
-    for (const bool isTicked : {false, true}) {
-      CBnayta_Click(context, i, isTicked);
-      std::array<std::int16_t, 7> flags = {1, 1, 1, 1, 1, 0, 0};
-      for (int k = 6; k > i; --k) flags[5] = 0;
-      flags[static_cast<std::size_t>(i) - 1] = isTicked ? 1 : 0;
-      EXPECT_EQ(state.show.showFlags, flags);
-      EXPECT_EQ(shown.CBnayta[static_cast<std::size_t>(i)].tick, isTicked ? Tick::kOn : Tick::kOff);
-      EXPECT_THAT(TakeEvents(), ElementsAre("RefreshInfoPanel", "RedrawMap"));
-    }
-  }
-  EXPECT_EQ(shown.CBnayta[0].tick, Tick::kOn);  // all six are
-  for (const bool isTicked : {false, true}) {
-    state.show.showFlags = {1, 0, 1, 1, 1, 0, 0};
-    RefreshInfoPanel(context);
-    auto boxes = shown.CBnayta;
-    boxes[0].tick = isTicked ? Tick::kOn : Tick::kOff;
-    CBnayta_Click(context, 0, isTicked);
-    const std::int16_t flag = isTicked ? 1 : 0;
-    EXPECT_THAT(state.show.showFlags, ElementsAre(flag, flag, flag, flag, flag, flag, 0));
-    EXPECT_EQ(shown.CBnayta, boxes);  // the others' ticks wait for the next refresh
-    EXPECT_THAT(TakeEvents(), ElementsAre("RefreshInfoPanel", "RedrawMap"));
-    RefreshInfoPanel(context);
-    for (const CheckContents& box : shown.CBnayta) EXPECT_EQ(box.tick, boxes[0].tick);
+TEST_F(PanelHandlersTest, ConnectJoinsCornersOneAxisAfterTheOther) {
+  Corner(0, 0) = {0, 0, 1, 1, {}, -0.0625f, 1};  // its u becomes 0 on the way, so v stays
+  Corner(0, 1) = {30, 6, 1, 1, {}, 1, 1};
+  Corner(0, 2) = {10, 2, 1, 1, {}, 0, 1};  // without a texture
+  Show(kEdit, "v0.0 v0.1 v0.0 v0.2");      // one listed twice weighs twice
+  CByhista_Click(context);
+  EXPECT_EQ(TakeAsked(), "Step Connect, RefreshInfoPanel, RedrawMap");
+  EXPECT_EQ(Corner(0, 0), (PolygonVertex{10, 2, 1, 1, {}, 0, 1}));
+  EXPECT_EQ(Corner(0, 1), (PolygonVertex{10, 2, 1, 1, {}, 1 - 20 / 160.f, 1 - 4 / 120.f}));
+  EXPECT_EQ(Corner(0, 2), (PolygonVertex{10, 2, 1, 1, {}, 0, 1}));
+  Show(kEdit, "v0.1");
+  Expect(CByhista_Click, "Show Problem");
+  ExpectRefusal("You need select at least 2 vertices");
+  Expect(CBerota_Click, "Show Problem");
+  ExpectRefusal("You need select at least 2 vertices.");
+}
+
+TEST_F(PanelHandlersTest, DisconnectSpreadsCornersInItsPattern) {
+  constexpr std::array<float, 6> kX = {4, -28, 52, -76, 100, -124};
+  constexpr std::array<float, 6> kY = {-2, 0, 26, -38, 0, 62};
+  state.view.zoom = 0.25f;
+  for (std::size_t i = 0; i < 6; ++i) Corner(i / 3, i % 3) = {0, 0, 1, 1, {}, 1, 1};
+  Corner(1, 1).v = 0;
+  Show(kEdit, "v0.0 v0.1 v0.2 v1.0 v1.1 v1.2");
+  CBerota_Click(context);
+  EXPECT_EQ(TakeAsked(), "Step Disconnect, SetPointer 0, RedrawMap, RefreshInfoPanel");
+  EXPECT_EQ(Listed() + shown.Lvalinta, "Nothing");
+  for (std::size_t i = 0; i < 6; ++i) {
+    const float u = i == 4 ? 1 : 1 + kX[i] / 160;
+    const float v = i == 4 ? 0 : 1 + kY[i] / 120;
+    EXPECT_EQ(Corner(i / 3, i % 3), (PolygonVertex{kX[i], kY[i], 1, 1, {}, u, v})) << i;
   }
 }
 
 TEST_F(PanelHandlersTest, OpenedListsOfferRealValuesOnly) {
-  Show(ToolMode::kEdit, "s0 s1 o0 o1");
-  CBspawn_DropDown(context);
-  CBscenery_DropDown(context);
-  CBscenery2_DropDown(context);
-  EXPECT_EQ(shown.CBspawn.tag, ListTag::kEmpty);
-  EXPECT_EQ(shown.CBscenery.tag, ListTag::kFirst);
-  EXPECT_EQ(shown.CBscenery2.tag, ListTag::kFirst);
-  EXPECT_EQ(SpawnItems(shown.CBspawn).size(), 3);
-  EXPECT_EQ(SceneryItems(shown.CBscenery).size(), 21);
-  EXPECT_EQ(VisibilityItems(shown.CBscenery2).size(), 4);
-  for (const auto* combo : {&shown.CBspawn, &shown.CBscenery, &shown.CBscenery2}) {
-    EXPECT_EQ(combo->text, "Many types");
-    EXPECT_TRUE(combo->enabled);
+  const auto counts = [this] {
+    return std::to_string(SpawnItems(shown.CBspawn).size()) + " " +
+           std::to_string(SceneryItems(shown.CBscenery).size()) + " " +
+           std::to_string(VisibilityItems(shown.CBscenery2).size());
+  };
+  Show(kEdit, "s0 s1 o0 o1");
+  for (const bool isGuarded : {true, false}) {
+    panel.panelRefreshing = isGuarded;
+    for (auto* open : {CBspawn_DropDown, CBscenery_DropDown, CBscenery2_DropDown}) open(context);
+    EXPECT_EQ(counts(), isGuarded ? "4 22 5" : "3 21 4");
   }
-  RefreshInfoPanel(context);
-  EXPECT_EQ(SpawnItems(shown.CBspawn).size(), 4);
-  EXPECT_EQ(SceneryItems(shown.CBscenery).size(), 22);
-  EXPECT_EQ(VisibilityItems(shown.CBscenery2).size(), 5);
   Show(ToolMode::kAddSpawn);
   CBspawn_DropDown(context);
   EXPECT_EQ(shown.CBspawn.tag, ListTag::kThird);
-  EXPECT_THAT(TakeEvents(), IsEmpty());
+  EXPECT_EQ(counts(), "3 0 0");
 }
 
-TEST_F(PanelHandlersTest, TypedVisibility) {
-  using Row = std::tuple<const char*, const char*, int>;  // what is typed, shown, stored
-  constexpr int kRefused = -1;
+TEST_F(PanelHandlersTest, TypedVisibilityAndSize) {
+  const std::string outOfLimit = "Size is out of the limit.";
+  using Visibility = std::tuple<const char*, std::string, int>;  // what is typed, shown, stored
   for (const auto& [typed, text, level] :
-       {Row("40", "40%", 102), Row("40%", "40%", 102), Row(" 33.3 x", "33.3%", 85),
-        Row("0", "0%", 0), Row("100", "100%", 255), Row("1.5", "1.5%", 4), Row("40,9", "40%", 102),
-        Row("nan", "0%", 0), Row("", "0%", 0), Row("-1", "100%", kRefused),
-        Row("100.01", "100%", kRefused), Row("500%", "100%", kRefused)}) {
-    SCOPED_TRACE(typed);
-    map.sceneries[0].level = map.sceneries[1].level = 9;
-    Show(ToolMode::kEdit, "o0 o1");
-    if (level == kRefused) {
-      Expect(With(CBscenery2_Enter, typed), {"Show Problem"});
-      ExpectRefusal("Size is out of the limit.");
-    } else {
-      const auto byte = static_cast<std::uint8_t>(level);
-      Expect(With(CBscenery2_Enter, typed), {"Step Visibility", "RedrawMap"},
-             [byte](MapDocument& document) {
-               document.sceneries[0].level = document.sceneries[1].level = byte;
-             });
-    }
-    EXPECT_EQ(shown.CBscenery2.text, text);
+       {Visibility("40%", "40%", 102), Visibility("0", "0%", 0), Visibility("100", "100%", 255),
+        Visibility("nan", "0%", 0), Visibility("-1", "", 102), Visibility("100.01", "", 102)}) {
+    map.sceneries[0].level = 102;
+    Show(kEdit, "o0");
+    Expect(With(CBscenery2_Enter, typed),
+           text.empty() ? "Show Problem" : "Step Visibility, RedrawMap",
+           [to = level](MapDocument& m) { m.sceneries[0].level = static_cast<std::uint8_t>(to); });
+    if (text.empty()) ExpectRefusal(outOfLimit);
+    EXPECT_EQ(shown.CBscenery2.text, text.empty() ? "100%" : text) << typed;
   }
-  // In the Add tool the next scenery gets what the box shows, whatever came before.
-  map.lastScenery = -1;
-  Choose(ToolMode::kAddScenery);
-  Expect(With(CBscenery2_Enter, "40"), {"RedrawMap"});
-  EXPECT_EQ(state.tool.next.visibility, "40%");
-  Expect(With(CBscenery2_Enter, "101"), {"Show Problem"});
-  EXPECT_EQ(shown.CBscenery2.text, "100%");
-  EXPECT_EQ(state.tool.next.visibility, "100%");
-}
-
-TEST_F(PanelHandlersTest, TypedColliderSize) {
-  const EventLog none = {"Show Problem"};
-  const EventLog plain = {"Step Size", "RedrawMap"};
-  const EventLog custom = {"Ask Warning", "Step Size", "RedrawMap"};
-  const EventLog cancelled = {"Ask Warning"};
-  using Row = std::tuple<const char*, EventLog, float>;  // the size after it
+  using Size = std::tuple<const char*, std::string, float>;  // the size after it
   for (const auto& [typed, asked, size] :
-       {Row("12", plain, 12.f), Row("16", plain, 16.f), Row("24", plain, 24.f),
-        Row("32", plain, 32.f), Row("12.5", custom, 12.5f), Row("12.5", cancelled, 77.f),
-        Row("2", custom, 2.f), Row("999", custom, 999.f), Row("1", none, 77.f),
-        Row("1.99", none, 77.f), Row("999.5", none, 77.f), Row("-16", none, 77.f),
-        Row("1e30", none, 77.f), Row("x", none, 77.f), Row("", none, 77.f)}) {
-    SCOPED_TRACE(typed);
+       {Size("32", "Step Size, RedrawMap", 32.f), Size("12.5", "Ask Warning", 77.f),
+        Size("2", "Ask Warning, Step Size, RedrawMap", 2.f), Size("1.99", "Show Problem", 77.f),
+        Size("999", "Ask Warning, Step Size, RedrawMap", 999.f),
+        Size("999.5", "Show Problem", 77.f)}) {
     map.colliders[1].radius = 77;
-    Show(ToolMode::kEdit, "c1");
-    dialogs.answers.assign(1, asked == custom);
-    const float after = size;
+    Show(kEdit, "c1");
+    dialogs.answers.assign(1, size != 77);
     Expect(With(CBcollider_Enter, typed), asked,
-           [after](MapDocument& document) { document.colliders[1].radius = after; });
+           [to = size](MapDocument& m) { m.colliders[1].radius = to; });
     EXPECT_EQ(shown.CBcollider.text, size == 77 ? "12" : typed);
-    if (asked == none) ExpectRefusal("Size is out of the limit.");
-    EXPECT_EQ(std::exchange(dialogs.messages, {}),
-              std::vector<Message>(asked[0] == "Ask Warning" ? 1 : 0, kSizeQuestion));
+    if (asked == "Show Problem") ExpectRefusal(outOfLimit);
+    for (const Message& question : std::exchange(dialogs.messages, {})) {
+      EXPECT_EQ(question, kSizeQuestion);
+    }
   }
   // From the list no question is asked, and what is no size comes after the step.
-  for (const char* size : {"1", "1000", "x"}) {
-    Show(ToolMode::kEdit, "c1");
-    Expect(With(CBcollider_Click, size), {"Step Size", "Show Problem"});
-    ExpectRefusal("Size is out of the limit.");
-    EXPECT_EQ(shown.CBcollider.text, "12");
-  }
+  Expect(With(CBcollider_Click, "1000"), "Step Size, Show Problem");
+  ExpectRefusal(outOfLimit);
 }
 
 TEST_F(PanelHandlersTest, AddToolsOnlyPrepareTheNextObject) {
-  const EventLog redraw = {"RedrawMap"};
-  const EventLog custom = {"Ask Warning", "RedrawMap"};
-  dialogs.answers = {true, true, false};
-  using Row = std::tuple<ToolMode, Act, int, EventLog>;
+  dialogs.answers = {true, false};
+  dialogs.chosenColors = {0x030405};
+  using Row = std::tuple<ToolMode, Act, int, const char*>;
   for (const auto& [tool, act, value, asked] :
-       {Row(ToolMode::kAddSpawn, With(CBspawn_Click, "CTF Red"), 1, redraw),
-        Row(ToolMode::kAddSpawn, With(CBspawn_Click, "Normal"), 0, redraw),
-        Row(ToolMode::kAddScenery, With(CBscenery_Click, "Liana"), 5, redraw),
-        Row(ToolMode::kAddScenery, With(CBscenery_Click, "Big Crate"), 21, redraw),
-        Row(ToolMode::kAddScenery, With(CBscenery2_Click, "50%"), 17, redraw),
-        Row(ToolMode::kAddCollider, With(CBcollider_Click, "24"), 24, redraw),
-        Row(ToolMode::kAddCollider, With(CBcollider_Enter, "12.5"), 12, custom),
-        Row(ToolMode::kAddCollider, With(CBcollider_Enter, "13.5"), 14, custom),
-        Row(ToolMode::kAddCollider, With(CBcollider_Enter, "33"), 20, {"Ask Warning"}),
-        Row(ToolMode::kAddCollider, With(CBcollider_Enter, "1"), 20, {"Show Problem"}),
-        Row(ToolMode::kAddWaypoint, With(OBbotKumpi_Click, 1), 1,
-            {"RedrawMap", "RefreshInfoPanel"}),
-        Row(ToolMode::kAddWaypoint, With(CBbotValinta_Click, 2, true), 2, redraw)}) {
+       {Row(ToolMode::kAddPolygon, CBverticevari_Click, 0,
+            "ChooseColor, RefreshInfoPanel, RedrawMap"),
+        Row(ToolMode::kAddSpawn, With(CBspawn_Click, "CTF Red"), 1, "RedrawMap"),
+        Row(ToolMode::kAddScenery, With(CBscenery_Click, "Liana"), 5, "RedrawMap"),
+        Row(ToolMode::kAddCollider, With(CBcollider_Click, "24"), 24, "RedrawMap"),
+        Row(ToolMode::kAddCollider, With(CBcollider_Enter, "13.5"), 14, "Ask Warning, RedrawMap"),
+        Row(ToolMode::kAddCollider, With(CBcollider_Enter, "33"), 20, "Ask Warning"),
+        Row(ToolMode::kAddWaypoint, With(OBbotKumpi_Click, 1), 1, "RedrawMap, RefreshInfoPanel"),
+        Row(ToolMode::kAddWaypoint, With(CBbotValinta_Click, 1, true), 2, "RedrawMap"),
+        Row(ToolMode::kAddScenery, With(CBscenery2_Enter, "40"), 17, "RedrawMap")}) {
     Choose(tool);
-    SCOPED_TRACE(value);
     Expect(act, asked);
     EXPECT_EQ(state.tool.value, value);
   }
-  EXPECT_EQ(state.tool.next.visibility, "50%");
-  EXPECT_THAT(state.tool.next.botSettings, ElementsAre(1, 0, 1, 1, 0));
-  EXPECT_EQ(shown.CBbotValinta[2].tick, Tick::kOn);
-  EXPECT_THAT(TakeEvents(), IsEmpty());
-}
-
-TEST_F(PanelHandlersTest, SwitchesOfThePanelAlone) {
-  Show(ToolMode::kEdit, "v0.0 w0");
-  Expect(With(CBtexEiKorjaus_Click, true), {});
-  EXPECT_TRUE(state.tool.next.noTextureCorrection);
-  EXPECT_EQ(shown.CBtexEiKorjaus.tick, Tick::kOn);
-  Expect(With(CBtexEiKorjaus_Click, false), {});
-  EXPECT_FALSE(state.tool.next.noTextureCorrection);
-
-  Expect(With(OBbotNayta_Click, 2), {"RedrawMap"});
+  EXPECT_EQ(state.tool.next.vertexColor, (Rgb{5, 4, 3}));
+  EXPECT_EQ(state.tool.next.visibility + " " + state.tool.next.colliderSize, "40% 12");
+  EXPECT_THAT(state.tool.next.botSettings, ElementsAre(1, 1, 0, 1, 0));
+  Expect(With(CBscenery2_Enter, "101"), "Show Problem");
+  EXPECT_EQ(state.tool.next.visibility, "100%");
+  Expect(With(CBscenery2_Change, "7"), "");  // what is being typed
+  EXPECT_EQ(state.tool.next.visibility, "7");
+  Show(kEdit, "v0.0 w0");
+  Expect(With(CBtexEiKorjaus_Click, true), "");
+  EXPECT_TRUE(state.tool.next.noTextureCorrection && shown.CBtexEiKorjaus.tick == Tick::kOn);
+  panel.panelRefreshing = true;
+  OBbotNayta_Click(context, 2);  // a forced choice must take effect
   EXPECT_EQ(state.show.pathFilter, 2);
-  EXPECT_EQ(Listed(), "v0.0 w0");  // hidden now, but still selected
-  for (std::size_t i = 0; i < 3; ++i) EXPECT_EQ(shown.OBbotNayta[i].chosen, i == 2);
+  EXPECT_TRUE(shown.OBbotNayta[2].chosen && !shown.OBbotNayta[0].chosen);
+  EXPECT_EQ(TakeAsked(), "");
 }
 
 }  // namespace

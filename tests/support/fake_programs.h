@@ -5,7 +5,7 @@
 #include <string>
 
 #include "platform/programs.h"
-#include "support/event_log.h"
+#include "support/fakes.h"
 
 namespace vesmora {
 

@@ -1,11 +1,14 @@
 // A FileCalls that passes on to another one and misbehaves where a test wants it to.
 #pragma once
 
+#include <algorithm>
+#include <cerrno>
 #include <cstdint>
-#include <limits>
+#include <cstdlib>
 #include <map>
 #include <optional>
 #include <string>
+#include <system_error>
 #include <vector>
 
 #include "platform/file_calls.h"
@@ -13,6 +16,10 @@
 namespace vesmora {
 
 class FaultyFileCalls final : public FileCalls {
+  using Calls = FileCalls;
+  using Path = const std::string&;
+  using NameList = std::vector<std::string>;
+
  public:
   enum class Lasting { kOnce, kForGood };
 
@@ -21,11 +28,15 @@ class FaultyFileCalls final : public FileCalls {
   // Calls are counted from 1, every method but LastError being a call. A failing call
   // does nothing, except that Close still closes.
 
-  void FailCall(int number, int error, Lasting lasting = Lasting::kOnce);
+  void FailCall(int number, int error, Lasting lasting = Lasting::kOnce) {
+    failingCall_ = number;
+    failingError_ = error;
+    lasting_ = lasting;
+  }
   /// Every call of the method with this name, such as "SyncFolder".
-  void FailAll(const std::string& name, int error) { failingNames_[name] = error; }
+  void FailAll(const std::string& name, int error) { failingNameList[name] = error; }
   /// Ends the process, as a kill would, before this call. For forked children.
-  void ExitBefore(int number, int exitCode);
+  void ExitBefore(int number, int exitCode) { exit_ = {number, exitCode}; }
   /// A disk with room for this many bytes a file: a write over it is cut, then ENOSPC.
   void LimitFileSize(std::uint64_t bytes) { sizeLimit_ = bytes; }
   /// No read or write moves more than this.
@@ -37,43 +48,97 @@ class FaultyFileCalls final : public FileCalls {
   /// The methods called so far, in order.
   const std::vector<std::string>& Names() const { return names_; }
 
-  int OpenToRead(const std::string& path) override;
-  int CreateNew(const std::string& path, unsigned mode) override;
-  int OpenInPlace(const std::string& path) override;
-  std::int64_t Read(int handle, std::span<std::byte> bytes) override;
-  std::int64_t Write(int handle, std::span<const std::byte> bytes) override;
-  int Sync(int handle) override;
-  int Close(int handle) override;
-  int InfoOfHandle(int handle, FileInfo& info) override;
-  int KeepAccess(int handle, const std::string& from) override;
-  int Info(const std::string& path, FileInfo& info) override;
-  int MayWrite(const std::string& path) override;
-  int ReadLink(const std::string& path, std::string& target) override;
-  int Rename(const std::string& from, const std::string& to) override;
-  int Link(const std::string& from, const std::string& to) override;
-  int Unlink(const std::string& path) override;
-  int SyncFolder(const std::string& path) override;
-  int MakeFolder(const std::string& path, unsigned mode) override;
-  int ClaimFolder(const std::string& path) override;
-  int ListFolder(const std::string& path, std::vector<std::string>& names) override;
+  int OpenToRead(Path path) override { return Pass("OpenToRead", &Calls::OpenToRead, path); }
+  int CreateNew(Path p, unsigned mode) override {
+    return Opened(Pass("CreateNew", &Calls::CreateNew, p, mode));
+  }
+  int OpenInPlace(Path p) override { return Opened(Pass("OpenInPlace", &Calls::OpenInPlace, p)); }
+  std::int64_t Read(int handle, std::span<std::byte> bytes) override {
+    return Pass("Read", &Calls::Read, handle, bytes.first(std::min(bytes.size(), transferLimit_)));
+  }
+  std::int64_t Write(int handle, std::span<const std::byte> bytes) override {
+    return Step("Write", [&]() -> std::int64_t {
+      std::uint64_t& at = written_[handle];
+      const std::uint64_t room = sizeLimit_ - std::min(sizeLimit_, at);
+      if (room == 0) return Failed(ENOSPC);
+      const auto size = std::min<std::uint64_t>({bytes.size(), room, transferLimit_});
+      std::vector<std::byte> data(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(size));
+      if (spoiled_ && *spoiled_ >= at && *spoiled_ - at < size)
+        data[*spoiled_ - at] ^= std::byte{1};
+      const std::int64_t count = real_.Write(handle, data);
+      if (count > 0) at += static_cast<std::uint64_t>(count);
+      return count;
+    });
+  }
+  int Sync(int handle) override { return Pass("Sync", &Calls::Sync, handle); }
+  int Close(int handle) override {
+    const int injected = Step("Close", [] { return 0; });
+    const int result = real_.Close(handle);
+    return injected < 0 ? injected : result;
+  }
+  int InfoOfHandle(int handle, FileInfo& info) override {
+    return Pass("InfoOfHandle", &Calls::InfoOfHandle, handle, info);
+  }
+  int KeepAccess(int h, Path from) override {
+    return Pass("KeepAccess", &Calls::KeepAccess, h, from);
+  }
+  int Info(Path path, FileInfo& info) override { return Pass("Info", &Calls::Info, path, info); }
+  int MayWrite(Path path) override { return Pass("MayWrite", &Calls::MayWrite, path); }
+  int ReadLink(Path p, std::string& to) override {
+    return Pass("ReadLink", &Calls::ReadLink, p, to);
+  }
+  int Rename(Path from, Path to) override { return Pass("Rename", &Calls::Rename, from, to); }
+  int Link(Path from, Path to) override { return Pass("Link", &Calls::Link, from, to); }
+  int Unlink(Path path) override { return Pass("Unlink", &Calls::Unlink, path); }
+  int SyncFolder(Path path) override { return Pass("SyncFolder", &Calls::SyncFolder, path); }
+  int MakeFolder(Path p, unsigned m) override {
+    return Pass("MakeFolder", &Calls::MakeFolder, p, m);
+  }
+  int ClaimFolder(Path path) override { return Pass("ClaimFolder", &Calls::ClaimFolder, path); }
+  int ListFolder(Path p, NameList& to) override {
+    return Pass("ListFolder", &Calls::ListFolder, p, to);
+  }
   std::string LastError() const override { return lastError_; }
 
  private:
   template <typename Call>
-  auto Step(const char* name, Call call) -> decltype(call());
-  int InjectedError(const std::string& name) const;
-  int Failed(int error);
+  auto Step(const char* name, Call call) -> decltype(call()) {
+    names_.emplace_back(name);
+    if (Count() == exit_.first) std::_Exit(exit_.second);
+    if (const int error = InjectedError(); error != 0) return Failed(error);
+    lastError_.clear();
+    const auto result = call();
+    if (result < 0 && lastError_.empty()) lastError_ = real_.LastError();
+    return result;
+  }
+  template <typename Result, typename... Parameters, typename... Arguments>
+  Result Pass(const char* name, Result (Calls::*method)(Parameters...), Arguments&&... arguments) {
+    return Step(name, [&] { return (real_.*method)(std::forward<Arguments>(arguments)...); });
+  }
+  int InjectedError() const {
+    const bool later = lasting_ == Lasting::kForGood && Count() > failingCall_;
+    if (failingCall_ > 0 && (Count() == failingCall_ || later)) return failingError_;
+    const auto failing = failingNameList.find(names_.back());
+    return failing != failingNameList.end() ? failing->second : 0;
+  }
+  int Failed(int error) {
+    lastError_ = std::generic_category().message(error);
+    return -error;
+  }
+  int Opened(int handle) {
+    written_[handle] = 0;
+    return handle;
+  }
 
   FileCalls& real_;
   std::vector<std::string> names_;
-  std::map<std::string, int> failingNames_;
+  std::map<std::string, int> failingNameList;
   int failingCall_ = 0;
   int failingError_ = 0;
   Lasting lasting_ = Lasting::kOnce;
-  int exitCall_ = 0;
-  int exitCode_ = 0;
-  std::uint64_t sizeLimit_ = std::numeric_limits<std::uint64_t>::max();
-  std::size_t transferLimit_ = std::numeric_limits<std::size_t>::max();
+  std::pair<int, int> exit_ = {0, 0};  // call and exit code
+  std::uint64_t sizeLimit_ = ~std::uint64_t{0};
+  std::size_t transferLimit_ = ~std::size_t{0};
   std::optional<std::uint64_t> spoiled_;
   std::map<int, std::uint64_t> written_;  // by handle: bytes so far
   std::string lastError_;

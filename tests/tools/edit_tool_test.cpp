@@ -52,20 +52,9 @@ TEST_F(PickingTest, ABoxHoldsThePointsOnItsEdges) {
   map.toolIndex = ToolMode::kAddPolygon;
   state.tool.value = 1;
   EXPECT_EQ(In(kEverywhere, kVertex), "") << "an unfinished triangle is not found";
-}
-
-TEST_F(PickingTest, WhatIsHiddenIsNotFound) {
-  const std::array<std::string, 5> kinds = {" v0.0 v0.1 v0.2", " s0", " o0", " c0", " w0 w1"};
-  for (std::size_t hidden = 0; hidden < kinds.size(); ++hidden) {
-    state.show = {};
-    state.show.showFlags[hidden] = 0;
-    std::string left;
-    for (std::size_t i = 0; i < kinds.size(); ++i) left += i == hidden ? "" : kinds[i];
-    EXPECT_EQ(" " + In(kEverywhere), left);
-  }
-  state.show = {};
+  state.show.showFlags = {0, 1, 0, 1, 1, 1, 1};
   state.show.pathFilter = 2;
-  EXPECT_EQ(In({45, 99, 45, 99}), "w1");
+  EXPECT_EQ(In(kEverywhere), "s0 c0 w1") << "nor is what is hidden";
 }
 
 TEST_F(PickingTest, AClickLooksInGrowingSquares) {
@@ -85,10 +74,6 @@ TEST_F(PickingTest, AClickLooksInGrowingSquares) {
                 i <= count ? (SelectionBox{100 - r, 100 + r, 100 - r, 100 + r}) : SelectionBox{});
     }
   }
-  AddCollider(map, 100, 104, 9);
-  AddSpawn(map, 95, 105, 0);
-  Click(100, 100);
-  EXPECT_EQ(Listed(), "s1 c1") << "all that the first filled square holds";
 }
 
 class EditToolTest : public testing::Test, protected ToolBench {
@@ -113,7 +98,6 @@ TEST_F(EditToolTest, AClickBesideASelectionOnlyDeselects) {
     selection.moveSnapshotTaken = true;
     TakeEvents();
     Press(x, y);
-    EXPECT_EQ(Listed(), "c0");
     EXPECT_EQ(selection.box, (SelectionBox{x, kUnsetCoordinate, y, kUnsetCoordinate}));
     EXPECT_THAT(events, IsEmpty());
     Release();
@@ -145,7 +129,6 @@ TEST_F(EditToolTest, TheRubberBandSelectsLiveInEveryDirection) {
     EXPECT_EQ(StartedBy((box.left + box.right) / 2, box.bottom - 1), "move");
     Drag(-300, -300, -310, -310);  // another band
   }
-  EXPECT_THAT(Steps(), IsEmpty());
 }
 
 TEST_F(EditToolTest, ADragIsOneStepASelectionAndIgnoresTheGrid) {
@@ -156,9 +139,7 @@ TEST_F(EditToolTest, ADragIsOneStepASelectionAndIgnoresTheGrid) {
   const DocumentState before = StateOf(map);
   Press(101.5f, 98.5f);
   TakeEvents();
-  for (int i = 1; i <= 50; ++i) {
-    Move(101.5f + static_cast<float>(i), 98.5f - static_cast<float>(i) / 2);
-  }
+  for (const float i : {1.0f, 20.0f, 50.0f}) Move(101.5f + i, 98.5f - i / 2);
   EXPECT_THAT(events, testing::Each("RedrawMap"));
   Release();
   EXPECT_EQ(selection.box, (SelectionBox{148, 152, 73, 77}));
@@ -190,15 +171,10 @@ TEST_F(EditToolTest, HandlesComeBeforeTheBoxAndNeedOneScenery) {
     EXPECT_EQ(StartedBy(x, y), drag);
   }
   EXPECT_THAT(Steps(), ElementsAre("Rotate", "Size", "Rotate")) << "taken at the press";
-  Press(10, 20);
-  display.pointer = PointerShape::kDefault;
-  Move(11, 20);
-  EXPECT_EQ(display.pointer, PointerShape::kDefault) << "the button is held";
-  Release();
   scenery.scaleX = 0.02f;  // both handles inside the box
-  EXPECT_EQ(StartedBy(12, 21), "rotate");
+  EXPECT_EQ(StartedBy(11, 21), "rotate");
   scenery.type = 5;
-  EXPECT_EQ(StartedBy(12, 21), "move") << "a liana has no rotate handle";
+  EXPECT_EQ(StartedBy(11, 21), "move") << "a liana has no rotate handle";
   scenery.rotation = kPi / 2;  // the size handle then lies at 21.5, 19.5
   selection.spawns.Add(0);
   EXPECT_EQ(StartedBy(21, 19), "size") << "other kinds may be selected, too";
@@ -206,58 +182,36 @@ TEST_F(EditToolTest, HandlesComeBeforeTheBoxAndNeedOneScenery) {
   EXPECT_EQ(StartedBy(21, 19), "pick");
 }
 
+/// A scenery of 100 x 10 units, whose handle is pressed while it is `before`, then pulled.
+SceneryObject Pulled(const SceneryObject& before, float handleY, ScreenPoint to, bool shift) {
+  ToolBench bench;
+  SceneryObject& scenery = AddScenery(bench.map, 0, 0, 1);
+  bench.Click(0, 0);
+  bench.Press(100, handleY);
+  scenery = before;
+  bench.state.shiftDown = shift;
+  bench.Move(to.x, to.y);
+  return scenery;
+}
+
 TEST_F(EditToolTest, TheHandlesRotateAndSizeAsTheMousePulls) {
-  using Rotation = std::tuple<double, bool, float, double>;  // in degrees
-  for (const auto& [mouse, shift, scaleX, rotation] :
-       {Rotation(30, false, 1, 30), Rotation(30, true, 1, 45), Rotation(-100, false, 1, 260),
-        Rotation(30, true, -1, 225)}) {
-    ToolBench bench;
-    SceneryObject& scenery = AddScenery(bench.map, 0, 0, 1);
-    bench.Click(0, 0);
-    bench.Press(100, 0);
-    scenery.scaleX = scaleX;
-    bench.state.shiftDown = shift;
-    bench.Move(static_cast<float>(50 * std::cos(mouse * M_PI / 180)),
-               static_cast<float>(-50 * std::sin(mouse * M_PI / 180)));
-    EXPECT_NEAR(scenery.rotation, rotation * M_PI / 180, 1e-5) << mouse;
+  SceneryObject before = AddScenery(map, 0, 0, 1);
+  using Rotation = std::tuple<float, bool, ScreenPoint, double>;  // in degrees
+  for (const auto& [scaleX, shift, to, rotation] :
+       {Rotation(1, false, {50, -50}, 45), Rotation(1, true, {50, -40}, 45),
+        Rotation(1, false, {-50, 50}, 225), Rotation(-1, true, {50, -40}, 225)}) {
+    before.scaleX = scaleX;
+    EXPECT_NEAR(Pulled(before, 0, to, shift).rotation, rotation * M_PI / 180, 1e-5) << to.x;
   }
   using Size = std::tuple<std::uint8_t, float, ScreenPoint, float, float>;
-  for (const auto& [type, rotation, mouse, scaleX, scaleY] :
+  for (const auto& [type, rotation, to, scaleX, scaleY] :
        {Size(5, 0, {200, 5.5f}, 4, 0.5f), Size(1, 0, {-150, -30}, -1.5f, -3),
         Size(1, 0.3f, {2, 1}, 0.016151538f, 0.15463767f),
         Size(200, 0, {50, 50}, 1, 1)}) {  // there is nothing to scale by
-    ToolBench bench;
-    SceneryObject& scenery = AddScenery(bench.map, 0, 0, 1);
-    bench.Click(0, 0);
-    bench.Press(100, 10);
-    scenery.type = type;
-    scenery.rotation = rotation;
-    bench.Move(mouse.x, mouse.y);
-    EXPECT_NEAR(scenery.scaleX, scaleX, 1e-5);
-    EXPECT_NEAR(scenery.scaleY, scaleY, 1e-5);
-  }
-}
-
-TEST_F(EditToolTest, EscapeTakesADragBack) {
-  using Row = std::tuple<ScreenPoint, std::string, std::vector<std::string>>;
-  for (const auto& [from, listed, steps] :
-       {Row({10, 20}, "o0", {"Move"}), Row({110, 20}, "o0", {"Rotate"}),
-        Row({190, 190}, "s0", {})}) {
-    ToolBench bench;
-    AddScenery(bench.map, 10.5f, 20.5f, 1);
-    AddSpawn(bench.map, 200, 200, 0);
-    bench.Click(10, 20);
-    const DocumentState before = StateOf(bench.map);
-    bench.Press(from.x, from.y);
-    bench.Move(210, 210);
-    EXPECT_EQ(std::tuple(bench.Listed(), bench.Steps()), std::tuple(listed, steps));
-    bench.TakeEvents();
-    CancelGesture(bench.editing);
-    bench.Release();  // does nothing any more
-    EXPECT_THAT(bench.events, ElementsAre("SetPointer 0", "RefreshInfoPanel", "RedrawMap"));
-    EXPECT_TRUE(StateOf(bench.map) == before) << from.x;
-    EXPECT_EQ(bench.Listed(), "o0");
-    EXPECT_THAT(bench.Steps(), IsEmpty());
+    before = AddScenery(map, 0, 0, type);
+    before.rotation = rotation;
+    const SceneryObject after = Pulled(before, 10, to, false);
+    EXPECT_NEAR(std::hypot(after.scaleX - scaleX, after.scaleY - scaleY), 0, 1e-5) << to.x;
   }
 }
 
@@ -304,25 +258,12 @@ TEST_F(MoveSelectionTest, MovesWhatIsListedAndNothingElse) {
   }
 }
 
-TEST_F(MoveSelectionTest, CentringPutsTheBoxInTheMiddleOfTheView) {
-  state.view.zoom = 2;
-  state.view.centerX = 100.25f;
-  selection.box = {10.5f, 31.5f, 5, 15};
-  CenterSelection(editing);  // its place is rounded: 89.75, 7.5
-  EXPECT_EQ(selection.box, (SelectionBox{90, 111, 8, 18}));
-}
-
-TEST(SnapAngle45Test, GivesTheNearestEighthOfATurn) {
-  for (int eighth = -2; eighth <= 5; ++eighth) {
-    const auto snapped = [eighth](double off) {
-      return SnapAngle45(static_cast<float>((eighth + 0.5 + off) * M_PI / 4)) / M_PI * 4;
-    };
-    EXPECT_NEAR(snapped(-1e-4), eighth, 1e-6);
-    EXPECT_NEAR(snapped(1e-4), eighth + 1, 1e-6);
+TEST(AnglesTest, SnapToTheNearestEighthOfATurn) {
+  using Row = std::pair<float, float>;
+  for (const auto& [eighths, snapped] : {Row(-9, -2), Row(-1.51f, -2), Row(0.49f, 0), Row(0.5f, 1),
+                                         Row(6.49f, 6), Row(6.6f, 6.6f)}) {  // from 6.5 they stay
+    EXPECT_FLOAT_EQ(SnapAngle45(eighths * kPi / 4), snapped * kPi / 4) << eighths;
   }
-  EXPECT_EQ(SnapAngle45(-7), -kPi / 2);
-  EXPECT_EQ(SnapAngle45(5.2f), 5.2f) << "from 13/8 pi on they stay";
-  EXPECT_EQ(SnapAngle45(kPi / 8), kPi / 4) << "a tie goes to the larger one";
 }
 
 TEST(PropertyTextTest, NumbersAndVisibilityReadAndShow) {

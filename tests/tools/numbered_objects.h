@@ -4,7 +4,6 @@
 #include <string>
 #include <vector>
 
-#include "document/selection.h"
 #include "support/map_builder.h"
 
 namespace vesmora {

@@ -1,0 +1,251 @@
+// Reads a map file that may hold anything, draws it, writes it both ways and reads it back.
+// No input may crash, hang or bring an index out of its table.
+//
+// An input is half a megabyte, mostly zeros, said in a few bytes:
+//   byte 0   bit 0: an undo file; bit 1: the bytes from byte 3 on are the file itself; else
+//            they are patches to a sound map
+//   byte 1   which: an empty one, a small one or one with every table full
+//   byte 2   what the map is looked at with
+//   patches  field, first record (16 bits), further records, value: the value goes into that
+//            field of all those records. A field's number is its place in kFields; both wrap.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <limits>
+#include <memory>
+#include <span>
+#include <tuple>
+
+#include "document/map_image.h"
+#include "support/map_builder.h"
+#include "support/map_workbench.h"
+#include "view/clip.h"
+#include "view/layout.h"
+#include "view/redraw_map.h"
+
+namespace vesmora {
+
+/// A sound map with up to `count` objects of each kind; waypoints are counted in `unit`, which
+/// is 1 in files and 256 in memory.
+inline MapDocument MakeBaseMap(int count, int unit) {
+  static const Bytes kFull = FileBytes(DataPath("full_saved.pmp"));
+  MapDocument map;
+  ReadMapImage(kFull, map, nullptr);
+  const auto upTo = [count](int last) {
+    return static_cast<std::int16_t>(std::min(last, count - 1));
+  };
+  map.lastPolygon = upTo(kPolygonCapacity - 1);
+  map.lastSpawn = upTo(FindLastSpawn(map));
+  map.lastScenery = upTo(FindLastScenery(map));
+  map.lastCollider = upTo(FindLastCollider(map));
+  map.lastWaypoint = upTo(FindLastWaypoint(map));
+  ZeroTables(map, ZeroSlots::kUnused);
+  for (Waypoint& waypoint : map.waypoints) {
+    waypoint.x *= unit;
+    waypoint.y *= unit;
+  }
+  map.author = "Vesmora";
+  StoreAuthor(map);
+  return map;
+}
+
+inline Bytes MakeBaseFile(int count, bool isUndo) {
+  const MapDocument map = MakeBaseMap(count, 1);
+  Selection selection;
+  SelectEverything(selection, map);
+  const UndoItems undo{PackSelection(selection, map), 0};
+  Bytes file(isUndo ? kUndoFileSize : kMapFileSize);
+  WriteMapImage(map, isUndo ? &undo : nullptr, file);
+  return file;
+}
+
+/// Where the first record's value lies in the file, its size, the stride, the number of records.
+using Field = std::tuple<std::size_t, std::size_t, std::size_t, std::size_t>;
+
+constexpr std::array kFields = {
+    // The first one's value is the new length of the file.
+    Field(0, 3, 0, 1), Field(0, 8, 8, 63396), Field(0, 8, 28, 1200), Field(4, 4, 28, 1200),
+    Field(16, 4, 28, 1200), Field(20, 8, 28, 1200), Field(33600, 8, 12, 1200),
+    Field(33600, 4, 4, 3600), Field(48000, 2, 0, 1), Field(48005, 1, 1, 26),
+    Field(48031, 4, 16, 30), Field(48035, 8, 16, 30), Field(48043, 2, 16, 30),
+    Field(48544, 2, 2, 65535), Field(48944, 2, 402, 961), Field(434868, 4, 0, 1),
+    Field(434872, 4, 4, 2), Field(434880, 2, 36, 255), Field(434892, 8, 36, 255),
+    Field(434900, 4, 36, 255), Field(434904, 8, 36, 255), Field(444064, 4, 112, 500),
+    Field(444072, 8, 112, 500), Field(444080, 8, 112, 500), Field(444088, 4, 112, 500),
+    Field(444092, 4, 112, 500), Field(444096, 4, 112, 500), Field(444096, 4, 4, 20),
+    Field(500064, 1, 16, 128), Field(500067, 1, 16, 128), Field(500068, 8, 16, 128),
+    Field(500076, 4, 16, 128),
+    // The selection of undo files: entries, counters, box, last indexes; the tool.
+    Field(502112, 2, 2, 1200), Field(504512, 1, 1, 1200), Field(505712, 1, 1, 413),
+    Field(506125, 2, 2, 500), Field(507125, 2, 2, 6), Field(507137, 4, 4, 4),
+    Field(507153, 2, 2, 5), Field(507170, 2, 0, 1)};
+
+inline Bytes DecodeMapFile(std::span<const std::uint8_t> data) {
+  const auto bytes = std::as_bytes(data).subspan(3);
+  if ((data[0] & 2U) != 0) return {bytes.begin(), bytes.end()};
+  static const std::array kBases = {MakeBaseFile(0, false),   MakeBaseFile(8, false),
+                                    MakeBaseFile(500, false), MakeBaseFile(0, true),
+                                    MakeBaseFile(8, true),    MakeBaseFile(500, true)};
+  Bytes file = kBases[data[1] % 3U + 3U * (data[0] & 1U)];
+  for (auto rest = data.subspan(3); rest.size() > 4;) {
+    const std::size_t field = rest[0] % kFields.size();
+    const auto& [offset, size, stride, count] = kFields[field];
+    if (rest.size() < 4 + size) break;
+    const std::size_t first = rest[1] + 256U * rest[2];
+    for (std::size_t record = first; field > 0 && record <= first + rest[3]; ++record) {
+      const std::size_t at = offset + record % count * stride;
+      if (at + size <= file.size()) std::memcpy(&file[at], &rest[4], size);
+    }
+    if (field == 0) file.resize((rest[4] + 256U * rest[5] + 65536U * rest[6]) % 508172);
+    rest = rest.subspan(4 + size);
+  }
+  return file;
+}
+
+/// Paints nothing: it checks what a painter relies on.
+class CheckingCanvas final : public Canvas {
+ public:
+  explicit CheckingCanvas(const DrawingArea& area) : area_(area) {}
+
+  int primitives = 0;
+
+  void Clear() override { EXPECT_EQ(primitives++, 0) << "drawn on before it was cleared"; }
+  void DrawLine(Pen /*pen*/, ScreenPoint from, ScreenPoint to) override {
+    ++primitives;
+    const auto line = ClipLine(from, to, area_.width, area_.height);
+    if (!line) return;
+    EXPECT_TRUE(IsNear(line->x1, line->y1, 0) && IsNear(line->x2, line->y2, 0));
+  }
+  void DrawRectangle(Pen pen, ScreenPoint corner, ScreenPoint opposite) override {
+    DrawLine(pen, corner, {opposite.x, corner.y});
+    DrawLine(pen, {corner.x, opposite.y}, opposite);
+  }
+  void DrawCircle(Pen /*pen*/, ScreenPoint center, std::int16_t radius) override {
+    ++primitives;
+    // Anything farther could not touch, and has no whole pixels to be drawn at.
+    if (!CircleTouches(center, radius, area_.width, area_.height)) return;
+    EXPECT_TRUE(radius >= 0 && IsNear(center.x, center.y, radius));
+  }
+  void DrawText(Rgb /*color*/, ScreenPoint /*topLeft*/, std::string_view /*text*/) override {
+    ++primitives;
+  }
+  TextSize MeasureText(std::string_view text) override {
+    EXPECT_TRUE(!text.empty() && text.size() <= 11) << "a label is no 32-bit number";
+    return {7.0f * static_cast<float>(text.size()), 13.0f};
+  }
+
+ private:
+  bool IsNear(double x, double y, int distance) const {
+    const int reach = distance + 20;  // pixels, a little more than the clipping's margin
+    return x >= -reach && x <= area_.width + reach && y >= -reach && y <= area_.height + reach;
+  }
+
+  const DrawingArea& area_;
+};
+
+inline void CheckRanges(const MapDocument& map, const Selection& selection) {
+  const auto names = [](const auto& list, int last, std::size_t capacity) {
+    EXPECT_TRUE(last >= -1 && last < static_cast<int>(capacity));
+    EXPECT_TRUE(std::ranges::all_of(list.Items(), [&](auto i) { return i >= 0 && i <= last; }));
+  };
+  names(selection.spawns, map.lastSpawn, map.spawns.size());
+  names(selection.sceneries, map.lastScenery, map.sceneries.size());
+  names(selection.colliders, map.lastCollider, map.colliders.size());
+  names(selection.waypoints, map.lastWaypoint, map.waypoints.size());
+  EXPECT_TRUE(map.lastPolygon >= -1 && map.lastPolygon < kPolygonCapacity);
+  for (const VertexReference vertex : selection.vertices.Items()) {
+    EXPECT_TRUE(vertex.polygon >= 0 && vertex.polygon <= map.lastPolygon && vertex.corner < 3);
+  }
+  EXPECT_TRUE(map.toolIndex >= ToolMode::kEdit && map.toolIndex <= ToolMode::kAddWaypoint);
+}
+
+/// From near, far and impossible places, in every tool. Cuts connection counts and no more.
+inline void CheckDrawing(MapWorkbench& bench, unsigned look) {
+  constexpr float kInfinity = std::numeric_limits<float>::infinity();
+  constexpr int kMostPrimitives = 60000;
+  MapDocument& map = bench.document;
+  const auto before = std::make_unique<MapDocument>(map);
+  const PolygonVertex& corner = map.polygons[0].vertices[0];
+  const std::array<ScreenPoint, 6> centers = {{{0, 0},
+                                               {corner.x, corner.y},
+                                               {8388000, -8388000},
+                                               {-1e9f, 3e9f},
+                                               {1e30f, -1e30f},
+                                               {kInfinity, NAN}}};
+  for (unsigned i = look * 6; i < look * 6 + 6; ++i) {
+    ShowOptions show;
+    show.showFlags = {1, 1, 1, 1, 1, 1, 0};
+    if (look % 4 == 3) show.showFlags[i % 6] = 0;
+    show.pathFilter = static_cast<std::int16_t>(i % 3);
+    map.toolIndex = static_cast<ToolMode>(i % kToolCount);
+    bench.selection.connectionAnchor = look % 2 == 0 ? kNoIndex : static_cast<std::int16_t>(i % 6);
+    const ToolDrawing tool{static_cast<int>(i % 3), i % 2 == 0, 100, -2147483647 - 1};
+    ViewTransform view;
+    view.centerX = centers[i % 6].x;
+    view.centerY = centers[i % 6].y;
+    view.zoom = kZoomLevels[i % kZoomLevels.size()];
+    view.gridSize = kGridSizes[i / 2 % kGridSizes.size()];
+    view.fixedGrid = i % 2 != 0;
+    view.area = i % 31 == 30 ? DrawingArea{} : ComputeDrawingArea(1024, 700);
+    CheckingCanvas canvas(view.area);
+    RedrawMap({map, bench.selection, view, show, tool}, canvas);
+    EXPECT_LE(canvas.primitives, kMostPrimitives);
+  }
+  map.toolIndex = before->toolIndex;
+  for (std::size_t i = 0; i < map.waypoints.size(); ++i) {
+    std::int32_t& count = before->waypoints[i].connectionCount;
+    if (count > 21 && map.waypoints[i].connectionCount == 20) count = 20;
+  }
+  EXPECT_TRUE(StateOf(map) == StateOf(*before)) << "drawing changed the map";
+}
+
+inline void CheckMapInput(std::span<const std::uint8_t> data) {
+  if (data.size() < 3) return;
+  const bool isUndo = (data[0] & 1U) != 0;
+  const unsigned look = data[2];
+  const Bytes file = DecodeMapFile(data);
+  const auto bench = std::make_unique<MapWorkbench>();
+  MapDocument& map = bench->document;
+  Selection& selection = bench->selection;
+  const std::size_t size = isUndo ? kUndoFileSize : kMapFileSize;
+  if (!isUndo && file.size() != size) {
+    EXPECT_EQ(bench->LoadBytes(file), LoadOutcome::kRefused);
+    EXPECT_EQ(bench->dialogs.messages.size(), 1U);
+  }
+  PutFile(bench->folder / "input", file);
+  const LoadOutcome outcome = LoadMap(bench->Context(), bench->folder / "input", isUndo, true);
+  const bool isCut = isUndo && file.size() < size;
+  EXPECT_EQ(outcome, isCut ? LoadOutcome::kUnreadable : LoadOutcome::kLoaded);
+  EXPECT_TRUE(!isCut || (map.lastPolygon == -1 && bench->dialogs.messages.size() == 1));
+  EXPECT_TRUE(isCut || !isUndo || bench->dialogs.messages.empty()) << "undo tells nothing";
+  CheckRanges(map, selection);
+  if (!isUndo && look % 8 != 0) {
+    SelectEverything(selection, map);
+    if (look % 8 > 4) selection.sceneries.last = selection.sceneries.Empty() ? -1 : 0;
+  }
+  CheckDrawing(*bench, look);
+
+  bench->dialogs.messages.clear();
+  const auto again = std::make_unique<MapWorkbench>();
+  bench->Snapshot();
+  EXPECT_EQ(LoadMap(again->Context(), bench->folder / "undo.tmp", true), LoadOutcome::kLoaded);
+  again->document.fileName = map.fileName;
+  EXPECT_TRUE(StateOf(again->document) == StateOf(map)) << "undo changes the map";
+  EXPECT_EQ(PackSelection(again->selection, map), PackSelection(selection, map));
+
+  const auto lasts = std::get<1>(StateOf(map));
+  EXPECT_EQ(bench->Saved().size(), kMapFileSize);
+  CheckRanges(map, selection);
+  ClearLists(again->selection);
+  EXPECT_EQ(again->Load(bench->folder / "saved.pmp"), LoadOutcome::kLoaded);
+  EXPECT_TRUE(again->dialogs.messages.empty()) << "the damage is mended by the save";
+  // Only an undo file's tables may have holes, behind which nothing is found again.
+  EXPECT_TRUE(isUndo || std::get<1>(StateOf(again->document)) == lasts);
+  CheckRanges(again->document, again->selection);
+}
+
+}  // namespace vesmora
