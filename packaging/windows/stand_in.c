@@ -15,10 +15,11 @@ int WINAPI WinMain(HINSTANCE program, HINSTANCE previous, LPSTR arguments, int s
   HWND window;
   (void)previous;
   (void)arguments;
+  (void)show;
   RegisterClassW(&description);
   window = CreateWindowW(L"StandIn", L"Soldat", WS_OVERLAPPEDWINDOW, 50, 50, 300, 200, NULL, NULL,
                          program, NULL);
-  ShowWindow(window, show); /* as whoever started it wants */
+  ShowWindow(window, SW_SHOW); /* whatever whoever started it wants: games do */
   while (GetMessageW(&message, NULL, 0, 0) > 0) DispatchMessageW(&message);
   return 0;
 }

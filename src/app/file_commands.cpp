@@ -118,6 +118,8 @@ bool MenuSaveAs(Editor& editor) {
     editor.state.document.fileName = path;
     // The steps are gone, but Undo keeps its caption until the next snapshot.
     editor.state.journal.undoAvailable = -1;
+    // What is still selected can be moved on: that must be a step anew.
+    editor.state.selection.moveSnapshotTaken = false;
   }
   editor.ports.window.RefreshInfoPanel();
   return isSaved;

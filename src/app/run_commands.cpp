@@ -4,6 +4,7 @@
 #include "document/text.h"
 #include "launch/game_files.h"
 #include "launch/sector_compiler.h"
+#include "platform/files.h"
 
 namespace vesmora {
 namespace {
@@ -33,7 +34,8 @@ std::string StartProgram(Editor& editor, const std::string& path) {
 
 void MenuRunMaker(Editor& editor) {
   if (editor.ports.programs.ActivateWindow("Soldat Map Maker")) return;
-  const std::string path = GamePath(GameFolderOf(editor.ports), "MapMaker/MapMaker.exe");
+  const std::string path =
+      AbsolutePath(GamePath(GameFolderOf(editor.ports), "MapMaker/MapMaker.exe"));
   if (!RequireProgram(editor, path)) return;
   const std::string problem = StartProgram(editor, path);
   if (!problem.empty()) TellRunError(editor, problem);

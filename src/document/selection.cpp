@@ -1,6 +1,7 @@
 #include "document/selection.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 #include "document/numbers.h"
@@ -10,17 +11,32 @@ namespace {
 
 constexpr float kSmallestExtent = 4.0f;  // world units
 
+/// The stretch of one axis that is taken up. What is infinite or no number does not count:
+/// moves that follow from it would carry it into every other object.
+struct Extent {
+  float low = std::numeric_limits<float>::max();
+  float high = std::numeric_limits<float>::lowest();
+
+  void Include(float value) {
+    if (!std::isfinite(value)) return;
+    low = std::min(low, value);
+    high = std::max(high, value);
+  }
+  bool Empty() const { return low > high; }
+};
+
 struct Bounds {
-  float left = std::numeric_limits<float>::infinity();
-  float right = -std::numeric_limits<float>::infinity();
-  float top = std::numeric_limits<float>::infinity();
-  float bottom = -std::numeric_limits<float>::infinity();
+  Extent across;
+  Extent down;
 
   void Include(float x, float y) {
-    left = std::min(left, x);
-    right = std::max(right, x);
-    top = std::min(top, y);
-    bottom = std::max(bottom, y);
+    across.Include(x);
+    down.Include(y);
+  }
+  SelectionBox AsBox() const {
+    const Extent x = across.Empty() ? Extent{0, 0} : across;
+    const Extent y = down.Empty() ? Extent{0, 0} : down;
+    return {x.low, x.high, y.low, y.high};
   }
 };
 
@@ -114,7 +130,7 @@ SelectionBox BoundsOf(const Selection& selection, const MapDocument& document) {
     const Waypoint& waypoint = document.waypoints[static_cast<std::size_t>(index)];
     bounds.Include(FromFixedPoint(waypoint.x), FromFixedPoint(waypoint.y));
   }
-  return {bounds.left, bounds.right, bounds.top, bounds.bottom};
+  return bounds.AsBox();
 }
 
 void CompleteSelectionBox(Selection& selection, const MapDocument& document) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <compare>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -19,7 +20,7 @@ struct VertexReference {
   std::int16_t polygon;
   std::uint8_t corner;  // 0..2
 
-  bool operator==(const VertexReference&) const = default;
+  auto operator<=>(const VertexReference&) const = default;
 };
 
 /// A list in search order. `last` is -1 when it is empty.
@@ -96,7 +97,7 @@ void ResetDragState(Selection& selection);
 /// Unlists what lies behind the tables' last ones; with the last entry goes the box.
 void DropMissing(Selection& selection, const MapDocument& document);
 
-/// The exact bounds of what is listed; all unset when that is nothing.
+/// The exact bounds of what is listed, as far as it lies anywhere; all unset when that is nothing.
 SelectionBox BoundsOf(const Selection& selection, const MapDocument& document);
 
 /// Sets the box to the bounds of what is listed, an extent under 4 units being
@@ -114,8 +115,8 @@ using SelectionBlock = std::array<std::byte, kSelectionBlockSize>;
 SelectionBlock PackSelection(const Selection& selection, const MapDocument& document);
 
 /// Takes the tables' last indexes and the selection from a block. Whatever it
-/// holds, indexes beyond the tables are brought back in and entries that name
-/// nothing are dropped.
+/// holds, indexes beyond the tables are brought back in, and entries that name
+/// nothing or are out of order are dropped.
 void UnpackSelection(const SelectionBlock& block, Selection& selection, MapDocument& document);
 
 }  // namespace vesmora

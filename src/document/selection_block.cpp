@@ -32,13 +32,15 @@ class BlockCursor {
   Byte* position_;
 };
 
+/// Lists are in search order, each entry once; what moves objects by them relies on it.
 template <typename Entry, int kCapacity, typename IsValid>
 void KeepValid(IndexList<Entry, kCapacity>& list, std::int16_t last, IsValid isValid) {
   const int count = std::clamp(last + 1, 0, kCapacity);
   list.Clear();
   for (int i = 0; i < count; ++i) {
     const Entry entry = list.entries[static_cast<std::size_t>(i)];
-    if (isValid(entry)) list.Add(entry);
+    const bool isNext = list.Empty() || list.Items().back() < entry;
+    if (isNext && isValid(entry)) list.Add(entry);
   }
 }
 

@@ -121,6 +121,7 @@ void CBscenery2_Click(const PanelContext& context, const std::string& text) {
   const auto& sceneries = SelectionOf(context).sceneries;
   if (RefusesEmpty(context, sceneries, "You need select at least 1 scenery.")) return;
   context.panel.contents.CBscenery2.text = text;
+  if (text == kManyTypes) return;  // as above: an untouched box would make them invisible
   if (IsEdit(context)) {
     const std::uint8_t level = VisibilityLevel(text);
     TakeUndoSnapshot(context.editing, "Visibility");
@@ -150,7 +151,7 @@ void CBscenery2_DropDown(const PanelContext& context) {
 }
 
 void CBscenery2_Enter(const PanelContext& context, const std::string& text) {
-  if (context.panel.panelRefreshing) return;
+  if (context.panel.panelRefreshing || text == kManyTypes) return;
   const double percentage = LeadingNumber(text);
   if (percentage < 0 || percentage > 100) {
     Refuse(context.editing, "Size is out of the limit.");

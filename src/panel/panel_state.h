@@ -1,6 +1,8 @@
 // What the panel's handlers work on and with.
 #pragma once
 
+#include <functional>
+
 #include "panel/panel_contents.h"
 
 namespace vesmora {
@@ -15,6 +17,11 @@ struct PanelContext {
   const Editing& editing;
   PanelState& panel;
 };
+
+using PanelHandler = std::function<void(const PanelContext&)>;
+
+/// Runs what a click in the panel sets off; Escape does not take its changes back.
+void RunHandler(const PanelContext& context, const PanelHandler& handler);
 
 /// Recomputes the whole panel under panelRefreshing.
 void RefreshInfoPanel(const PanelContext& context);

@@ -45,9 +45,7 @@ class WindowsPrograms final : public Programs {
     start.fMask = SEE_MASK_FLAG_NO_UI | SEE_MASK_NOASYNC;
     start.lpFile = widePath.c_str();
     start.lpDirectory = wideFolder.c_str();
-    // Most programs show their first window as they are told here. Told to hide, the game
-    // would run without one, and its title would not be found the next time.
-    start.nShow = SW_SHOWNORMAL;
+    start.nShow = 0;  // no wish of ours: the game and its map tool show themselves
     return ShellExecuteExW(&start) != 0 ? std::string() : ErrorText(GetLastError());
   }
 };

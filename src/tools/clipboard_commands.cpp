@@ -189,8 +189,13 @@ void MenuPaste(const Editing& editing) {
   PasteRecords(document.colliders, document.lastCollider, clipboard.colliders, selection.colliders,
                clipboard.overflow);
   PasteWaypoints(state);
-  selection.box = selection.Empty() ? SelectionBox{} : clipboard.box;
-  if (!selection.Empty()) CenterSelection(editing);
+  if (selection.Empty()) {  // nothing fitted
+    selection.box = SelectionBox{};
+    selection.moveSnapshotTaken = false;
+  } else {
+    selection.box = clipboard.box;
+    CenterSelection(editing);
+  }
   RefreshAll(editing);
   if (clipboard.overflow) {
     Refuse(editing, "Some of copied objects couldnt be pasted");

@@ -1,6 +1,7 @@
 #include "tools/gesture.h"
 
 #include "tools/editing.h"
+#include "tools/tool_change.h"
 
 namespace vesmora {
 
@@ -10,6 +11,26 @@ void Gesture::Begin(const EditingState& state) {
   kept_->selection = state.selection;
   kept_->undoSlot = state.journal.undoSlot;
   inProgress_ = true;
+}
+
+void Gesture::LeaveOut(const EditingState& state) {
+  if (!inProgress_) return;
+  if (state.selection.placing) {
+    Begin(state);
+    return;
+  }
+  // In an Add tool only these can have changed.
+  MapDocument& kept = kept_->document;
+  const MapDocument& now = state.document;
+  if (kept.backgroundColor1 == now.backgroundColor1 &&
+      kept.backgroundColor2 == now.backgroundColor2 && now.toolIndex != ToolMode::kEdit) {
+    return;
+  }
+  kept.backgroundColor1 = now.backgroundColor1;
+  kept.backgroundColor2 = now.backgroundColor2;
+  kept_->undoSlot = state.journal.undoSlot;
+  // The new step holds all but a half-built triangle, which is therefore all that may still go.
+  inProgress_ = IsConstructing(state);
 }
 
 void Gesture::Cancel(EditingState& state) {

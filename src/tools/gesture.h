@@ -18,6 +18,9 @@ class Gesture {
   /// Keeps the state as it is now; a gesture that was in progress is forgotten.
   void Begin(const EditingState& state);
   void End() { inProgress_ = false; }
+  /// What another control has just changed stays, with its undo steps, when the gesture
+  /// that goes on is cancelled.
+  void LeaveOut(const EditingState& state);
   bool InProgress() const { return inProgress_; }
 
   /// Puts document and selection back, drops the undo steps that were taken since,

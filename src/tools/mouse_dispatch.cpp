@@ -1,6 +1,7 @@
 #include "tools/mouse_dispatch.h"
 
 #include "document/numbers.h"
+#include "document/scenery_types.h"
 #include "tools/add_objects.h"
 #include "tools/add_polygon.h"
 #include "tools/add_waypoint.h"
@@ -70,6 +71,9 @@ void ReleaseMouse(const Editing& editing, const MouseInput& input) {
 
 void ForgetHover(const Editing& editing) {
   EditingState& state = editing.state;
+  if (state.document.toolIndex == ToolMode::kEdit && !state.selection.buttonHeld) {
+    editing.ports.display.SetPointer(PointerShape::kDefault);
+  }
   if (!Hovers(state.document.toolIndex) || state.selection.Empty()) return;
   ClearLists(state.selection);
   RefreshAll(editing);
@@ -83,10 +87,13 @@ void CancelGesture(const Editing& editing) {
   state.selection.connectionAnchor = kNoIndex;
   if (state.document.toolIndex == ToolMode::kEdit) {
     editing.ports.display.SetPointer(PointerShape::kDefault);
-    RefreshAll(editing);
   } else {
-    ChangeTool(editing, state.document.toolIndex);
+    ClearLists(state.selection);  // what was hovered when the gesture began
   }
+  // What is chosen for the next object stays chosen.
+  if (state.document.toolIndex == ToolMode::kAddPolygon) state.tool.value = 0;
+  if (state.tool.value == kNoToolValue) state.tool.value = kLianaType;
+  RefreshAll(editing);
 }
 
 }  // namespace vesmora

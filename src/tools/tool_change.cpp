@@ -95,7 +95,7 @@ void ChangeTool(const Editing& editing, ToolMode mode) {
   EditingState& state = editing.state;
   EndPendingDirection(state);
   if (mode != ToolMode::kAddPolygon) EndConstruction(state);
-  state.selection.placing = false;
+  EndMouseWork(state);
   state.gesture.End();  // Escape reaches back no further than the tool's own work
   state.document.toolIndex = mode;
   state.tool.value = 0;

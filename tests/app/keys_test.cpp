@@ -8,6 +8,7 @@
 
 #include "app/commands.h"
 #include "app/undo_commands.h"
+#include "panel/map_handlers.h"
 #include "support/editor_bench.h"
 #include "support/map_builder.h"
 
@@ -95,6 +96,16 @@ TEST_F(KeysTest, EscapeTakesBackWhatIsInProgressAndNoMore) {
   Click(300, 300);
   Press(Key::kEscape);
   EXPECT_EQ(Status(), "2: 0 1 0 0 0, 2 &Undo Spwan");
+  Choose(ToolMode::kAddPolygon);
+  state.tool.next.vertexColor = {1, 2, 3};
+  Click(300, 300);
+  dialogs.chosenColors = {0x030201};
+  const Editing editing = editor.AsEditing();
+  RunHandler({editing, state.panel}, CBtausta1_Click);
+  Press(Key::kEscape);
+  EXPECT_EQ(document.backgroundColor1.blue, 3) << "chosen elsewhere in between";
+  EXPECT_EQ(state.tool.next.vertexColor, (Rgb{1, 2, 3})) << "as chosen for the next one";
+  EXPECT_EQ(Status(), "1: 0 1 0 0 0, 4 &Undo Background");
 
   MenuNew(editor);
   const PolygonVertex& corner = AddSelectedTriangle();

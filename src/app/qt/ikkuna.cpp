@@ -222,7 +222,7 @@ void Ikkuna::ConnectSurface() {
 
 void Ikkuna::HandlePanel(const InfoPanel::Handler& handler) {
   const Editing editing = editor_.AsEditing();
-  handler({editing, editor_.state.panel});
+  RunHandler({editing, editor_.state.panel}, handler);
   ppalkki_->Apply(editor_.state.panel.contents);
   ShowMenus();
   pala_->setFocus();  // so that keys reach the map again

@@ -24,7 +24,7 @@ class InfoPanel final : public QFrame {
   Q_OBJECT
 
  public:
-  using Handler = std::function<void(const PanelContext&)>;
+  using Handler = PanelHandler;
   using TextHandler = void (*)(const PanelContext& context, const std::string& text);
 
   explicit InfoPanel(QWidget* parent);

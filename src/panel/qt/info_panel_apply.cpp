@@ -75,13 +75,14 @@ void ShowChoices(const std::array<QRadioButton*, kCount>& options,
 
 void InfoPanel::Apply(const PanelContents& contents) {
   if (shown_ == contents) return;
+  // First: a frame's style sheet puts back the palettes that its buttons had.
+  if (!shown_ || shown_->highlightedTool != contents.highlightedTool) {
+    ApplyHighlight(contents.highlightedTool);
+  }
   ApplyTexts(contents);
   ApplyButtons(contents);
   ApplyBoxes(contents);
   ApplyCombos(contents);
-  if (!shown_ || shown_->highlightedTool != contents.highlightedTool) {
-    ApplyHighlight(contents.highlightedTool);
-  }
   shown_ = contents;
 }
 

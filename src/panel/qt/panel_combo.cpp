@@ -26,7 +26,6 @@ PanelCombo::PanelCombo(const QString& name, Kind kind) {
   disconnect(lineEdit(), &QLineEdit::editingFinished, nullptr, nullptr);
   connect(lineEdit(), &QLineEdit::textEdited, this, &PanelCombo::Touched);
   connect(lineEdit(), &QLineEdit::textEdited, this, &PanelCombo::Typed);
-  lineEdit()->installEventFilter(this);
 }
 
 void PanelCombo::Show(const ComboContents& contents, const std::vector<std::string_view>& items) {
@@ -56,16 +55,16 @@ void PanelCombo::showPopup() {
   ClosingCombo::showPopup();
 }
 
-bool PanelCombo::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == lineEdit() && event->type() == QEvent::KeyPress) {
-    const int key = static_cast<QKeyEvent*>(event)->key();
-    if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-      Q_EMIT Touched();
-      Q_EMIT Entered(currentText());
-      return true;
-    }
+// The line edit has no focus of its own: its keys come through here. Its returnPressed would
+// not do, the combo box takes that for a choice when the text is in the list.
+void PanelCombo::keyPressEvent(QKeyEvent* event) {
+  const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (!isEditable() || !isEnter) {
+    ClosingCombo::keyPressEvent(event);
+    return;
   }
-  return QComboBox::eventFilter(watched, event);
+  Q_EMIT Touched();
+  Q_EMIT Entered(currentText());
 }
 
 }  // namespace vesmora

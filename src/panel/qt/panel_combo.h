@@ -32,7 +32,7 @@ class PanelCombo final : public ClosingCombo {
   void Typed(const QString& text);
 
  protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void ShowText(const QString& text);
