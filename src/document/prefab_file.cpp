@@ -84,6 +84,9 @@ std::optional<Prefab> ReadPrefab(std::span<const std::byte> bytes) {
       !ReadRecords(reader, header.colliderCount, prefab.colliders)) {
     return std::nullopt;
   }
+  // What is there is in use: a record that is not marked so would end its table for the next load.
+  for (SceneryObject& scenery : prefab.sceneries) scenery.active = 1;
+  for (Collider& collider : prefab.colliders) collider.active = 1;
   return prefab;
 }
 

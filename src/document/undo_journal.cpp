@@ -81,7 +81,10 @@ void ClearHistory(UndoJournal& journal) {
 }
 
 void DeleteSnapshotFiles(const UndoJournal& journal, FileCalls& files) {
-  for (const std::string& name : ListFiles(files, journal.folder).names) {
+  // Not ListFiles: it looks at every file, and on Windows the folder holds everybody's.
+  std::vector<std::string> names;
+  files.ListFolder(journal.folder, names);
+  for (const std::string& name : names) {
     const bool isSnapshot =
         name.starts_with(kFilePrefix) && name.find('.', kFilePrefix.size()) != std::string::npos;
     if (isSnapshot) DeleteFile(files, journal.folder + name);

