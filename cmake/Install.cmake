@@ -40,4 +40,18 @@ if(UNIX AND TARGET vesmora)
     install(FILES "${packaging}/icons/vesmora-${size}.png" RENAME vesmora.png
       DESTINATION "share/icons/hicolor/${size}x${size}/apps" COMPONENT system)
   endforeach()
+  # What desktops keep of the above; packages of distributions have this done for them.
+  install(CODE [[
+    if("$ENV{DESTDIR}" STREQUAL "")
+      set(share "${CMAKE_INSTALL_PREFIX}/share")
+      foreach(command "update-mime-database;${share}/mime"
+                      "update-desktop-database;${share}/applications")
+        list(GET command 0 tool)
+        find_program(found ${tool} NO_CACHE)
+        if(found)
+          execute_process(COMMAND ${command} OUTPUT_QUIET ERROR_QUIET)
+        endif()
+        unset(found)
+      endforeach()
+    endif()]] COMPONENT system)
 endif()
