@@ -1,5 +1,7 @@
 #include "app/prefab_commands.h"
 
+#include <algorithm>
+
 #include "document/prefab_file.h"
 #include "document/text.h"
 #include "platform/single_byte_text.h"
@@ -34,6 +36,7 @@ std::string PrefabFolder(const Ports& ports) { return ports.programFolder + "Pre
 std::vector<std::string> ListPrefabs(const Ports& ports) {
   std::vector<std::string> names = ListFiles(ports.files, PrefabFolder(ports)).names;
   std::erase_if(names, [](const std::string& name) { return !EndsIgnoringCase(name, ".pre"); });
+  std::ranges::stable_sort(names, {}, [](const std::string& name) { return LowerCase(name); });
   return names;
 }
 

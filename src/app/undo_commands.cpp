@@ -55,9 +55,13 @@ void MenuUndo(Editor& editor) {
 
 void MenuHelp(Editor& editor) {
   const std::string manual = editor.ports.programFolder + "Help/index.html";
-  if (!FileExists(editor.ports.files, manual) || !editor.ports.shell.OpenFile(manual)) {
+  const bool isThere = FileExists(editor.ports.files, manual);
+  if (!isThere || !editor.ports.shell.OpenFile(manual)) {
     editor.ports.dialogs.Show(
-        {.text = manual + " not found", .title = "Run error", .icon = MessageIcon::kCritical});
+        {.text = manual +
+                 (isThere ? " could not be opened: no program shows web pages." : " not found"),
+         .title = "Run error",
+         .icon = MessageIcon::kCritical});
   }
   TakeUndoSnapshot(editor.AsEditing(), kHelpAction);
 }

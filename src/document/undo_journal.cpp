@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/temp_folder.h"
+
 namespace vesmora {
 namespace {
 
@@ -42,7 +44,10 @@ bool TakeUndoSnapshot(UndoJournal& journal, const MapFileContext& context,
   FileStatus status{FileFailure::kError, "There is no temporary folder."};
   if (!journal.folder.empty()) {
     // It may have been swept away while the program ran.
-    if (IsGone(context.files, journal.folder)) CreatePrivateFolder(context.files, journal.folder);
+    if (IsGone(context.files, journal.folder)) {
+      CreatePrivateFolder(context.files, journal.folder);
+      HoldFolder(journal.folder);
+    }
     status = WriteSnapshot(journal, context, slot);
   }
   if (!status.Ok()) {
@@ -76,6 +81,7 @@ void RefreshUndoCaption(UndoJournal& journal) {
 }
 
 void ClearHistory(UndoJournal& journal) {
+  journal.failureTold = false;
   journal.undoAvailable = -1;
   RefreshUndoCaption(journal);
 }

@@ -18,4 +18,8 @@ std::string PrivateTempFolder(FileCalls& calls, FileStatus& status);
 /// of its own. Held until the program ends, however it ends; empty when there is none.
 std::string HoldUndoFolder(FileCalls& calls, const std::string& tempFolder);
 
+/// Keeps other running editors out of a folder until the program ends; false when one of them
+/// has it already.
+bool HoldFolder(const std::string& folder);
+
 }  // namespace vesmora

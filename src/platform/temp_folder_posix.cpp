@@ -19,19 +19,6 @@ std::string SharedTempFolder(FileCalls& calls) {
   const std::string folder = usable ? given : "/tmp";
   return folder.ends_with('/') ? folder : folder + "/";
 }
-
-/// Takes a folder for as long as this process lives; the system lets go of the lock
-/// when it ends, so the handle is never closed. False when another process has it. The
-/// folder itself is locked: a file in it could be swept away, and sweepers pass by locked
-/// folders.
-bool Hold(const std::string& folder) {
-  const int handle = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (handle < 0) return false;
-  if (::flock(handle, LOCK_EX | LOCK_NB) == 0) return true;
-  ::close(handle);
-  return false;
-}
-
 }  // namespace
 
 std::string PrivateTempFolder(FileCalls& calls, FileStatus& status) {
@@ -50,13 +37,25 @@ std::string PrivateTempFolder(FileCalls& calls, FileStatus& status) {
   return fresh + "/";
 }
 
+// Takes a folder for as long as this process lives; the system lets go of the lock
+// when it ends, so the handle is never closed. False when another process has it. The
+// folder itself is locked: a file in it could be swept away, and sweepers pass by locked
+// folders.
+bool HoldFolder(const std::string& folder) {
+  const int handle = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (handle < 0) return false;
+  if (::flock(handle, LOCK_EX | LOCK_NB) == 0) return true;
+  ::close(handle);
+  return false;
+}
+
 std::string HoldUndoFolder(FileCalls& calls, const std::string& tempFolder) {
   if (tempFolder.empty()) return "";
-  if (Hold(tempFolder)) return tempFolder;
+  if (HoldFolder(tempFolder)) return tempFolder;
   constexpr int kMostEditors = 100;
   for (int number = 2; number <= kMostEditors; ++number) {
     const std::string folder = tempFolder + std::to_string(number);
-    if (CreatePrivateFolder(calls, folder).Ok() && Hold(folder + "/")) return folder + "/";
+    if (CreatePrivateFolder(calls, folder).Ok() && HoldFolder(folder + "/")) return folder + "/";
   }
   return "";
 }

@@ -4,19 +4,6 @@
 #include "platform/wide_text_windows.h"
 
 namespace vesmora {
-namespace {
-
-/// Takes a folder for as long as this process lives: nobody can open the file a second
-/// time, and the system closes and deletes it when the process ends.
-bool Hold(const std::string& folder) {
-  constexpr DWORD kFlags = FILE_ATTRIBUTE_NORMAL | FILE_FLAG_DELETE_ON_CLOSE;
-  const HANDLE handle = CreateFileW(Wide(folder + "Vesmora-in-use").c_str(), GENERIC_WRITE, 0,
-                                    nullptr, OPEN_ALWAYS, kFlags, nullptr);
-  return handle != INVALID_HANDLE_VALUE;
-}
-
-}  // namespace
-
 // The system gives each user a folder of their own.
 std::string PrivateTempFolder(FileCalls& calls, FileStatus& status) {
   std::wstring path(MAX_PATH + 1, L'\0');
@@ -36,13 +23,22 @@ std::string PrivateTempFolder(FileCalls& calls, FileStatus& status) {
   return folder;
 }
 
+// Takes a folder for as long as this process lives: nobody can open the file a second
+// time, and the system closes and deletes it when the process ends.
+bool HoldFolder(const std::string& folder) {
+  constexpr DWORD kFlags = FILE_ATTRIBUTE_NORMAL | FILE_FLAG_DELETE_ON_CLOSE;
+  const HANDLE handle = CreateFileW(Wide(folder + "Vesmora-in-use").c_str(), GENERIC_WRITE, 0,
+                                    nullptr, OPEN_ALWAYS, kFlags, nullptr);
+  return handle != INVALID_HANDLE_VALUE;
+}
+
 std::string HoldUndoFolder(FileCalls& calls, const std::string& tempFolder) {
   if (tempFolder.empty()) return "";
-  if (Hold(tempFolder)) return tempFolder;
+  if (HoldFolder(tempFolder)) return tempFolder;
   constexpr int kMostEditors = 100;
   for (int number = 2; number <= kMostEditors; ++number) {
     const std::string folder = tempFolder + "Vesmora" + std::to_string(number);
-    if (CreatePrivateFolder(calls, folder).Ok() && Hold(folder + "\\")) return folder + "\\";
+    if (CreatePrivateFolder(calls, folder).Ok() && HoldFolder(folder + "\\")) return folder + "\\";
   }
   return "";
 }

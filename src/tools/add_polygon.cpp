@@ -10,6 +10,8 @@
 namespace vesmora {
 namespace {
 
+const std::string kPolygonAction = "Polygon";
+
 struct CornerPlace {
   float x;
   float y;
@@ -78,7 +80,7 @@ void PlaceFirstCorner(const Editing& editing, const MouseInput& input) {
     return;
   }
   state.gesture.Begin(state);
-  TakeUndoSnapshot(editing, "Polygon");
+  TakeUndoSnapshot(editing, kPolygonAction);
 
   CornerPlace place = SnappedPlace(state, input);
   const PolygonVertex* hovered = HoveredVertex(state);
@@ -98,7 +100,17 @@ void PlaceFirstCorner(const Editing& editing, const MouseInput& input) {
   state.tool.value = 1;
 }
 
-void PlaceNextCorner(EditingState& state, const MouseInput& input) {
+/// A step that was taken while the triangle was built comes back without it: one more, from
+/// which only the triangle is missing.
+void TakeFinishingStep(const Editing& editing) {
+  const UndoJournal& journal = editing.state.journal;
+  const bool isNewest = journal.undoAvailable >= 0 && journal.NewestAction() == kPolygonAction;
+  if (!isNewest) TakeUndoSnapshot(editing, kPolygonAction);
+}
+
+void PlaceNextCorner(const Editing& editing, const MouseInput& input) {
+  EditingState& state = editing.state;
+  if (state.tool.value == 2) TakeFinishingStep(editing);
   PolygonVertex& corner = NextCorner(state);
   const CornerPlace place = ConstructionPlace(state, input);
   corner.x = place.x;
@@ -172,10 +184,11 @@ void FollowAsPreview(EditingState& state, const MouseInput& input) {
 
 void PressInAddPolygon(const Editing& editing, const MouseInput& input) {
   if (IsConstructing(editing.state)) {
-    PlaceNextCorner(editing.state, input);
+    PlaceNextCorner(editing, input);
   } else {
     PlaceFirstCorner(editing, input);
   }
+  if (!IsConstructing(editing.state)) FollowAsPreview(editing.state, input);
   RefreshAll(editing);
 }
 

@@ -93,6 +93,8 @@ Qt::CursorShape ToQt(PointerShape shape) {
 
 Key ToKey(const QKeyEvent& event) {
   const bool isKeypad = event.modifiers().testFlag(Qt::KeypadModifier);
+  const bool opensList = event.modifiers().testFlag(Qt::AltModifier);  // of a combo box, with Down
+  if (opensList) return Key::kOther;
   switch (event.key()) {
     case Qt::Key_Shift:
       return Key::kShift;

@@ -36,10 +36,14 @@ QMessageBox::StandardButton Run(QWidget* parent, const Message& message,
   return static_cast<QMessageBox::StandardButton>(box.exec());
 }
 
+/// Without its dot.
+QString SuffixOf(const FileRequest& request) {
+  return QFileInfo(QString::fromStdString(request.filter.pattern)).suffix().toLower();
+}
+
 void Prepare(QFileDialog& dialog, const FileRequest& request) {
   dialog.setNameFilter(QString::fromStdString(request.filter.description));
-  dialog.setDefaultSuffix(
-      QFileInfo(QString::fromStdString(request.filter.pattern)).suffix().toLower());
+  dialog.setDefaultSuffix(SuffixOf(request));
   if (!request.directory.empty()) dialog.setDirectory(QString::fromStdString(request.directory));
   if (!request.fileName.empty()) dialog.selectFile(QString::fromStdString(request.fileName));
 }
@@ -70,9 +74,20 @@ std::string QtDialogs::ChooseFileToSave(const FileRequest& request) {
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   Prepare(dialog, request);
   while (true) {
-    const std::string path = Chosen(dialog);
-    const QFileInfo file(QString::fromStdString(path));
+    std::string path = Chosen(dialog);
     if (path.empty()) return path;
+    QFileInfo file(QString::fromStdString(path));
+    // The dialog takes whatever follows a dot for the suffix, the 2 of "Hollow v1.2", too.
+    if (file.suffix().toLower() != SuffixOf(request)) {
+      file.setFile(file.filePath() + "." + SuffixOf(request));
+      path += "." + SuffixOf(request).toStdString();
+      if (file.exists() &&
+          !Ask({.text = "File '" + path + "' already exists.\nDo you want to replace it?",
+                .title = "Warning",
+                .icon = MessageIcon::kQuestion})) {
+        continue;
+      }
+    }
     if (!file.dir().exists()) {
       Show({.text = "Folder '" + file.path().toStdString() +
                     "' does not exist.\nPlease choose another one.",
