@@ -33,14 +33,15 @@ class RunCommandsTest : public testing::Test {
 };
 
 TEST_F(RunCommandsTest, TheMapMakerComesToTheFrontOrIsStarted) {
-  const std::string path = game_ + "MapMaker/MapMaker.exe";
+  const std::string folder = AbsolutePath(game_ + "MapMaker/");
+  const std::string path = folder + "MapMaker.exe";
   const std::string look = "ActivateWindow Soldat Map Maker";
   MenuRunMaker(editor_);
   EXPECT_THAT(Landmarks(), ElementsAre(look, "Show Run error"));
   std::filesystem::create_directory(game_ + "MapMaker");
   PutFile(path, {});
   MenuRunMaker(editor_);
-  EXPECT_THAT(Landmarks(), ElementsAre(look, "Start " + path + " in " + game_ + "MapMaker/"));
+  EXPECT_THAT(Landmarks(), ElementsAre(look, "Start " + path + " in " + folder));
   bench_.programs.problem = "Wine is missing.";
   MenuRunMaker(editor_);
   EXPECT_THAT(bench_.TakeMessages(),
