@@ -3,7 +3,6 @@
 #pragma once
 
 #include <array>
-#include <compare>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -20,7 +19,7 @@ struct VertexReference {
   std::int16_t polygon;
   std::uint8_t corner;  // 0..2
 
-  auto operator<=>(const VertexReference&) const = default;
+  bool operator==(const VertexReference&) const = default;
 };
 
 /// A list in search order. `last` is -1 when it is empty.

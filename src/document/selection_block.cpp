@@ -32,6 +32,9 @@ class BlockCursor {
   Byte* position_;
 };
 
+int SearchOrder(int index) { return index; }
+int SearchOrder(const VertexReference& vertex) { return vertex.polygon * 256 + vertex.corner; }
+
 /// Lists are in search order, each entry once; what moves objects by them relies on it.
 template <typename Entry, int kCapacity, typename IsValid>
 void KeepValid(IndexList<Entry, kCapacity>& list, std::int16_t last, IsValid isValid) {
@@ -39,7 +42,7 @@ void KeepValid(IndexList<Entry, kCapacity>& list, std::int16_t last, IsValid isV
   list.Clear();
   for (int i = 0; i < count; ++i) {
     const Entry entry = list.entries[static_cast<std::size_t>(i)];
-    const bool isNext = list.Empty() || list.Items().back() < entry;
+    const bool isNext = list.Empty() || SearchOrder(list.Items().back()) < SearchOrder(entry);
     if (isNext && isValid(entry)) list.Add(entry);
   }
 }
