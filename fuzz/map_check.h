@@ -147,22 +147,6 @@ class CheckingCanvas final : public Canvas {
   const DrawingArea& area_;
 };
 
-inline void CheckRanges(const MapDocument& map, const Selection& selection) {
-  const auto names = [](const auto& list, int last, std::size_t capacity) {
-    EXPECT_TRUE(last >= -1 && last < static_cast<int>(capacity));
-    EXPECT_TRUE(std::ranges::all_of(list.Items(), [&](auto i) { return i >= 0 && i <= last; }));
-  };
-  names(selection.spawns, map.lastSpawn, map.spawns.size());
-  names(selection.sceneries, map.lastScenery, map.sceneries.size());
-  names(selection.colliders, map.lastCollider, map.colliders.size());
-  names(selection.waypoints, map.lastWaypoint, map.waypoints.size());
-  EXPECT_TRUE(map.lastPolygon >= -1 && map.lastPolygon < kPolygonCapacity);
-  for (const VertexReference vertex : selection.vertices.Items()) {
-    EXPECT_TRUE(vertex.polygon >= 0 && vertex.polygon <= map.lastPolygon && vertex.corner < 3);
-  }
-  EXPECT_TRUE(map.toolIndex >= ToolMode::kEdit && map.toolIndex <= ToolMode::kAddWaypoint);
-}
-
 /// From near, far and impossible places, in every tool. Cuts connection counts and no more.
 inline void CheckDrawing(MapWorkbench& bench, unsigned look) {
   constexpr float kInfinity = std::numeric_limits<float>::infinity();

@@ -2,8 +2,6 @@
 
 #include <gmock/gmock.h>
 
-#include <cerrno>
-
 #include "app/undo_commands.h"
 #include "document/prefab_file.h"
 #include "support/editor_bench.h"
@@ -67,32 +65,13 @@ TEST_F(PrefabCommandsTest, ImportTakesItsStepAfterTheDialog) {
   EXPECT_EQ(Status(), "0: 0 0 0 0 0, 0 &Undo");
 }
 
-TEST_F(PrefabCommandsTest, TheImportDialogCountsWhatIsFreeAndWhatIsChosen) {
-  PutFile(prefabs_ + "other.pre", FileBytes(DataPath("hostile/prefab-version_0.pre")));
-  PutFile(prefabs_ + "LARGE.PRE", FileBytes(DataPath("large.pre")));
-  PutFile(prefabs_ + "readme.txt", {});
-  EXPECT_THAT(ListPrefabs(editor.ports), ElementsAre("LARGE.PRE", "one.pre", "other.pre"));
-  document.lastScenery = 10;
-  document.lastCollider = 0;
-  using Row = std::array<std::string, 2>;
-  for (const auto& [file, shown] :
-       {Row{"", "  0\n0\n0"}, Row{"one.pre", "one Maker 1\n0\n0"},
-        Row{"LARGE.PRE", "LARGE Tester 60\n80\n70"}, Row{"other.pre", "other  Err\nErr\nErr"},
-        Row{"no.pre", "no  Err\nErr\nErr"}}) {
-    const ImportContents contents = ShowPrefab(editor, file);
-    EXPECT_EQ(contents.lName + " " + contents.lAuthor + " " + contents.lMaara2, shown);
-    EXPECT_EQ(contents.canImport, !contents.lAuthor.empty()) << file;
-    EXPECT_EQ(contents.lMaara, "400\n244\n127");
-  }
-}
-
 TEST_F(PrefabCommandsTest, TheAuthorIsAskedForAndWritten) {
   using Row = std::tuple<const char*, const char*, const char*, bool>;  // is it placed?
   for (const auto& [before, answer, author, isPlaced] :
        {Row("New", " a a ", "a a", true), Row("aa", " b ", "aa", true),
-        Row("New", "", "New", false), Row("", "b", "Unknow", false), Row("aa", "New", "New", false),
-        Row("", "bb", "bb", false), Row("New", "123456789a123456789b", "123456789a123456789", true),
-        Row("a", "\xC3\x84\xC3\xA4", "\xC4\xE4", false)}) {
+        Row("", "b", "Unknow", false), Row("aa", "New", "New", false),
+        Row("a", "\xC3\x84\xC3\xA4", "\xC4\xE4", false),
+        Row("New", "123456789a123456789b", "123456789a123456789", true)}) {
     document.author = before;
     dialogs.texts.emplace_back(answer);
     events.clear();
@@ -112,11 +91,9 @@ TEST_F(PrefabCommandsTest, TheAuthorIsAskedForAndWritten) {
   Press(Key::kEscape);
   EXPECT_EQ(document.author + " " + Status(), "New 1: 0 0 0 0 0, 2 &Undo Author");
   document.author = "Caf\xE9";
-  files.FailCall(files.Count() + 1, EIO, FaultyFileCalls::Lasting::kForGood);
   dialogs.texts.emplace_back("");
-  events.clear();
+  dialogs.before = [this] { EXPECT_EQ(journal.undoAvailable, 2) << "the step comes first"; };
   CBauthor_Click(editor);
-  EXPECT_EQ(events[0] + ", " + events[1], "Show File error, AskText") << "the step comes first";
   const TextRequest& request = dialogs.textRequests.back();
   EXPECT_EQ(request.title + "|" + request.prompt + "|" + request.answer,
             "Map properties|Author's name\n\nYou are also allowed place this text to the map after "

@@ -2,9 +2,11 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <filesystem>
 
 #include "app/file_commands.h"
+#include "app/program_folders.h"
 #include "support/editor_bench.h"
 #include "support/map_builder.h"
 
@@ -32,69 +34,49 @@ class RunCommandsTest : public testing::Test {
   const std::string& game_ = editor_.ports.gameFolder;
 };
 
-TEST_F(RunCommandsTest, TheMapMakerComesToTheFrontOrIsStarted) {
-  const std::string folder = AbsolutePath(game_ + "MapMaker/");
-  const std::string path = folder + "MapMaker.exe";
-  const std::string look = "ActivateWindow Soldat Map Maker";
-  MenuRunMaker(editor_);
-  EXPECT_THAT(Landmarks(), ElementsAre(look, "Show Run error"));
-  std::filesystem::create_directory(game_ + "MapMaker");
-  PutFile(path, {});
-  MenuRunMaker(editor_);
-  EXPECT_THAT(Landmarks(), ElementsAre(look, "Start " + path + " in " + folder));
-  bench_.programs.problem = "Wine is missing.";
-  MenuRunMaker(editor_);
-  EXPECT_THAT(bench_.TakeMessages(),
-              ElementsAre(RunError(path + " not found"),
-                          RunError(path + " could not be started: Wine is missing.")));
-  bench_.events.clear();
-  bench_.programs.windows = {"Soldat Map Maker"};
-  MenuRunMaker(editor_);
-  EXPECT_THAT(bench_.events, ElementsAre(look));
+TEST_F(RunCommandsTest, AProgramComesToTheFrontOrIsStarted) {
+  using Row = std::tuple<void (*)(Editor&), std::string, std::string>;
+  for (const auto& [run, title, path] :
+       {Row(MenuRunMaker, "Soldat Map Maker", AbsolutePath(game_ + "MapMaker/MapMaker.exe")),
+        Row(MenuRunSoldat, "Soldat", game_ + "Soldat.exe")}) {
+    const std::string folder = path.substr(0, path.find_last_of("/\\") + 1);
+    run(editor_);
+    EXPECT_THAT(Landmarks(), ElementsAre("ActivateWindow " + title, "Show Run error"));
+    std::filesystem::create_directories(folder);
+    PutFile(path, {});
+    bench_.programs.problem = "Wine is missing.";
+    run(editor_);
+    EXPECT_THAT(Landmarks(), Contains("Start " + path + " in " + folder));
+    EXPECT_THAT(bench_.TakeMessages(),
+                ElementsAre(RunError(path + " not found"),
+                            RunError(path + " could not be started: Wine is missing.")));
+    bench_.programs.windows = {title};
+    run(editor_);
+    EXPECT_THAT(bench_.TakeEvents(), ElementsAre("ActivateWindow " + title));
+  }
 }
 
-TEST_F(RunCommandsTest, TheGameIsStartedWhenAllIsReady) {
-  const std::string path = game_ + "Soldat.exe";
+TEST_F(RunCommandsTest, TheWindowStepsAsideForAGameThatPlaysTheMap) {
+  const std::string start = "Start " + game_ + "Soldat.exe in " + game_;
   const std::string list = game_ + "mapslist.txt";
-  MenuRunSoldat(editor_);
-  EXPECT_THAT(bench_.TakeMessages(), ElementsAre(RunError(path + " not found")));
-  EXPECT_THAT(Landmarks(), ElementsAre("ActivateWindow Soldat", "Show Run error"));
-
   OpenMap(editor_, bench_.PutMap("ctf_a.pmp"));
-  PutFile(path, {});
+  PutFile(game_ + "Soldat.exe", {});
   std::filesystem::create_directory(game_ + "MAPS");
   PutFile(game_ + "MAPS/ctf_a.pmp", {});
-  EventLog expected = {"ActivateWindow Soldat",
-                       "Write Windows/State",
-                       "Write Windows/Top",
-                       "Write Windows/Left",
-                       "Write Windows/Width",
-                       "Write Windows/Height",
-                       "Minimize",
-                       "Start " + path + " in " + game_,
-                       "RunPendingEvents"};
-  Landmarks();
-  MenuRunSoldat(editor_);
-  EXPECT_EQ(Landmarks(), expected);
-  EXPECT_TRUE(std::filesystem::remove(list));
-
-  bench_.programs.problem = "Wine is missing.";
-  expected.back() = "Unminimize";
-  expected.emplace_back("Show Run error");
-  MenuRunSoldat(editor_);
-  EXPECT_EQ(Landmarks(), expected);
-  EXPECT_TRUE(std::filesystem::remove(list));
+  for (const std::string problem : {"", "Wine is missing."}) {
+    bench_.programs.problem = problem;
+    Landmarks();
+    MenuRunSoldat(editor_);
+    EventLog expected = {"Write Windows/Height", "Minimize", start, "RunPendingEvents"};
+    if (!problem.empty()) expected = {"Minimize", start, "Unminimize", "Show Run error"};
+    const EventLog asked = Landmarks();
+    EXPECT_TRUE(std::ranges::equal(std::span(asked).last(4), expected));
+    EXPECT_TRUE(std::filesystem::remove(list));
+  }
   std::filesystem::remove(game_ + "soldat.ini");
   std::filesystem::create_directory(game_ + "soldat.ini");
   MenuRunSoldat(editor_);
-  EXPECT_THAT(Landmarks(), testing::Not(Contains(testing::StartsWith("Start"))));
-  EXPECT_EQ(bench_.TakeMessages().front(),
-            RunError(path + " could not be started: Wine is missing."));
-
-  bench_.programs.windows = {"Soldat"};
-  MenuRunSoldat(editor_);
-  EXPECT_THAT(bench_.events, ElementsAre("ActivateWindow Soldat"));
-  EXPECT_FALSE(std::filesystem::exists(list));
+  EXPECT_THAT(Landmarks(), testing::Not(Contains(start))) << "it would play another map";
 }
 
 TEST_F(RunCommandsTest, AllGoesOnlyAsFarAsItSucceeds) {
@@ -103,17 +85,33 @@ TEST_F(RunCommandsTest, AllGoesOnlyAsFarAsItSucceeds) {
   EXPECT_THAT(Landmarks(), ElementsAre("Show Problem")) << "nothing to compile";
   AddTriangle(bench_.document, {{{0, 0}, {60, 0}, {0, 60}}});
   const std::string path = bench_.folder / "map.pmp";
-  bench_.dialogs.chosenFiles = {"", bench_.folder / "no such folder/map.pmp", path};
-  MenuRunAll(editor_);
-  EXPECT_THAT(Landmarks(), ElementsAre("ChooseFileToSave")) << "cancelled";
+  bench_.dialogs.chosenFiles = {bench_.folder / "no such folder/map.pmp", path};
   MenuRunAll(editor_);
   EXPECT_THAT(Landmarks(), ElementsAre("ChooseFileToSave", "Show File error"));
   MenuRunAll(editor_);
   EXPECT_THAT(Landmarks(), Contains("Start " + game_ + "Soldat.exe in " + game_));
-  MapWorkbench saved;
-  saved.Load(path);
-  EXPECT_EQ(saved.document.sectorDivision, 2);
-  EXPECT_EQ(saved.document.sectors[15 * 31 + 15].count, 1);
+  EXPECT_EQ(bench_.document.sectorDivision, 2) << "compiled";
+}
+
+/// Inside the game's folder, installed for the system, or alone, where it stays so that
+/// messages name a folder the user knows.
+TEST(ProgramFoldersTest, TheGameIsAboveOrWhereTheUserSays) {
+  const ScratchFolder folder;
+  const std::string program = folder / "Vesmora/";
+  const auto find = [&program](const char* named) {
+    const ProgramFolders found = FindProgramFolders(SystemFileCalls(), program, named);
+    return std::pair(found.program, found.game);
+  };
+  using Found = std::pair<std::string, std::string>;
+  EXPECT_EQ(find(""), Found(program, folder.Path()));
+  const std::string shared = folder / "share/vesmora/";
+  std::filesystem::create_directories(shared);
+  EXPECT_EQ(find(""), Found(shared, folder.Path()));
+  EXPECT_EQ(find("/games/Soldat"), Found(shared, "/games/Soldat/"));
+  EXPECT_EQ(find("/games/Soldat/"), Found(shared, "/games/Soldat/"));
+  PutFile(folder / "Soldat.exe", {});
+  std::filesystem::create_directories(program + "Prefab");
+  EXPECT_EQ(find("/elsewhere"), Found(program, folder.Path())) << "nothing else counts";
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
-// What only these systems have: links, permission bits, pipes, and processes to kill.
+// What only these systems have: links, permission bits and pipes, and a shared temporary folder.
 #include <gtest/gtest.h>
+#include <stdlib.h>  // setenv
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -9,6 +10,7 @@
 #include <cstring>
 #include <functional>
 
+#include "platform/temp_folder.h"
 #include "support/durable_write.h"
 
 namespace vesmora {
@@ -28,84 +30,91 @@ int ExitCodeOf(const std::function<int()>& work) {
   return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
-INSTANTIATE_TEST_SUITE_P(LinkWays, DurableWrite,
-                         testing::Values(Way{"WriteThroughLink", false, true, true},
-                                         Way{"WriteThroughDanglingLink", false, false, true}),
-                         [](const auto& way) { return std::string(way.param.name); });
-
-TEST_P(DurableWrite, FileSizeLimitedByTheSystem) {
-  for (const std::size_t limit : {0U, 1U, 399U, 400U, 401U, 700U, 999U, 1000U, 1001U}) {
-    SCOPED_TRACE(limit);
-    Prepare();
-    const int code = ExitCodeOf([&] {
-      FileCalls& system = SystemFileCalls();
-      const rlimit fileSize = {limit, limit};
-      ::setrlimit(RLIMIT_FSIZE, &fileSize);
-      return Run(system).Ok() ? 1 : 0;
-    });
-    EXPECT_EQ(code, limit >= kNew.size() ? 1 : 0);
-    EXPECT_EQ(Get(real_), limit >= kNew.size() ? std::optional(kNew) : Old());
-    EXPECT_TRUE(NothingLeftBehind());
-  }
-}
-
-TEST_P(DurableWrite, KilledBeforeEveryCall) {
+TEST(Files, KilledBeforeAnyCallAWriteLeavesTheOldOrTheNewFile) {
+  const ScratchFolder folder;
+  const std::string path = folder / "map";
   bool wasNew = false;
-  int n = 1;
-  for (int code = 1; code != 0; ++n) {
-    Prepare();
+  int calls = 1;
+  for (int code = 1; code != 0; ++calls) {
+    Put(path, kOld);
     code = ExitCodeOf([&] {
-      FaultyFileCalls calls;
-      calls.ExitBefore(n, 1);
-      return Run(calls).Ok() ? 0 : 2;
+      FaultyFileCalls killed;
+      killed.ExitBefore(calls, 1);
+      return WriteFileDurably(killed, path, kNew).Ok() ? 0 : 2;
     });
     ASSERT_TRUE(code == 0 || code == 1) << code;
-    const bool isNew = Get(real_) == kNew;
-    EXPECT_TRUE(isNew || Get(real_) == Old()) << n;
-    EXPECT_TRUE(isNew || !wasNew) << n;  // one moment at which it changes
+    const bool isNew = Get(path) == kNew;
+    EXPECT_TRUE(isNew || (Get(path) == kOld && !wasNew)) << "one moment at which it changes";
     wasNew = isNew;
   }
-  EXPECT_TRUE(wasNew);
-  EXPECT_GT(n, 10);
+  EXPECT_TRUE(wasNew && calls > 10);
 }
 
-TEST_P(DurableWrite, PermissionsAreKeptAndProtectionRespected) {
+TEST(Files, TheSystemsLimitOfSizesLeavesTheOldFile) {
+  const ScratchFolder folder;
+  for (const std::size_t limit : {0U, 1U, 999U, 1000U}) {
+    Put(folder / "map", kOld);
+    const int code = ExitCodeOf([&] {
+      FileCalls& system = SystemFileCalls();  // which sees to it that no signal ends the process
+      const rlimit size = {limit, limit};
+      ::setrlimit(RLIMIT_FSIZE, &size);
+      return WriteFileDurably(system, folder / "map", kNew).Ok() ? 1 : 0;
+    });
+    EXPECT_EQ(code, limit == kNew.size() ? 1 : 0);
+    EXPECT_EQ(Get(folder / "map"), limit == kNew.size() ? kNew : kOld);
+  }
+}
+
+TEST(Files, PermissionsAreKept) {
+  const ScratchFolder folder;
+  const std::string source = folder / "source";
+  const std::string path = folder / "map";
   const mode_t mask = ::umask(027);
   for (const unsigned mode : {0600U, 0640U, 0664U, 0755U}) {
-    Prepare();
-    const std::string model = GetParam().hasOld ? real_ : folder_ / "source";
-    ASSERT_EQ(::chmod(model.c_str(), mode), 0);
-    ASSERT_TRUE(Run(SystemFileCalls()).Ok());
-    const bool keeps = GetParam().hasOld || GetParam().copies;
-    EXPECT_EQ(ModeOf(real_), keeps ? mode : 0640U);
-    FaultyFileCalls calls;
-    calls.FailAll("KeepAccess", EPERM);
-    ASSERT_TRUE(Run(calls).Ok());
-    EXPECT_EQ(ModeOf(real_), 0600U);  // when in doubt, closed to others
+    for (const bool copies : {true, false}) {
+      for (const bool hasOld : {true, false}) {
+        Put(source, kNew);
+        Put(path, kOld);
+        ASSERT_EQ(::chmod((hasOld ? path : source).c_str(), mode), 0);
+        if (!hasOld) fs::remove(path);
+        FaultyFileCalls calls;
+        const auto run = [&] {
+          return copies ? CopyFileDurably(calls, source, path)
+                        : WriteFileDurably(calls, path, kNew);
+        };
+        ASSERT_TRUE(run().Ok());
+        EXPECT_EQ(ModeOf(path), hasOld || copies ? mode : 0640U);
+        calls.FailAll("KeepAccess", EPERM);
+        ASSERT_TRUE(run().Ok());
+        EXPECT_EQ(ModeOf(path), 0600U) << "when in doubt, closed to others";
+      }
+    }
   }
   ::umask(mask);
-  if (!GetParam().hasOld || ::geteuid() != 0) return;
-
-  // As a user whose folder it is, but who may not write to the file.
-  Prepare();
-  fs::permissions(folder_.Path(), fs::perms::all);
-  fs::permissions(folder_ / "sub", fs::perms::all);
-  const int code = ExitCodeOf([&] {
-    if (::setgid(65534) != 0 || ::setuid(65534) != 0) return 2;
-    return Run(SystemFileCalls()).reason == std::strerror(EACCES) ? 0 : 1;
-  });
-  EXPECT_EQ(code, 0);
-  EXPECT_EQ(Get(real_), kOld);
-  EXPECT_TRUE(NothingLeftBehind());
 }
 
-TEST(Files, PipesDevicesAndLoopsAreRefusedAtOnce) {
+/// As a user whose folder it is, but who may not write to the file.
+TEST(Files, ProtectionIsRespected) {
+  const ScratchFolder folder;
+  if (::geteuid() != 0) GTEST_SKIP() << "only root can become another user";
+  Put(folder / "map", kOld);
+  fs::permissions(folder.Path(), fs::perms::all);
+  EXPECT_EQ(ExitCodeOf([&] {
+              if (::setgid(65534) != 0 || ::setuid(65534) != 0) return 2;
+              const FileStatus status = WriteFileDurably(SystemFileCalls(), folder / "map", kNew);
+              return status.reason == std::strerror(EACCES) ? 0 : 1;
+            }),
+            0);
+  EXPECT_EQ(Get(folder / "map"), kOld);
+}
+
+TEST(Files, WhatIsNoRegularFileIsRefusedAtOnce) {
   const ScratchFolder folder;
   FileCalls& calls = SystemFileCalls();
   const std::string pipe = folder / "pipe";
   ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
   fs::create_symlink("loop", folder / "loop");
-  for (const std::string& path : {pipe, folder / "loop"}) {
+  for (const std::string& path : {pipe, folder / "loop", folder.Path(), std::string()}) {
     SCOPED_TRACE(path);
     EXPECT_FALSE(ReadFile(calls, path, 10).status.reason.empty());
     EXPECT_FALSE(WriteFileDurably(calls, path, kNew).reason.empty());
@@ -115,7 +124,6 @@ TEST(Files, PipesDevicesAndLoopsAreRefusedAtOnce) {
   // Devices are only read here: a fault in the code must not cost the machine one.
   EXPECT_FALSE(ReadFile(calls, "/dev/zero", 10).status.Ok());
   EXPECT_FALSE(WriteFileInPlace(calls, pipe, kNew).Ok());
-  EXPECT_EQ(CopyFileDurably(calls, folder / "none", pipe).failure, FileFailure::kMissing);
   EXPECT_TRUE(fs::is_fifo(pipe) && fs::is_symlink(folder / "loop"));
 }
 
@@ -124,12 +132,69 @@ TEST(Files, SymbolicLinksAreSeenThroughOrRefused) {
   Put(folder / "map", kOld);
   fs::create_symlink("map", folder / "link");
   fs::create_symlink("missing", folder / "dangling");
-  FaultyFileCalls calls;
-  EXPECT_TRUE(CopyFileDurably(calls, folder / "map", folder / "link").Ok());
-  EXPECT_TRUE(std::ranges::all_of(calls.Names(), [](auto& call) { return call == "Info"; }));
-  EXPECT_FALSE(WriteFileInPlace(calls, folder / "link", kOld).Ok());
+  EXPECT_TRUE(SameFile(SystemFileCalls(), folder / "map", folder / "link"));
+  EXPECT_FALSE(WriteFileInPlace(SystemFileCalls(), folder / "link", kOld).Ok());
+  Put(folder / "Z", kOld);
   const FolderListing listing = ListFiles(SystemFileCalls(), folder.Path());
-  EXPECT_EQ(listing.names, (std::vector<std::string>{"link", "map"}));
+  EXPECT_EQ(listing.names, (std::vector<std::string>{"Z", "link", "map"})) << "sorted";
+}
+
+class TempFolder : public testing::Test {
+ protected:
+  void SetUp() override { ::setenv("TMPDIR", shared_.Path().c_str(), 1); }
+  void TearDown() override {
+    hadBefore_.empty() ? ::unsetenv("TMPDIR") : ::setenv("TMPDIR", hadBefore_.c_str(), 1);
+  }
+
+  /// Expects a folder that is real, this user's and closed to others.
+  std::string Expected() {
+    FileStatus status;
+    const std::string path = PrivateTempFolder(SystemFileCalls(), status);
+    EXPECT_TRUE(status.Ok()) << status.reason;
+    EXPECT_TRUE(path.starts_with(shared_.Path()) && path.ends_with('/')) << path;
+    struct stat info = {};
+    EXPECT_EQ(::lstat(path.substr(0, path.size() - 1).c_str(), &info), 0);
+    EXPECT_EQ(info.st_mode, S_IFDIR | 0700U);
+    EXPECT_EQ(info.st_uid, ::geteuid());
+    return path;
+  }
+
+  const std::string hadBefore_ = ::getenv("TMPDIR") != nullptr ? ::getenv("TMPDIR") : "";
+  const ScratchFolder shared_;
+  const std::string usual_ = shared_ / ("vesmora-" + std::to_string(::geteuid()));
+};
+
+TEST_F(TempFolder, IsTheSameEachTimeAndClosedToOthers) {
+  EXPECT_EQ(Expected(), usual_ + "/");
+  ASSERT_EQ(::chmod(usual_.c_str(), 0755), 0);
+  EXPECT_EQ(Expected(), usual_ + "/");
+  FaultyFileCalls calls;
+  calls.FailAll("MakeFolder", EROFS);
+  FileStatus status;
+  EXPECT_EQ(PrivateTempFolder(calls, status), "");
+  EXPECT_EQ(status.reason, std::strerror(EROFS));
+}
+
+TEST_F(TempFolder, WhatOthersPlantedIsLeftAlone) {
+  const std::string elsewhere = shared_ / "elsewhere";
+  fs::create_directory(elsewhere);
+  ASSERT_EQ(::chmod(elsewhere.c_str(), 0755), 0);
+  fs::create_directory_symlink(elsewhere, usual_);
+  EXPECT_NE(Expected(), usual_ + "/");
+  EXPECT_NE(Expected(), Expected());
+  EXPECT_EQ(fs::status(elsewhere).permissions(), fs::perms{0755});
+  EXPECT_TRUE(fs::is_symlink(usual_) && fs::is_empty(elsewhere));
+
+  fs::remove(usual_);
+  ASSERT_TRUE(WriteFileInPlace(SystemFileCalls(), usual_, {}).Ok());
+  EXPECT_NE(Expected(), usual_ + "/");
+  fs::remove(usual_);
+  fs::create_directory(usual_);
+  ASSERT_EQ(::chmod(usual_.c_str(), 0777), 0);
+  EXPECT_NE(Expected(), usual_ + "/");
+  if (::geteuid() != 0) return;
+  ASSERT_EQ(::chmod(usual_.c_str(), 0700) + ::chown(usual_.c_str(), 65534, 65534), 0);
+  EXPECT_NE(Expected(), usual_ + "/");
 }
 
 }  // namespace

@@ -1,9 +1,11 @@
-// What only this system has: files held by other programs, attributes, its own INI calls.
+// What only this system has: files held by other programs, attributes, its own INI calls and code
+// pages.
 #include <gtest/gtest.h>
 #include <windows.h>
 
 #include <cerrno>
 
+#include "platform/code_page_windows.h"
 #include "platform/profile_files.h"
 #include "platform/temp_folder.h"
 #include "platform/wide_text_windows.h"
@@ -54,29 +56,6 @@ TEST(WindowsFiles, AHeldOrProtectedFileStaysAndIsExplained) {
   SetFileAttributesW(Wide(path).c_str(), FILE_ATTRIBUTE_NORMAL);
 }
 
-TEST(WindowsFiles, AFileThatIsOnlyLookedAtIsReplaced) {
-  const ScratchFolder folder;
-  const std::string path = folder / "map";
-  Put(path, kOld);
-  const HANDLE held = OpenElsewhere(path, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE);
-  const FileStatus status = WriteFileDurably(SystemFileCalls(), path, kNew);
-  CloseHandle(held);
-  EXPECT_EQ(Get(path), status.Ok() ? kNew : kOld) << status.reason;
-  EXPECT_EQ(FilesIn(folder), 1);
-}
-
-TEST(WindowsFiles, DevicesAndImpossibleNamesAreRefused) {
-  FileCalls& calls = SystemFileCalls();
-  EXPECT_FALSE(ReadFile(calls, "NUL", 10).status.Ok());
-  EXPECT_FALSE(WriteFileDurably(calls, "NUL", kNew).Ok());
-  const ScratchFolder folder;
-  for (const char* name : {"a?b", "a*b", "a<b", "a|b"}) {
-    EXPECT_EQ(ReadFile(calls, folder / name, 10).status.failure, FileFailure::kMissing) << name;
-    EXPECT_FALSE(WriteFileDurably(calls, folder / name, kNew).Ok()) << name;
-  }
-  EXPECT_EQ(FilesIn(folder), 0);
-}
-
 TEST(WindowsTempFolder, IsTheUsersOwnAndEachEditorHoldsOne) {
   FileCalls& calls = SystemFileCalls();
   FileStatus status;
@@ -114,6 +93,32 @@ TEST(WindowsProfileFiles, OneKeyChangesThroughTheSystem) {
   EXPECT_EQ(profiles->ReadInt(path, "GAME", "GameStyle", 9), 0);
   EXPECT_EQ(Get(path), bytes);
   SetFileAttributesW(Wide(path).c_str(), FILE_ATTRIBUTE_NORMAL);
+}
+
+std::string Byte(int number) { return {static_cast<char>(static_cast<unsigned char>(number))}; }
+
+TEST(CodePage, EveryByteAndPairComesBack) {
+  for (const unsigned number : {1250U, 1251U, 1252U, 1255U, 874U, 932U, 936U, 949U, 950U, 65001U}) {
+    const CodePage page(number);
+    int lost = 0;
+    for (int i = 0; i < 256; ++i) {
+      EXPECT_EQ(page.FromUtf8(page.ToUtf8(Byte(i))), Byte(i)) << number << ", byte " << i;
+      for (int j = 0; j < 256; ++j) {
+        const std::string pair = Byte(i) + Byte(j);
+        lost += page.FromUtf8(page.ToUtf8(pair)) != pair ? 1 : 0;
+      }
+    }
+    EXPECT_EQ(lost, 0) << number;
+  }
+}
+
+TEST(CodePage, KnownCharactersAndNothingSimilar) {
+  EXPECT_EQ(CodePage(1251).ToUtf8("\xc6"), "\u0416");
+  EXPECT_EQ(CodePage(1251).FromUtf8("\u0416\u00e9"), "\xc6?");  // no "e" for the accented one
+  EXPECT_EQ(CodePage(1250).FromUtf8("\u0159\u00f1"), "\xf8?");
+  EXPECT_EQ(CodePage(932).ToUtf8("\x93\xfa\x96{"), "\u65e5\u672c");
+  EXPECT_EQ(CodePage(932).FromUtf8("a\u65e5\u672c"), "a\x93\xfa\x96{");
+  EXPECT_EQ(CodePage(65001).FromUtf8("\u00e9\u0416"), "\xe9?");
 }
 
 }  // namespace

@@ -1,16 +1,23 @@
-// Real processes: scripts stand in for the game and for Wine.
+// Real processes: scripts stand in for the game and for Wine. And real windows, on a virtual
+// display with a window manager.
+#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <xcb/xcb.h>
 
+#include <array>
 #include <cerrno>
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <sstream>
+#include <string>
 #include <thread>
+#include <vector>
 
 #include "platform/programs.h"
 #include "support/scratch_folder.h"
@@ -95,6 +102,117 @@ TEST_F(ProgramsTest, AStartedProgramOutlivesTheEditorAndLeavesNoZombie) {
   EXPECT_EQ(TakeResult(), "alive\n");
   EXPECT_EQ(::waitpid(-1, nullptr, WNOHANG), -1);
   EXPECT_EQ(errno, ECHILD) << "no child of ours, dead or alive";
+}
+
+bool Soon(const std::function<bool()>& condition) {
+  for (int i = 0; i < 500; ++i) {
+    if (condition()) return true;
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+  }
+  return false;
+}
+
+/// A program of the system's, silent, ended with this object.
+class Process {
+ public:
+  explicit Process(std::vector<const char*> arguments) : number_(::fork()) {
+    if (number_ != 0) return;
+    const int nothing = ::open("/dev/null", O_WRONLY);
+    for (const int handle : {STDOUT_FILENO, STDERR_FILENO}) ::dup2(nothing, handle);
+    arguments.push_back(nullptr);
+    ::execvp(arguments[0], const_cast<char* const*>(arguments.data()));
+    ::_exit(127);
+  }
+  Process(const Process&) = delete;
+  Process& operator=(const Process&) = delete;
+  ~Process() {
+    ::kill(number_, SIGTERM);
+    ::waitpid(number_, nullptr, 0);
+  }
+
+ private:
+  pid_t number_;
+};
+
+/// Opens windows to be found, and sees which one is in front.
+class Client {
+ public:
+  Client() = default;
+  Client(const Client&) = delete;
+  Client& operator=(const Client&) = delete;
+  ~Client() { xcb_disconnect(connection_); }
+
+  bool BecomesActive(xcb_window_t window) const {
+    const xcb_atom_t property = Atom("_NET_ACTIVE_WINDOW");
+    return Soon([&] {
+      const auto request = xcb_get_property(connection_, 0, root_, property, 0, 0, 1);
+      auto* reply = xcb_get_property_reply(connection_, request, nullptr);
+      const bool isActive = reply != nullptr && reply->value_len == 1 &&
+                            *static_cast<xcb_window_t*>(xcb_get_property_value(reply)) == window;
+      std::free(reply);
+      return isActive;
+    });
+  }
+  xcb_window_t Open(const std::string& title, const std::string& titleProperty = "_NET_WM_NAME",
+                    std::uint32_t process = 0) const {
+    const xcb_window_t window = xcb_generate_id(connection_);
+    xcb_create_window(connection_, 0, window, root_, 50, 50, 300, 200, 0,
+                      XCB_WINDOW_CLASS_INPUT_OUTPUT, 0, 0, nullptr);
+    xcb_change_property(connection_, XCB_PROP_MODE_REPLACE, window, Atom(titleProperty),
+                        Atom("UTF8_STRING"), 8, static_cast<std::uint32_t>(title.size()),
+                        title.c_str());
+    xcb_change_property(connection_, XCB_PROP_MODE_REPLACE, window, Atom("_NET_WM_PID"),
+                        XCB_ATOM_CARDINAL, 32, 1, &process);
+    xcb_map_window(connection_, window);
+    xcb_flush(connection_);
+    return window;
+  }
+
+ private:
+  xcb_atom_t Atom(const std::string& name) const {
+    const auto length = static_cast<std::uint16_t>(name.size());
+    const auto request = xcb_intern_atom(connection_, 0, length, name.c_str());
+    auto* reply = xcb_intern_atom_reply(connection_, request, nullptr);
+    const xcb_atom_t atom = reply->atom;
+    std::free(reply);
+    return atom;
+  }
+
+  xcb_connection_t* connection_ = xcb_connect(nullptr, nullptr);
+  xcb_window_t root_ = xcb_setup_roots_iterator(xcb_get_setup(connection_)).data->root;
+};
+
+TEST(ActivationTest, TheWindowOfThatTitleComesToTheFront) {
+  const ScratchFolder home;
+  ::setenv("HOME", home.Path().c_str(), 1);
+  const auto programs = SystemPrograms();
+  ::unsetenv("DISPLAY");
+  EXPECT_FALSE(programs->ActivateWindow("Soldat"));
+  std::array<int, 2> channel = {};
+  ASSERT_EQ(::pipe(channel.data()), 0);
+  const Process server({"Xvfb", "-displayfd", std::to_string(channel[1]).c_str()});
+  ::close(channel[1]);
+  std::string display = ":";
+  for (char c = 0; ::read(channel[0], &c, 1) == 1 && c != '\n';) display += c;
+  ASSERT_NE(display, ":") << "Xvfb does not start";
+  ::setenv("DISPLAY", display.c_str(), 1);
+  const Client client;
+  const xcb_window_t maker = client.Open("Soldat Map Maker");
+  EXPECT_FALSE(programs->ActivateWindow("Soldat Map Maker")) << "nobody manages the windows";
+  const Process manager({"openbox"});
+  const auto activate = [&] { return programs->ActivateWindow("Soldat Map Maker"); };
+  ASSERT_TRUE(Soon(activate)) << "openbox does not start";
+
+  EXPECT_FALSE(programs->ActivateWindow("Soldat"));
+  const xcb_window_t old = client.Open("Soldat", "WM_NAME");
+  EXPECT_TRUE(client.BecomesActive(old));
+  const auto own = static_cast<std::uint32_t>(::getpid());
+  EXPECT_TRUE(client.BecomesActive(client.Open("Own", "_NET_WM_NAME", own)));
+  EXPECT_FALSE(programs->ActivateWindow("Own"));
+  EXPECT_TRUE(activate()) << "covered";
+  EXPECT_TRUE(client.BecomesActive(maker));
+  EXPECT_TRUE(programs->ActivateWindow("Soldat"));
+  EXPECT_TRUE(client.BecomesActive(old)) << "of an older program";
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// The real window under real events: what reaches the file in the end.
+// The real window and its Import dialog under real events: what reaches the file in the end.
 #include "app/qt/ikkuna.h"
 
 #include <gtest/gtest.h>
@@ -9,8 +9,13 @@
 #include <QTimer>
 #include <QWheelEvent>
 #include <filesystem>
+#include <fstream>
 #include <memory>
 
+#include "app/qt/import_dialog.h"
+#include "document/prefab_file.h"
+#include "support/editor_bench.h"
+#include "support/map_builder.h"
 #include "support/map_workbench.h"
 
 namespace vesmora {
@@ -20,8 +25,7 @@ class IkkunaTest : public testing::Test, protected MapWorkbench {
  protected:
   /// A window of 1000 x 700 on an empty map that lies in `path_`.
   IkkunaTest() {
-    qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString(folder.Path()));
-    qputenv("TMPDIR", QByteArray::fromStdString(folder.Path()));
+    for (const char* name : kFolders) qputenv(name, QByteArray::fromStdString(folder.Path()));
     QObject::connect(&boxCloser_, &QTimer::timeout, [] {
       auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
       if (box != nullptr) box->accept();
@@ -41,8 +45,7 @@ class IkkunaTest : public testing::Test, protected MapWorkbench {
     window_->resize(window_->width(), window_->height() + map_->height() % 2);
   }
   ~IkkunaTest() override {
-    qunsetenv("XDG_CONFIG_HOME");
-    qunsetenv("TMPDIR");
+    for (const char* name : kFolders) qunsetenv(name);
   }
 
   QWidget* Find(const char* name) { return window_->findChild<QWidget*>(name); }
@@ -81,6 +84,7 @@ class IkkunaTest : public testing::Test, protected MapWorkbench {
     return document;
   }
 
+  static constexpr std::array kFolders = {"XDG_CONFIG_HOME", "TMPDIR", "VESMORA_GAME"};
   const std::string path_ = folder / "some.pmp";
   QTimer boxCloser_;  // presses OK
   std::unique_ptr<Ikkuna> window_;
@@ -152,7 +156,7 @@ TEST_F(IkkunaTest, TheViewZoomsAndPansAndEveryControlGivesTheKeyboardBack) {
   EXPECT_EQ(document.colliders[0].y, -20);
 
   QWidget* rest = Find("Pala");
-  for (const char* name : {"OBvalinta0", "CBfixed", "CBnayta1", "CBzoom", "CBgrid"}) {
+  for (const char* name : {"OBvalinta0", "CBfixed", "CBnayta1", "CBzoom"}) {
     auto* list = window_->findChild<QComboBox*>(name);
     if (list == nullptr) QTest::mouseClick(Find(name), Qt::LeftButton, {}, {8, 8});
     if (list != nullptr) list->setFocus(), list->showPopup(), list->hidePopup();
@@ -165,6 +169,50 @@ TEST_F(IkkunaTest, TheViewZoomsAndPansAndEveryControlGivesTheKeyboardBack) {
   EXPECT_EQ(properties->geometry(),
             QRect(map_->width() - properties->width(), 0, properties->width(), map_->height() + 2));
   EXPECT_EQ(rest->geometry().bottomLeft(), QPoint(0, map_->height() - 1));
+}
+
+TEST_F(IkkunaTest, TheGameRunsAndTheWindowStepsAside) {
+  const std::string game = folder / "Soldat.exe";
+  std::ofstream(game) << "#!/bin/sh\n: >result\n";
+  std::filesystem::permissions(game, std::filesystem::perms::owner_all);
+  qputenv("PATH", QByteArray::fromStdString(folder.Path()));  // without Wine
+  qunsetenv("DISPLAY");
+  Run("MenuRunSoldat");
+  EXPECT_TRUE(window_->isMinimized());
+  EXPECT_TRUE(QTest::qWaitFor([&] { return std::filesystem::exists(folder / "result"); }));
+  std::ofstream(game) << "MZ";
+  Run("MenuRunSoldat");
+  EXPECT_FALSE(window_->isMinimized()) << "it could not be started";
+}
+
+TEST(ImportDialogTest, OnlyAChosenPrefabIsImported) {
+  EditorBench bench;
+  const std::string folder = PrefabFolder(bench.editor.ports);
+  const std::string latin = "b\xE4.PRE";  // no UTF-8
+  std::filesystem::create_directory(folder);
+  AddTriangle(bench.document, {{{0, 0}, {10, 0}, {0, 10}}});
+  for (const std::string& name : {std::string("a.pre"), latin, std::string("readme.txt")}) {
+    PutFile(folder + name, WritePrefab(bench.document));
+  }
+  PutFile(folder + "z.pre", FileBytes(DataPath("hostile/prefab-version_0.pre")));
+  Import dialog(bench.editor, nullptr);
+  dialog.show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+  auto* list = dialog.findChild<QListWidget*>("fTiedosto");
+  auto* import = dialog.findChild<QPushButton*>("cImport");
+  const auto text = [&](const char* name) { return dialog.findChild<QLabel*>(name)->text(); };
+  EXPECT_TRUE(list->hasFocus());
+  EXPECT_EQ(text("lMaara") + " " + text("lMaara2"), "399\n255\n128 0\n0\n0");
+  EXPECT_FALSE(import->isEnabled());
+  for (int i = 0; i < 3; ++i) QTest::keyClick(list, Qt::Key_Down);
+  EXPECT_EQ(text("lName") + " " + text("lMaara2"), "z Err\nErr\nErr");
+  EXPECT_FALSE(import->isEnabled());
+  for (int i = 0; i < 2; ++i) QTest::keyClick(list, Qt::Key_Up);
+  EXPECT_EQ(text("lName") + " " + text("lMaara2"), "a 1\n0\n0");
+  QTest::keyClick(list, Qt::Key_Down);
+  EXPECT_TRUE(import->isEnabled());
+  QTimer::singleShot(0, import, &QPushButton::click);
+  EXPECT_EQ(dialog.Choose(), folder + latin);
 }
 
 }  // namespace

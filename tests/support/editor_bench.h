@@ -10,7 +10,6 @@
 #include "app/editor.h"
 #include "app/file_commands.h"
 #include "app/keys.h"
-#include "support/fake_programs.h"
 #include "support/fakes.h"
 #include "support/faulty_file_calls.h"
 #include "support/map_workbench.h"

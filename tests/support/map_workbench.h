@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <fstream>
 #include <iterator>
@@ -14,7 +15,6 @@
 #include "document/map_image.h"
 #include "support/fakes.h"
 #include "support/scratch_folder.h"
-#include "support/scripted_dialogs.h"
 
 namespace vesmora {
 
@@ -60,6 +60,23 @@ inline DocumentState StateOf(const MapDocument& map) {
   const std::array lasts = {map.lastPolygon, map.lastSpawn, map.lastScenery, map.lastWaypoint,
                             map.lastCollider};
   return {ImageOf(map), lasts, map.fileName, map.author, static_cast<int>(map.toolIndex)};
+}
+
+/// No last index and no list leads out of the tables.
+inline void CheckRanges(const MapDocument& map, const Selection& selection) {
+  const auto names = [](const auto& list, int last, std::size_t capacity) {
+    EXPECT_TRUE(last >= -1 && last < static_cast<int>(capacity));
+    EXPECT_TRUE(std::ranges::all_of(list.Items(), [&](auto i) { return i >= 0 && i <= last; }));
+  };
+  names(selection.spawns, map.lastSpawn, map.spawns.size());
+  names(selection.sceneries, map.lastScenery, map.sceneries.size());
+  names(selection.colliders, map.lastCollider, map.colliders.size());
+  names(selection.waypoints, map.lastWaypoint, map.waypoints.size());
+  EXPECT_TRUE(map.lastPolygon >= -1 && map.lastPolygon < kPolygonCapacity);
+  for (const VertexReference vertex : selection.vertices.Items()) {
+    EXPECT_TRUE(vertex.polygon >= 0 && vertex.polygon <= map.lastPolygon && vertex.corner < 3);
+  }
+  EXPECT_TRUE(map.toolIndex >= ToolMode::kEdit && map.toolIndex <= ToolMode::kAddWaypoint);
 }
 
 struct MapWorkbench {

@@ -57,8 +57,7 @@ class PanelBench : public ToolBench {
     }
   }
 
-  /// Lists objects by what ToolBench::Listed calls them, in a tool that was not just chosen,
-  /// and recomputes the panel.
+  /// Lists objects by what ToolBench::Listed calls them and recomputes the panel.
   void Show(ToolMode tool, const std::string& listed = "") {
     map.toolIndex = tool;
     ClearLists(selection);

@@ -1,16 +1,14 @@
+// The Edit menu: what its commands say and do, the clipboard among them.
 #include "tools/edit_commands.h"
 
 #include <gmock/gmock.h>
 
-#include <algorithm>
-#include <random>
-
 #include "document/geometry.h"
 #include "document/scenery_types.h"
+#include "support/map_builder.h"
 #include "support/tool_bench.h"
 #include "tools/clipboard_commands.h"
 #include "tools/mouse_dispatch.h"
-#include "tools/numbered_objects.h"
 #include "tools/tool_change.h"
 
 namespace vesmora {
@@ -49,47 +47,41 @@ TEST_F(EditCommandsTest, EachSaysWhatItMust) {
 
 TEST_F(EditCommandsTest, MirrorAndFlipTurnOverAboutTheMiddleOfTheBox) {
   for (const bool isMirror : {true, false}) {
-    ResetToNewMap(map);
-    StoreAuthor(map);
-    auto& corners = AddTriangle(map, {{{10, 20}, {60, 20}, {10, 90}}}).vertices;
-    corners[0].u = corners[0].v = 0.75f;
-    const SpawnPoint& spawn = AddSpawn(map, 12, 34, 0);
-    SceneryObject& scenery = AddScenery(map, 21.5f, 43.5f, 3);
-    scenery.rotation = 0.5f;
-    scenery.scaleX = 2;
-    const Collider& collider = AddCollider(map, 5, 6, 40);
-    Waypoint& waypoint = AddWaypoint(map, -3, -4, 2);
-    waypoint.botSettings = {1, 2, 3, 4, 5};
-    ListVertices(selection, {{0, 0}, {0, 1}});
-    ListSlots(selection, {0});
-    selection.box = {-40, 200, 10, 110};             // not the bounds of what is listed
-    state.tool.next.noTextureCorrection = isMirror;  // concerns moving only
-    const auto untouched = std::tuple(map.normals[0], corners[2]);
-    const DocumentState before = StateOf(map);
-    isMirror ? MenuMirror(editing) : MenuFlip(editing);
-    const auto expectAt = [isMirror](const auto& record, auto x, auto y, auto turnedX,
-                                     auto turnedY) {
-      EXPECT_EQ(record.x, isMirror ? turnedX : x);
-      EXPECT_EQ(record.y, isMirror ? y : turnedY);
+    EditBench bench;
+    MapDocument& turned = bench.map;
+    turned.sceneries[1].rotation = 0.5f;
+    turned.sceneries[1].scaleX = 2;
+    turned.waypoints[1].botSettings = {1, 2, 3, 4, 5};
+    turned.polygons[0].vertices[1].u = turned.polygons[0].vertices[1].v = 0.75f;
+    ListVertices(bench.selection, {{0, 0}, {0, 1}});
+    ListSlots(bench.selection, {1});
+    bench.selection.box = {-40, 200, 10, 110};             // not the bounds of what is listed
+    bench.state.tool.next.noTextureCorrection = isMirror;  // concerns moving only
+    const DocumentState before = StateOf(turned);
+    const auto expected = std::make_unique<MapDocument>(turned);
+    const auto turn = [isMirror](auto& record, auto unit) {
+      auto& place = isMirror ? record.x : record.y;
+      place = (isMirror ? 160 : 120) * unit - place;
     };
-    expectAt(corners[0], 10, 20, 150, 100);
-    expectAt(corners[1], 60, 20, 100, 100);
-    expectAt(spawn, 12 * 256, 34 * 256, 148 * 256, 86 * 256);
-    expectAt(scenery, 21.5, 43.5, 138.5, 76.5);
-    expectAt(collider, 5, 6, 155, 114);
-    expectAt(waypoint, -3 * 256, -4 * 256, 163 * 256, 124 * 256);
-    EXPECT_EQ(corners[0].u, isMirror ? 0.25f : 0.75f);
-    EXPECT_EQ(corners[0].v, isMirror ? 0.75f : 0.25f);
-    EXPECT_EQ(corners[1].u + corners[1].v, 1) << "also where there is no texture";
-    EXPECT_EQ(scenery.scaleX, isMirror ? 2 : -2);
-    EXPECT_EQ(scenery.scaleY, isMirror ? -1 : 1);
-    EXPECT_FLOAT_EQ(scenery.rotation, kPi - 0.5f);
-    EXPECT_EQ(waypoint.botSettings, (isMirror ? std::array<std::uint8_t, 5>{2, 1, 3, 4, 5}
-                                              : std::array<std::uint8_t, 5>{1, 2, 4, 3, 5}));
-    EXPECT_EQ(std::tuple(map.normals[0], corners[2]), untouched);
-    EXPECT_TRUE(BeforeNewestStep() == before);
-    EXPECT_EQ(Steps().back(), isMirror ? "Mirror" : "Flip");
-    ClearLists(selection);
+    for (const std::size_t corner : {0U, 1U}) {
+      PolygonVertex& vertex = expected->polygons[0].vertices[corner];
+      turn(vertex, 1.0f);
+      float& texture = isMirror ? vertex.u : vertex.v;
+      texture = 1 - texture;  // also where there is no texture
+    }
+    turn(expected->spawns[1], 256);
+    turn(expected->colliders[1], 1.0f);
+    turn(expected->waypoints[1], 256);
+    SceneryObject& scenery = expected->sceneries[1];
+    turn(scenery, 1.0f);
+    (isMirror ? scenery.scaleY : scenery.scaleX) *= -1;
+    scenery.rotation = kPi - 0.5f;
+    auto& settings = expected->waypoints[1].botSettings;
+    isMirror ? std::swap(settings[0], settings[1]) : std::swap(settings[2], settings[3]);
+    isMirror ? MenuMirror(bench.editing) : MenuFlip(bench.editing);
+    EXPECT_TRUE(StateOf(turned) == StateOf(*expected));
+    EXPECT_TRUE(bench.BeforeNewestStep() == before);
+    EXPECT_THAT(bench.Steps(), ElementsAre(isMirror ? "Mirror" : "Flip"));
   }
 }
 
@@ -126,73 +118,21 @@ TEST_F(EditCommandsTest, DeleteClosesTheGapsAndClearsTheVacatedSlot) {
   EXPECT_EQ(map.waypoints[3], waypoint);
 }
 
-/// What deleting has always done with waypoints, one by one: connections to each are
-/// removed first, then each later waypoint is renumbered and moved down, once for each.
-void DeleteOneByOne(MapDocument& map, std::span<const std::int16_t> listed) {
-  const auto forEach = [&map](auto change) {
-    for (int w = 0; w <= map.lastWaypoint; ++w) {
-      Waypoint& waypoint = map.waypoints[static_cast<std::size_t>(w)];
-      change(waypoint.connections.begin(), waypoint.connectionCount);
-    }
-  };
-  for (const int slot : listed) {
-    forEach([slot](auto links, std::int32_t& count) {
-      for (int k = 0; k < count; ++k) {
-        if (links[k] == slot + 1) std::shift_left(links + k, links + count--, 1);
-      }
-    });
-  }
-  int removed = 0;
-  for (const int slot : listed) {
-    for (int to = slot - removed; to < map.lastWaypoint; ++to) {
-      Waypoint& from = map.waypoints[static_cast<std::size_t>(to + 1)];
-      forEach([id = from.id, to](auto links, std::int32_t count) {
-        std::replace(links, links + count, id, to + 1);
-      });
-      from.id = to + 1;
-      map.waypoints[static_cast<std::size_t>(to)] = from;
-    }
-    ++removed;
-    --map.lastWaypoint;
-  }
-}
-
-TEST_F(EditCommandsTest, DeletingManyWaypointsIsDeletingThemOneByOne) {
-  state.journal.folder.clear();  // thousands of snapshots are of no use here
-  std::mt19937 random(3);
-  const auto number = [&](int below) {
-    return std::uniform_int_distribution(0, below - 1)(random);
-  };
-  const auto other = std::make_unique<MapDocument>();
-  for (int i = 0; i < 2000; ++i) {
-    map = {};
-    const int count = 1 + number(7);
-    for (std::int16_t slot = 0; slot < count; ++slot) {
-      Waypoint& waypoint = AddWaypoint(map, 0, 0, slot);
-      waypoint.connectionCount = number(8);
-      // Some lead nowhere, many are equal.
-      for (auto& id : waypoint.connections) id = number(count + 2);
-      if (number(2) == 0) selection.waypoints.Add(slot);
-    }
-    if (selection.Empty()) continue;
-    *other = map;
-    DeleteOneByOne(*other, selection.waypoints.Items());
-    MenuDelete(editing);
-    ASSERT_EQ(map.lastWaypoint, other->lastWaypoint);
-    for (int slot = 0; slot <= map.lastWaypoint; ++slot) {
-      const auto at = static_cast<std::size_t>(slot);
-      ASSERT_EQ(map.waypoints[at].path, other->waypoints[at].path) << i;
-      ASSERT_EQ(map.waypoints[at].id, slot + 1) << i;
-      ASSERT_EQ(LinksOf(map, slot), LinksOf(*other, slot)) << i;
-    }
-  }
-  // By hand: of equal neighbours the second survives and names what takes the number.
+TEST_F(EditCommandsTest, OfEqualConnectionsToADeletedWaypointTheSecondSurvives) {
   map = {};
   AddWaypoint(map, 0, 0, 1, {2, 2, 3, 2, 9});
   for (int i = 0; i < 2; ++i) AddWaypoint(map, 0, 0, 1);
   selection.waypoints.Add(1);
   MenuDelete(editing);
-  EXPECT_THAT(LinksOf(map, 0), ElementsAre(2, 2, 9));
+  EXPECT_THAT(LinksOf(map, 0), ElementsAre(2, 2, 9)) << "and names what takes the number";
+  map = {};
+  AddWaypoint(map, 0, 0, 1, {3, 2, 3});
+  for (int i = 0; i < 3; ++i) AddWaypoint(map, 0, 0, 1);
+  selection.waypoints.Add(1);
+  selection.waypoints.Add(2);
+  MenuDelete(editing);
+  EXPECT_THAT(LinksOf(map, 0), ElementsAre(2))
+      << "the lower first, which brings equal ones together";
 }
 
 TEST_F(EditCommandsTest, AnAddToolTakesBackTheLastOfItsKind) {
@@ -203,14 +143,11 @@ TEST_F(EditCommandsTest, AnAddToolTakesBackTheLastOfItsKind) {
     ChangeTool(bench.editing, static_cast<ToolMode>(tool));
     if (tool < 5) ListSlots(bench.selection, {0});  // whatever is selected
     for (const std::string left : {"0", "", ""}) {
-      bench.TakeEvents();
       MenuDelete(bench.editing);
       Strings expected(6, "01");
       expected[tables[tool]] = left;
       if (tool == 1) expected[1] = left;
       EXPECT_EQ(NumbersIn(bench.map), expected);
-      EXPECT_EQ(bench.events[bench.events.size() - 2], "RefreshInfoPanel");
-      EXPECT_EQ(bench.events.back(), "RedrawMap");
       EXPECT_EQ(bench.map.toolIndex, static_cast<ToolMode>(tool));
     }
     EXPECT_EQ(bench.Steps(), Strings(3, "Delete"));
@@ -245,11 +182,106 @@ TEST_F(EditCommandsTest, WhatIsHalfDoneIsTakenBackFirst) {
   EXPECT_FALSE(state.gesture.InProgress());
   ChangeTool(editing, ToolMode::kAddWaypoint);
   Click(40, 50);
+  for (const char* left : {"012345", "01345"}) {  // the connection, then the hovered one
+    MenuDelete(editing);
+    EXPECT_EQ(NumbersIn(map)[5], left);
+    Move(40, 50);
+  }
+}
+
+TEST_F(EditCommandsTest, AHoveredCornerMayBeTakenBackAndSetsNoBox) {
+  ChangeTool(editing, ToolMode::kAddPolygon);
+  Move(100, 0);
+  ASSERT_EQ(Listed(), "v5.0");
   MenuDelete(editing);
-  EXPECT_EQ(std::tuple(map.lastWaypoint, selection.connectionAnchor), std::tuple(5, kNoIndex));
-  Move(40, 50);
-  MenuDelete(editing);
-  EXPECT_EQ(NumbersIn(map)[5], "01345") << "the hovered one";
+  EXPECT_EQ(Listed(), "");
+  Move(90, 0);
+  ChangeTool(editing, ToolMode::kEdit);
+  ASSERT_EQ(Listed(), "v4.1");
+  MenuMirror(editing);
+  Press(300, 200);  // the first corner of a box that never comes
+  MenuMirror(editing);
+  MenuCopy(editing);
+  EXPECT_EQ(map.polygons[4].vertices[1].x, 90);
+  EXPECT_TRUE(state.clipboard.box.Complete());
+}
+
+/// `copy` is `original` at another place.
+template <typename Record>
+void ExpectCopy(Record copy, const Record& original) {
+  copy.x = original.x;
+  copy.y = original.y;
+  if constexpr (requires { copy.authorChar; }) copy.authorChar = original.authorChar;
+  if constexpr (requires { copy.id; }) copy.id = original.id;
+  EXPECT_EQ(copy, original);
+}
+
+class ClipboardTest : public testing::Test, protected ToolBench {
+ protected:
+  ClipboardTest() { AddNumbered(map, 3); }
+};
+
+TEST_F(ClipboardTest, CopiesLieInTheTailOfTheTables) {
+  ListVertices(selection, {{0, 1}, {2, 0}, {2, 2}});
+  ListSlots(selection, {0, 2});
+  MenuCopy(editing);
+  EXPECT_TRUE(Steps().empty());
+  TakeUndoSnapshot(editing, "Color");
+  MapWorkbench undo;  // in the undo files, too
+  LoadMap(undo.Context(), state.journal.NewestFile(), true);
+  const MapDocument& at = undo.document;
+  EXPECT_THAT(NumbersIn(at), testing::Each("012"));
+  EXPECT_THAT(std::span(at.polygons).last(2), ElementsAre(map.polygons[2], map.polygons[0]));
+  EXPECT_THAT(std::span(at.normals).last(2), ElementsAre(map.normals[2], map.normals[0]));
+  EXPECT_THAT(std::span(at.spawns).last(2), ElementsAre(map.spawns[2], map.spawns[0]));
+  EXPECT_THAT(std::span(at.sceneries).last(2), ElementsAre(map.sceneries[0], map.sceneries[2]));
+  EXPECT_THAT(std::span(at.waypoints).last(2), ElementsAre(map.waypoints[2], map.waypoints[0]));
+  ExpectCopy(at.colliders[126], map.colliders[2]);
+  ExpectCopy(at.colliders[127], map.colliders[0]);
+}
+
+TEST_F(ClipboardTest, PasteAddsCopiesInTheMiddleOfTheView) {
+  SelectEverything(selection, map);
+  MenuCopy(editing);
+  ClearLists(selection);
+  selection.box = {9000, 9010, 7000, 7010};  // somebody else's
+  state.view.zoom = 2;
+  TakeEvents();
+  MenuPaste(editing);
+  EXPECT_THAT(events,
+              ElementsAre("RefreshInfoPanel", "RedrawMap", "RefreshInfoPanel", "RedrawMap"));
+  EXPECT_EQ(Listed(),
+            "v3.0 v3.1 v3.2 v4.0 v4.1 v4.2 v5.0 v5.1 v5.2 s3 s4 s5 o3 o4 o5 c3 c4 c5 w3 w4 w5");
+  // The middle of the map's part of the window, below its top strip, is world 0, 12.5.
+  EXPECT_EQ(selection.box, (SelectionBox{-25, 25, -12, 38}));
+  for (std::size_t i = 0; i < 3; ++i) {
+    ExpectCopy(map.polygons[i + 3].vertices[0], map.polygons[i].vertices[0]);
+    EXPECT_EQ(map.polygons[i + 3].vertices[0].x, map.polygons[i].vertices[0].x - 25);
+    EXPECT_EQ(map.normals[i + 3], map.normals[i]);
+    ExpectCopy(map.spawns[i + 3], map.spawns[i]);
+    ExpectCopy(map.sceneries[i + 3], map.sceneries[i]);
+    ExpectCopy(map.colliders[i + 3], map.colliders[i]);
+    ExpectCopy(map.waypoints[i + 3], map.waypoints[i]);
+  }
+  EXPECT_EQ(map.spawns[29], map.spawns[3]) << "what was pasted is what is copied now";
+}
+
+TEST_F(ClipboardTest, OneSlotStaysFreeAndWhatDoesNotFitIsToldAfterPasting) {
+  map.lastPolygon = 397;
+  ListVertices(selection, {{0, 0}, {1, 0}, {2, 0}});
+  selection.box = {0, 10, 0, 10};
+  MenuCopy(editing);
+  EXPECT_EQ(state.clipboard.TotalCounter(), 0);
+  TakeEvents();
+  map.lastPolygon = 398;
+  MenuPaste(editing);
+  EXPECT_EQ(map.lastPolygon, 398);
+  EXPECT_FALSE(selection.box.Complete()) << "no box without a selection";
+  EXPECT_THAT(events, ElementsAre("RefreshInfoPanel", "RedrawMap", "Show Problem"));
+  ExpectRefusal("Some of copied objects couldnt be pasted");
+  map.lastPolygon = 300;
+  MenuPaste(editing);
+  EXPECT_TRUE(dialogs.messages.empty()) << "told once";
 }
 
 }  // namespace

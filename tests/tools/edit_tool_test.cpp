@@ -4,11 +4,11 @@
 #include <cmath>
 
 #include "document/geometry.h"
+#include "support/map_builder.h"
 #include "support/tool_bench.h"
 #include "tools/angles.h"
 #include "tools/mouse_dispatch.h"
 #include "tools/move_selection.h"
-#include "tools/numbered_objects.h"
 #include "tools/picking.h"
 #include "tools/property_text.h"
 
@@ -42,11 +42,10 @@ TEST_F(PickingTest, ABoxHoldsThePointsOnItsEdges) {
   constexpr SelectionKind kVertex = SelectionKind::kFirstVertex;
   constexpr SelectionKind kWaypoint = SelectionKind::kFirstWaypoint;
   for (const auto& [box, kind, expected] :
-       {Row({0, 10, 0, 0}, {}, "v0.0 v0.1"), Row({1, 9, 1, 4}, {}, ""),
-        Row({5.5f, 5.5f, 5, 5}, {}, "s0"), Row({30, 30, 30, 30}, {}, "o0"),
-        Row({30.25f, 31, 30, 31}, {}, ""), Row({40, 40, 40, 40}, {}, "c0"),
+       {Row({0, 10, 0, 0}, {}, "v0.0 v0.1"), Row({5.5f, 5.5f, 5, 5}, {}, "s0"),
+        Row({30, 30, 30, 30}, {}, "o0"), Row({40, 40, 40, 40}, {}, "c0"),
         Row({50, 50.25f, 50, 50}, {}, "w0"), Row({1, 99, -1, 99}, kVertex, "v0.1"),
-        Row({30, 99, 30, 99}, kVertex, ""), Row({50.25f, 99, 0, 99}, kWaypoint, "w1")}) {
+        Row({50.25f, 99, 0, 99}, kWaypoint, "w1")}) {
     EXPECT_EQ(In(box, kind), expected) << box.left;
   }
   map.toolIndex = ToolMode::kAddPolygon;
@@ -60,13 +59,11 @@ TEST_F(PickingTest, ABoxHoldsThePointsOnItsEdges) {
 TEST_F(PickingTest, AClickLooksInGrowingSquares) {
   const std::array<float, 9> reaches = {0, 2, 5, 9, 14, 20, 27, 35, 44};
   for (const auto& [zoom, count] : {std::pair(4.0f, 1U), {1.0f, 4U}, {0.25f, 7U}}) {
-    ToolBench bench;
-    bench.state.view.zoom = zoom;
     for (std::size_t i = 1; i <= count + 1U; ++i) {  // just beside the square before
+      ToolBench bench;
+      bench.state.view.zoom = zoom;
       const float distance = reaches[i - 1] + (i == 1 ? 0 : 0.5f);
-      bench.map.lastCollider = -1;
       AddCollider(bench.map, 100 - distance, 100 + distance, 1);
-      bench.selection = {};
       bench.Click(100, 100);
       const float r = reaches[i];
       EXPECT_EQ(bench.Listed(), i <= count ? "c0" : "") << zoom << " " << distance;
@@ -95,14 +92,11 @@ TEST_F(EditToolTest, AClickBesideASelectionOnlyDeselects) {
   state.shiftDown = state.ctrlDown = true;  // modifiers add nothing
   for (const auto& [x, y] : {std::pair(200.0f, 200.0f), {102.0f, 100.0f}, {100.0f, 98.0f}}) {
     Click(100, 100);  // the box reaches from 98 to 102
-    selection.moveSnapshotTaken = true;
     TakeEvents();
     Press(x, y);
-    EXPECT_EQ(selection.box, (SelectionBox{x, kUnsetCoordinate, y, kUnsetCoordinate}));
     EXPECT_THAT(events, IsEmpty());
     Release();
-    EXPECT_EQ(selection.box, SelectionBox{});
-    EXPECT_FALSE(selection.moveSnapshotTaken || selection.buttonHeld);
+    EXPECT_EQ(std::tuple(Listed(), selection.box), std::tuple("", SelectionBox{}));
     EXPECT_THAT(events, ElementsAre("SetPointer 0", "RefreshInfoPanel", "RedrawMap"));
   }
 }
@@ -112,9 +106,8 @@ TEST_F(EditToolTest, TheRubberBandSelectsLiveInEveryDirection) {
   AddCollider(map, 10.125f, 5, 5);  // missed by an edge that is rounded to 10
   AddCollider(map, 15, 15, 5);
   using Row = std::tuple<float, float, std::string, SelectionBox>;
-  for (const auto& [x, y, found, box] :
-       {Row(20, 20.5f, "c2", {10.25f, 20, 10.75f, 20.5f}), Row(0, 20, "c0", {0, 10, 10.75f, 20}),
-        Row(0, -5, "c0", {0, 10, -5, 11}), Row(20, -5, "", {})}) {
+  for (const auto& [x, y, found, box] : {Row(20, 20.5f, "c2", {10.25f, 20, 10.75f, 20.5f}),
+                                         Row(0, -5, "c0", {0, 10, -5, 11}), Row(20, -5, "", {})}) {
     Press(10.25f, 10.75f);
     Move(90, 90);
     TakeEvents();
@@ -125,8 +118,6 @@ TEST_F(EditToolTest, TheRubberBandSelectsLiveInEveryDirection) {
     Release();
     EXPECT_EQ(Listed(), found);
     EXPECT_EQ(selection.box, box);
-    if (found.empty()) continue;
-    EXPECT_EQ(StartedBy((box.left + box.right) / 2, box.bottom - 1), "move");
     Drag(-300, -300, -310, -310);  // another band
   }
 }
@@ -134,7 +125,6 @@ TEST_F(EditToolTest, TheRubberBandSelectsLiveInEveryDirection) {
 TEST_F(EditToolTest, ADragIsOneStepASelectionAndIgnoresTheGrid) {
   AddCollider(map, 100, 100, 5);
   Click(100, 100);
-  state.view.zoom = 2;
   state.view.gridSize = 25;
   const DocumentState before = StateOf(map);
   Press(101.5f, 98.5f);
@@ -161,8 +151,7 @@ TEST_F(EditToolTest, HandlesComeBeforeTheBoxAndNeedOneScenery) {
   Click(10, 20);  // box 8 to 12 and 18 to 22, handles at 110.5, 20.5 and 110.5, 30.5
   using Row = std::tuple<float, float, PointerShape, const char*>;
   for (const auto& [x, y, pointer, drag] :
-       {Row{110, 20, PointerShape::kCross, "rotate"},
-        Row{110, 30, PointerShape::kSizeDiagonal, "size"},
+       {Row{110, 30, PointerShape::kSizeDiagonal, "size"},
         Row{113.4f, 20, PointerShape::kCross, "rotate"},
         Row{107, 20, PointerShape::kDefault, "pick"}, Row{10, 20, PointerShape::kMove, "move"}}) {
     Click(10, 20);
@@ -170,7 +159,7 @@ TEST_F(EditToolTest, HandlesComeBeforeTheBoxAndNeedOneScenery) {
     EXPECT_EQ(display.pointer, pointer) << x;
     EXPECT_EQ(StartedBy(x, y), drag);
   }
-  EXPECT_THAT(Steps(), ElementsAre("Rotate", "Size", "Rotate")) << "taken at the press";
+  EXPECT_THAT(Steps(), ElementsAre("Size", "Rotate")) << "taken at the press";
   scenery.scaleX = 0.02f;  // both handles inside the box
   EXPECT_EQ(StartedBy(11, 21), "rotate");
   scenery.type = 5;
@@ -198,15 +187,14 @@ TEST_F(EditToolTest, TheHandlesRotateAndSizeAsTheMousePulls) {
   SceneryObject before = AddScenery(map, 0, 0, 1);
   using Rotation = std::tuple<float, bool, ScreenPoint, double>;  // in degrees
   for (const auto& [scaleX, shift, to, rotation] :
-       {Rotation(1, false, {50, -50}, 45), Rotation(1, true, {50, -40}, 45),
-        Rotation(1, false, {-50, 50}, 225), Rotation(-1, true, {50, -40}, 225)}) {
+       {Rotation(1, true, {50, -40}, 45), Rotation(1, false, {-50, 50}, 225),
+        Rotation(-1, true, {50, -40}, 225)}) {
     before.scaleX = scaleX;
     EXPECT_NEAR(Pulled(before, 0, to, shift).rotation, rotation * M_PI / 180, 1e-5) << to.x;
   }
   using Size = std::tuple<std::uint8_t, float, ScreenPoint, float, float>;
   for (const auto& [type, rotation, to, scaleX, scaleY] :
-       {Size(5, 0, {200, 5.5f}, 4, 0.5f), Size(1, 0, {-150, -30}, -1.5f, -3),
-        Size(1, 0.3f, {2, 1}, 0.016151538f, 0.15463767f),
+       {Size(5, 0, {200, 5.5f}, 4, 0.5f), Size(1, 0.3f, {2, 1}, 0.016151538f, 0.15463767f),
         Size(200, 0, {50, 50}, 1, 1)}) {  // there is nothing to scale by
     before = AddScenery(map, 0, 0, type);
     before.rotation = rotation;
@@ -223,15 +211,15 @@ TEST_F(MoveSelectionTest, MovesWhatIsListedAndNothingElse) {
   ListSlots(selection, {1});
   selection.box = {0, 50, 1, kUnsetCoordinate};
   const auto expected = std::make_unique<MapDocument>(map);
-  const auto shift = [](auto& record, auto dx, auto dy) {
-    record.x += dx;
-    record.y += dy;
+  const auto shift = [](auto& record, auto unit) {
+    record.x += unit / 4;
+    record.y -= unit * 8;
   };
-  shift(expected->polygons[0].vertices[1], 0.25f, -8.0f);
-  shift(expected->spawns[1], 64, -2048);
-  shift(expected->sceneries[1], 0.25f, -8.0f);
-  shift(expected->colliders[1], 0.25f, -8.0f);
-  shift(expected->waypoints[1], 64, -2048);
+  shift(expected->polygons[0].vertices[1], 1.0f);
+  shift(expected->spawns[1], 256);
+  shift(expected->sceneries[1], 1.0f);
+  shift(expected->colliders[1], 1.0f);
+  shift(expected->waypoints[1], 256);
   const DocumentState before = StateOf(map);
   MoveSelection(editing, 0.25f, -8);
   EXPECT_TRUE(StateOf(map) == StateOf(*expected));
@@ -248,7 +236,7 @@ TEST_F(MoveSelectionTest, MovesWhatIsListedAndNothingElse) {
   using Row = std::tuple<float, float, bool, float, float>;  // texture
   for (const auto& [u, v, noCorrection, movedU, movedV] :
        {Row(0.5f, 0.25f, false, 0.6f, 0.35f), Row(0, 0.5f, false, 0, 0.5f),
-        Row(0.5f, 0, false, 0.5f, 0), Row(0.5f, 0.25f, true, 0.5f, 0.25f)}) {
+        Row(0.5f, 0.25f, true, 0.5f, 0.25f)}) {
     PolygonVertex& corner = map.polygons[0].vertices[1];
     std::tie(corner.u, corner.v) = std::tuple(u, v);
     state.tool.next.noTextureCorrection = noCorrection;

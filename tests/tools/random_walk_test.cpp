@@ -1,14 +1,17 @@
-// Long walks of random input through the whole editor, on sound and on damaged maps.
+// Long walks of random input through the whole editor, on sound and on damaged maps, with
+// undo steps now and then that must bring back exactly what was there.
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 #include <filesystem>
 #include <random>
 
 #include "app/commands.h"
 #include "app/file_commands.h"
 #include "app/keys.h"
+#include "app/undo_commands.h"
 #include "app/view_commands.h"
 #include "support/editor_bench.h"
 #include "tools/mouse_dispatch.h"
@@ -29,6 +32,7 @@ class Walk : EditorBench {
       SCOPED_TRACE("event " + std::to_string(i));
       Step(Number(1000));
       CheckState();
+      if (i % 100 == 99) CheckUndo();
       events.clear();
       dialogs.messages.clear();
     }
@@ -82,21 +86,54 @@ class Walk : EditorBench {
   }
 
   void CheckState() {
-    // Reading an undo step's block drops what is out of range.
-    Selection valid;
-    UnpackSelection(PackSelection(selection, document), valid, *lasts_);
-    ASSERT_EQ(valid.TotalCounter(), selection.TotalCounter());
-    ASSERT_EQ(std::tie(lasts_->lastPolygon, lasts_->lastSpawn, lasts_->lastScenery,
-                       lasts_->lastCollider, lasts_->lastWaypoint),
-              std::tie(document.lastPolygon, document.lastSpawn, document.lastScenery,
-                       document.lastCollider, document.lastWaypoint));
+    CheckRanges(document, selection);
     ASSERT_LE(selection.connectionAnchor, document.lastWaypoint);
     ASSERT_LE(selection.moving + selection.rotating + selection.sizing, 1);
     const int corners = document.toolIndex == ToolMode::kAddPolygon ? state.tool.value : 0;
     ASSERT_TRUE(corners == 0 || (corners > 0 && corners <= 2 && document.lastPolygon >= 0));
   }
 
-  const std::unique_ptr<MapDocument> lasts_ = std::make_unique<MapDocument>();
+  /// Any bytes, as files hold them.
+  template <typename Table>
+  void Scramble(Table& table) {
+    auto& record = table[static_cast<std::size_t>(Number(static_cast<int>(table.size())))];
+    std::array<std::uint8_t, sizeof(record)> bytes;
+    for (std::uint8_t& byte : bytes) byte = static_cast<std::uint8_t>(random_());
+    std::memcpy(&record, bytes.data(), sizeof(record));
+  }
+  void ScrambleEverything() {
+    Scramble(document.polygons);
+    Scramble(document.normals);
+    Scramble(document.spawns);
+    Scramble(document.sceneries);
+    Scramble(document.colliders);
+    Scramble(document.waypoints);
+    Scramble(document.sectors);
+    document.sectorDivision = Number(99);
+    document.texture = MakeTextureName(std::to_string(Number(99)));
+    for (auto* last : {&document.lastPolygon, &document.lastSpawn, &document.lastScenery,
+                       &document.lastCollider, &document.lastWaypoint}) {
+      *last = static_cast<std::int16_t>(std::max(*last - Number(2), -1));
+    }
+  }
+
+  void CheckUndo() {
+    Choose(document.toolIndex);  // ends what is in progress
+    ScrambleEverything();
+    DropMissing(selection, document);
+    Snapshot("Color");  // rounds places to whole units, and writes author and number
+    const DocumentState before = StateOf(document);
+    const SelectionBlock selected = PackSelection(selection, document);
+    Snapshot("Color");
+    ASSERT_TRUE(StateOf(document) == before);
+    for (int i = Number(3); i >= 0; --i) ScrambleEverything();
+    ClearLists(selection);
+    Choose(static_cast<ToolMode>(Number(kToolCount)));
+    MenuUndo(editor);
+    ASSERT_TRUE(StateOf(document) == before);
+    ASSERT_EQ(PackSelection(selection, document), selected);
+  }
+
   std::mt19937 random_;
 };
 

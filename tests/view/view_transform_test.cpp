@@ -48,27 +48,6 @@ TEST(ViewTransformTest, TheWorldGridSnapRoundsTwiceAndTheFixedOneToPixels) {
   }
 }
 
-TEST(ViewTransformTest, PanningIsMeasuredFromThePreviousMove) {
-  ViewTransform view = View(2);
-  for (const bool isPanning : {false, true, true}) {
-    view.panning = isPanning;
-    EXPECT_EQ(TrackMouse(view, view.lastMouseX + 10, view.lastMouseY - 5), isPanning);
-  }
-  EXPECT_TRUE(view.centerX == -10 && view.centerY == 5);
-}
-
-TEST(ViewTransformTest, GridsTooDenseForTheZoomAreCoarsened) {
-  using Row = std::tuple<float, std::int16_t, std::int16_t>;
-  for (const auto& [zoom, grid, coarsened] :
-       {Row(0.25f, 5, 25), Row(0.5f, 10, 25), Row(0.5f, 25, 25), Row(1, 5, 10), Row(1, 10, 10),
-        Row(2, 5, 5), Row(0.25f, 0, 0)}) {
-    ViewTransform view = View(zoom);
-    view.gridSize = grid;
-    EXPECT_EQ(CoarsenGrid(view), grid != coarsened);
-    EXPECT_EQ(view.gridSize, coarsened) << grid << " at " << zoom;
-  }
-}
-
 TEST(ViewTransformTest, PolarOffsetsOfAScreenWhoseYPointsDown) {
   using Row = std::tuple<float, float, float, float>;
   for (const auto& [dx, dy, angle, length] :

@@ -1,10 +1,12 @@
-#include "platform/profile_text.h"
-
+// Single-byte text, and profile files of the game.
 #include <gtest/gtest.h>
 
 #include <optional>
 #include <string>
 #include <vector>
+
+#include "platform/profile_text.h"
+#include "platform/single_byte_text.h"
 
 namespace vesmora {
 namespace {
@@ -23,12 +25,10 @@ TEST(ProfileTextTest, OnlyTheOneValueChanges) {
     std::string after;
   };
   const std::vector<Row> rows = {
-      {"[GAME]\r\nGameStyle=2\r\nOther=1\r\n", "2", "[GAME]\r\nGameStyle=3\r\nOther=1\r\n"},
-      {"[GAME]\nGameStyle=12", "12", "[GAME]\nGameStyle=3"},
       // Blanks, cases and quotes.
       {" [game] \n\tGAMESTYLE =  2\t\n", "2", " [game] \n\tGAMESTYLE =  3\t\n"},
       {"[GAME]\nGameStyle='2'\n", "2", "[GAME]\nGameStyle=3\n"},
-      {"[GAME]\nGameStyle=\n", "", "[GAME]\nGameStyle=3\n"},
+      {"[GAME]\nGameStyle=", "", "[GAME]\nGameStyle=3"},
       // The first section and the first key of a name count; comments and other sections do not.
       {"GameStyle=1\n[A]\nGameStyle=2\n[GAME]\n;GameStyle=4\nGameStyle=5\nGameStyle=6\n", "5",
        "GameStyle=1\n[A]\nGameStyle=2\n[GAME]\n;GameStyle=4\nGameStyle=3\nGameStyle=6\n"},
@@ -39,17 +39,14 @@ TEST(ProfileTextTest, OnlyTheOneValueChanges) {
       // A missing key goes behind the section's last line, a missing section to the end.
       {"[GAME]\r\nA=1\r\n; last \r\n\r\n\r\n[B]\r\n", std::nullopt,
        "[GAME]\r\nA=1\r\n; last \r\nGameStyle=3\r\n\r\n\r\n[B]\r\n"},
-      {"[GAME]", std::nullopt, "[GAME]\r\nGameStyle=3"},
       {"[A]\nB=1", std::nullopt, "[A]\nB=1\n[GAME]\nGameStyle=3\n"},
       {"", std::nullopt, "[GAME]\r\nGameStyle=3\r\n"},
       // Line ends and characters of all kinds stay.
-      {"[A]\r\nB=\xE4\xF6\n\n[GAME]\rGameStyle=2\r\rC=\x01\n", "2",
-       "[A]\r\nB=\xE4\xF6\n\n[GAME]\rGameStyle=3\r\rC=\x01\n"},
-      {"\xEF\xBB\xBF[GAME]\nGameStyle=2\n", "2", "\xEF\xBB\xBF[GAME]\nGameStyle=3\n"},
+      {"\xEF\xBB\xBF[GAME]\rGameStyle=2\r\rC=\xE4\x01\r\n\n", "2",
+       "\xEF\xBB\xBF[GAME]\rGameStyle=3\r\rC=\xE4\x01\r\n\n"},
       {Wide("[GAME]\r\nGameStyle=21\r\n"), "21", Wide("[GAME]\r\nGameStyle=3\r\n")},
       {Wide("[A]\nB=1") + "\xE4\x04", std::nullopt,
        Wide("[A]\nB=1") + "\xE4\x04" + Wide("\n[GAME]\nGameStyle=3\n").substr(2)},
-      {Wide("[GAME]\n") + "x", std::nullopt, Wide("[GAME]\nGameStyle=3\n") + "x"},
   };
   for (const auto& [before, value, after] : rows) {
     EXPECT_EQ(FindProfileValue(before, "GAME", "GameStyle"), value) << before;
@@ -59,15 +56,28 @@ TEST(ProfileTextTest, OnlyTheOneValueChanges) {
 }
 
 TEST(ProfileTextTest, AValueIsTheNumberItBeginsWith) {
-  for (const auto& [value, number] : {std::pair{"3", 3},
-                                      {"+7 ; why", 7},
-                                      {"-2x", -2},
-                                      {"", 0},
-                                      {"x3", 0},
-                                      {"-", 0},
-                                      {"99999999999999999999", 2147483647},
-                                      {"-99999999999", -2147483647 - 1}}) {
+  using Row = std::pair<const char*, int>;
+  for (const auto& [value, number] :
+       {Row("+7 ; why", 7), Row("-2x", -2), Row("", 0), Row("x3", 0), Row("-", 0),
+        Row("99999999999999999999", 2147483647), Row("-99999999999", -2147483647 - 1)}) {
     EXPECT_EQ(ProfileNumber(value), number) << value;
+  }
+}
+
+TEST(SingleByteText, EveryByteComesBackAndStrayOnesBecomeQuestionMarks) {
+  std::string all;
+  for (int i = 0; i < 256; ++i) all += static_cast<char>(static_cast<unsigned char>(i));
+  EXPECT_EQ(FromUtf8(ToUtf8(all)), all);
+  EXPECT_EQ(ToUtf8(all.substr(0x7E, 0x24)),
+            "~\x7F\u20ac\u0081\u201a\u0192\u201e\u2026\u2020\u2021\u02c6\u2030\u0160\u2039\u0152"
+            "\u008d\u017d\u008f\u0090\u2018\u2019\u201c\u201d\u2022\u2013\u2014\u02dc\u2122"
+            "\u0161\u203a\u0153\u009d\u017e\u0178\u00a0\u00a1");
+  using Row = std::pair<std::string, std::string>;
+  for (const auto& [utf8, single] :
+       {Row("a\u0416b\u0080c\U0001F600", "a?b?c?"), Row("x\x80y", "x?y"), Row("\xe2\x82", "??"),
+        Row("\xc0\x80", "??"), Row("\xe0\x80\x80", "???"), Row("\xed\xa0\x80", "???"),
+        Row("\xf4\x90\x80\x80", "????"), Row("\xf0\x80\x80\xaf", "????"), Row("\xc3z", "?z")}) {
+    EXPECT_EQ(FromUtf8(utf8), single) << utf8;
   }
 }
 

@@ -1,0 +1,237 @@
+// Start and end, what the settings keep between runs, keys and the table of commands.
+#include <gmock/gmock.h>
+
+#include <cerrno>
+#include <filesystem>
+#include <set>
+
+#include "app/commands.h"
+#include "app/keys.h"
+#include "app/start_up.h"
+#include "app/undo_commands.h"
+#include "panel/map_handlers.h"
+#include "support/editor_bench.h"
+#include "support/map_builder.h"
+
+namespace vesmora {
+namespace {
+
+using testing::ElementsAre, testing::IsEmpty;
+
+using Slots = std::array<std::string, kRecentSlots>;
+
+class StartUpTest : public testing::Test, protected EditorBench {
+ protected:
+  /// The messages of a start with these arguments.
+  std::vector<Message> Start(const std::string& arguments) {
+    state.redrawSuppressed = true;
+    events.clear();
+    FirstActivation(editor, arguments);
+    return TakeMessages();
+  }
+
+  const std::string game_ = folder / "game/Soldat.exe";
+  Slots& recent_ = state.recent.slots;
+};
+
+TEST_F(StartUpTest, TheFirstActivationTellsWhatIsMissing) {
+  EXPECT_THAT(Start("/no such.pmp"),
+              ElementsAre(FileError("File '" + AbsolutePath("/no such.pmp") + "' not found."),
+                          Message{game_ + " not found.\nExtract Vesmora in Soldat directory for "
+                                          "full effect.",
+                                  "Warning", MessageIcon::kExclamation}));
+  EXPECT_EQ(std::ranges::count(events, "RedrawMap"), 1) << "nothing is drawn before the end";
+  EXPECT_LT(std::ranges::find(events, "LayOut"), std::ranges::find(events, "Show File error"));
+  EXPECT_EQ(WindowTitle("1.2", "BETA") + WindowTitle("1.2", "Beta"),
+            "Vesmora  1.2 BETAVesmora  1.2");
+}
+
+TEST_F(StartUpTest, OneArgumentNamesAFile) {
+  PutFile(game_, {});
+  const std::string map = PutMap("my map.PmP");
+  const Message unknown{"Unknow filetype", "Argument file open", MessageIcon::kCritical};
+  const std::string absolute = AbsolutePath("a.pmp");
+  using Row = std::tuple<std::string, std::string, std::vector<Message>>;
+  for (const auto& [arguments, opened, messages] :
+       {Row("  .pmp  ", "", {}), Row("\"   \"", "", {unknown}), Row("map.pmp.txt", "", {unknown}),
+        Row("a.pmp", "", {FileError("File '" + absolute + "' not found.")}),
+        Row("  " + map + " ", map, {}), Row(" \"" + map + "\" ", map, {})}) {
+    EXPECT_EQ(Start(arguments), messages) << arguments;
+    EXPECT_EQ(document.fileName, opened.empty() ? "" : AbsolutePath(opened)) << arguments;
+  }
+  settings.values = {{"Recent/0", "/maps/a.pmp"}};
+  Start(map);
+  EXPECT_THAT(recent_, ElementsAre("/maps/a.pmp", "", "", "", "")) << "no recent one";
+  EXPECT_THAT(Start(PutMap("a.Pre", "bunker.pre")), IsEmpty());
+  EXPECT_GE(document.lastPolygon, 0);
+  EXPECT_FALSE(selection.Empty() || journal.caption == "&Undo Import");
+}
+
+TEST_F(StartUpTest, RecentFilesOpenOrLeaveTheirSlot) {
+  const std::string a = PutMap("a.pmp");
+  const std::string c = PutMap("c.pmp");
+  // Emptied is the chosen slot, also when its neighbour names the same lost file.
+  recent_ = {a, "/gone.pmp", c, "/gone.pmp", "A"};
+  MenuRekentti(editor, 3);
+  EXPECT_THAT(recent_, ElementsAre(a, "/gone.pmp", c, "", "A"));
+  EXPECT_EQ(events.back(), "RefreshInfoPanel") << "the menus are shown anew";
+  MenuRekentti(editor, 2);
+  EXPECT_EQ(document.fileName, c);
+  EXPECT_THAT(recent_, ElementsAre(c, a, "/gone.pmp", "", ""));
+  EXPECT_THAT(settings.values, IsEmpty()) << "kept at the end only";
+  files.FailAll("Read", EIO);
+  MenuRekentti(editor, 1);
+  EXPECT_EQ(recent_[1], a) << "there, but cannot be read now";
+  for (const char* path : {"d", "d", "D"}) AddRecent(state.recent, path);
+  EXPECT_THAT(recent_, ElementsAre("D", "d", c, a, "/gone.pmp")) << "letters' case counts";
+}
+
+TEST_F(StartUpTest, TheEndKeepsSettingsAndThenDeletesTheSnapshots) {
+  Snapshot("Move");
+  const std::string snapshot = journal.NewestFile();
+  recent_ = {"  /maps/a b.pmp ", "a.pm", "/maps/c.pmp", "", ""};
+  window.placement = {.state = 2, .top = -7, .left = 8, .width = {}, .height = 700};
+  settings.onWrite = [&] { EXPECT_TRUE(std::filesystem::exists(snapshot)); };
+  CleanUp(editor);
+  EXPECT_FALSE(std::filesystem::exists(snapshot));
+  LoadRecent(state.recent, settings);
+  EXPECT_EQ(recent_, (Slots{"/maps/a b.pmp", "a.pm", "/maps/c.pmp", "", ""}));
+  EXPECT_FALSE(RecentMenuItemOf(state.recent, 1).visible);
+  EXPECT_EQ(RecentMenuItemOf(state.recent, 2).caption, "&3 /maps/c.pmp");
+  const WindowPlacement again = LoadPlacement(settings);
+  EXPECT_THAT((std::array{again.state, again.top, again.left, again.width, again.height}),
+              ElementsAre(2, -7, 8, std::nullopt, 700));
+  for (const auto& [text, width] : {std::pair("nan", -1), {" -12 ", -12}, {"32768", 32767}}) {
+    settings.values["Windows/Width"] = text;
+    EXPECT_EQ(LoadPlacement(settings).width.value_or(-1), width) << text;
+  }
+}
+
+TEST_F(StartUpTest, AWindowCanAlwaysBeReached) {
+  using Rect = ScreenRect;
+  using Row = std::tuple<Rect, int, Rect>;  // where it stood, the screens, where it comes up
+  const std::vector<Rect> screens = {{0, 0, 1920, 1080}, {-1280, 100, 1280, 1024}};
+  for (const auto& [place, count, expected] :
+       {Row({-780, 50, 900, 700}, 1, {-780, 50, 900, 700}),  // 120 pixels to drag by
+        Row({-790, 50, 900, 700}, 1, {0, 50, 900, 700}),
+        Row({100, -650, 900, 700}, 1, {100, 28, 900, 700}),    // the title bar is above
+        Row({100, 1080, 900, 700}, 1, {100, 1080, 900, 700}),  // its bar can be seen
+        Row({-1250, 200, 1900, 1060}, 2, {-1250, 200, 1280, 1024}),
+        Row({10, 1100, 1900, 700}, 1, {10, 380, 1900, 700})}) {  // eight rows are no handle
+    const Rect fitted =
+        FitToScreens(place, std::span(screens).first(static_cast<std::size_t>(count)));
+    EXPECT_EQ(fitted, expected) << place.left << "," << place.top;
+  }
+}
+
+class KeysTest : public testing::Test, protected EditorBench {
+ protected:
+  const PolygonVertex& AddSelectedTriangle() {
+    AddTriangle(document, {{{0, 0}, {50, 0}, {0, 50}}});
+    SelectEverything(selection, document);
+    events.clear();
+    return document.polygons[0].vertices[1];
+  }
+};
+
+TEST_F(KeysTest, CommandsKnowTheirToolAndNoShortcutOrMnemonicMeansTwoThings) {
+  const std::set<std::string_view> needEdit = {"MenuCopy", "MenuPaste", "MenuMirror",
+                                               "MenuFlip", "MenuFront", "MenuBack"};
+  std::set<std::pair<std::string_view, char>> shortcuts;
+  for (const Command& command : Commands()) {
+    const std::string name(command.name);
+    const std::string_view menu = MenuCaptions()[static_cast<std::size_t>(command.menu)];
+    EXPECT_TRUE(shortcuts.insert({menu, command.caption.at(command.caption.find('&') + 1)}).second);
+    EXPECT_TRUE(command.shortcut.empty() || shortcuts.insert({command.shortcut, 0}).second) << name;
+    document.toolIndex = ToolMode::kEdit;
+    EXPECT_EQ(IsEnabled(command, state), name != "MenuPaste") << name << ": nothing is copied";
+    document.toolIndex = ToolMode::kAddPolygon;
+    EXPECT_EQ(IsEnabled(command, state), !needEdit.contains(command.name)) << name;
+  }
+}
+
+TEST_F(KeysTest, ArrowsMoveTheSelectionInStepsOrArePassedOn) {
+  using Row = std::tuple<bool, bool, Key, float, float>;
+  for (const auto& [shift, ctrl, key, x, y] :
+       {Row(false, false, Key::kLeft, -1, 0), Row(true, false, Key::kUp, 0, -0.1f),
+        Row(false, true, Key::kRight, 10, 0), Row(true, true, Key::kDown, 0, 50)}) {
+    MenuNew(editor);
+    state.view.zoom = 4;
+    state.view.gridSize = 25;  // neither counts
+    const PolygonVertex& corner = AddSelectedTriangle();
+    KeyUp(editor, Key::kShift);
+    KeyUp(editor, Key::kCtrl);
+    EXPECT_FALSE((shift && Press(Key::kShift)) || (ctrl && Press(Key::kCtrl))) << "controls see it";
+    EXPECT_TRUE(Press(key));
+    EXPECT_THAT(events, ElementsAre("RedrawMap"));
+    EXPECT_FLOAT_EQ(corner.x, 50 + x);
+    EXPECT_FLOAT_EQ(corner.y, y);
+    Press(key);
+    EXPECT_EQ(Status(), "0: 1 0 0 0 0, 1 &Undo Move") << "one step a selection";
+    MenuUndo(editor);
+    Press(key);
+    EXPECT_EQ(journal.undoAvailable, 0) << "a move after Undo is a step of its own";
+  }
+  Choose(ToolMode::kAddPolygon);
+  selection.vertices.Add({0, 1});  // the one under the pointer
+  EXPECT_FALSE(Press(Key::kLeft));
+  Choose(ToolMode::kEdit);
+  ClearLists(selection);
+  EXPECT_FALSE(Press(Key::kLeft));
+}
+
+TEST_F(KeysTest, EscapeTakesBackWhatIsInProgressAndNoMore) {
+  EXPECT_FALSE(Press(Key::kEscape));
+  EXPECT_THAT(events, IsEmpty()) << "nothing in progress";
+  Choose(ToolMode::kAddPolygon);
+  Click(300, 300);
+  Choose(ToolMode::kAddSpawn);  // the triangle given up takes nothing of what follows with it
+  Click(300, 300);
+  Press(Key::kEscape);
+  EXPECT_EQ(Status(), "2: 0 1 0 0 0, 2 &Undo Spwan");
+  Choose(ToolMode::kAddPolygon);
+  state.tool.next.vertexColor = {1, 2, 3};
+  Click(300, 300);
+  dialogs.chosenColors = {0x030201};
+  const Editing editing = editor.AsEditing();
+  RunHandler({editing, state.panel}, CBtausta1_Click);
+  Press(Key::kEscape);
+  EXPECT_EQ(document.backgroundColor1.blue, 3) << "chosen elsewhere in between";
+  EXPECT_EQ(state.tool.next.vertexColor, (Rgb{1, 2, 3})) << "as chosen for the next one";
+  EXPECT_EQ(Status(), "1: 0 1 0 0 0, 4 &Undo Background");
+  // Finished after such a step, the triangle is a step of its own.
+  for (const float x : {300.f, 400.f, 350.f}) {
+    Click(x, x == 350 ? 400.f : 300.f);
+    if (x == 300) Snapshot("Background");
+  }
+  EXPECT_EQ(Status(), "1: 1 1 0 0 0, 7 &Undo Polygon");
+
+  MenuNew(editor);
+  const PolygonVertex& corner = AddSelectedTriangle();
+  const auto drag = [&] {
+    const float x = state.view.LaskeRuutuX(20);
+    const float y = state.view.LaskeRuutuY(20);
+    PressMouse(editing, {MouseButton::kLeft, x, y});
+    MoveMouse(editing, {MouseButton::kLeft, x + 40, y});
+    EXPECT_EQ(corner.x, 90);
+  };
+  drag();
+  Press(Key::kEscape);
+  EXPECT_EQ(corner.x, 50);
+  EXPECT_EQ(Status(), "0: 1 0 0 0 0, 0 &Undo");
+  drag();
+  MenuUndo(editor);  // ends a drag as well, and then there is nothing left to take back
+  Press(Key::kRight);
+  Press(Key::kEscape);
+  EXPECT_EQ(corner.x, 51);
+  // An undo file that cannot be read must not leave Escape looking for its step.
+  Snapshot("Color");
+  PressMouse(editing, {MouseButton::kLeft, state.view.LaskeRuutuX(20), 400});
+  files.FailAll("OpenToRead", EIO);
+  MenuUndo(editor);
+  Press(Key::kEscape);
+  EXPECT_EQ(Status(), "0: 1 0 0 0 0, 1 &Undo Move");
+}
+
+}  // namespace
+}  // namespace vesmora
