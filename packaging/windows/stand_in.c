@@ -19,7 +19,7 @@ int WINAPI WinMain(HINSTANCE program, HINSTANCE previous, LPSTR arguments, int s
   RegisterClassW(&description);
   window = CreateWindowW(L"StandIn", L"Soldat", WS_OVERLAPPEDWINDOW, 50, 50, 300, 200, NULL, NULL,
                          program, NULL);
-  ShowWindow(window, SW_SHOW); /* whatever whoever started it wants: games do */
+  ShowWindow(window, SW_SHOW); /* as the game does, which is started with the wish to hide */
   while (GetMessageW(&message, NULL, 0, 0) > 0) DispatchMessageW(&message);
   return 0;
 }

@@ -13,6 +13,11 @@ GameFolder GameFolderOf(const Ports& ports) {
   return {.files = ports.files, .profiles = ports.profiles, .path = ports.gameFolder};
 }
 
+/// With the system's own slashes only.
+std::string ProgramPath(const Editor& editor, std::string_view parts) {
+  return AbsolutePath(GamePath(GameFolderOf(editor.ports), parts));
+}
+
 void TellRunError(Editor& editor, const std::string& text) {
   editor.ports.dialogs.Show({.text = text, .title = "Run error", .icon = MessageIcon::kCritical});
 }
@@ -34,8 +39,7 @@ std::string StartProgram(Editor& editor, const std::string& path) {
 
 void MenuRunMaker(Editor& editor) {
   if (editor.ports.programs.ActivateWindow("Soldat Map Maker")) return;
-  const std::string path =
-      AbsolutePath(GamePath(GameFolderOf(editor.ports), "MapMaker/MapMaker.exe"));
+  const std::string path = ProgramPath(editor, "MapMaker/MapMaker.exe");
   if (!RequireProgram(editor, path)) return;
   const std::string problem = StartProgram(editor, path);
   if (!problem.empty()) TellRunError(editor, problem);
@@ -46,12 +50,11 @@ bool MenuRunCompile(Editor& editor) { return CompileSectors(editor.AsEditing());
 void MenuRunSoldat(Editor& editor) {
   const Ports& ports = editor.ports;
   if (ports.programs.ActivateWindow("Soldat")) return;
-  const GameFolder game = GameFolderOf(ports);
-  const std::string path = GamePath(game, "Soldat.exe");
+  const std::string path = ProgramPath(editor, "Soldat.exe");
   if (!RequireProgram(editor, path)) return;
   StorePlacement(ports.window.Placement(), ports.settings);
   ports.window.Minimize();
-  std::string problem = PointGameAt(game, editor.state.document.fileName);
+  std::string problem = PointGameAt(GameFolderOf(ports), editor.state.document.fileName);
   if (problem.empty()) problem = StartProgram(editor, path);
   if (problem.empty()) {
     ports.window.RunPendingEvents();

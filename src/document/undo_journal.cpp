@@ -45,7 +45,7 @@ bool TakeUndoSnapshot(UndoJournal& journal, const MapFileContext& context,
   if (!journal.folder.empty()) {
     // It may have been swept away while the program ran.
     if (IsGone(context.files, journal.folder)) {
-      CreatePrivateFolder(context.files, journal.folder);
+      CreatePrivateFolder(context.files, journal.folder);  // if not, the write says why
       HoldFolder(journal.folder);
     }
     status = WriteSnapshot(journal, context, slot);

@@ -121,7 +121,7 @@ void CBscenery2_Click(const PanelContext& context, const std::string& text) {
   const auto& sceneries = SelectionOf(context).sceneries;
   if (RefusesEmpty(context, sceneries, "You need select at least 1 scenery.")) return;
   context.panel.contents.CBscenery2.text = text;
-  if (text == kManyTypes) return;  // as above: an untouched box would make them invisible
+  if (text == kManyTypes) return;  // no level: as a number it would be 0, invisible
   if (IsEdit(context)) {
     const std::uint8_t level = VisibilityLevel(text);
     TakeUndoSnapshot(context.editing, "Visibility");

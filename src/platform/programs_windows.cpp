@@ -45,7 +45,7 @@ class WindowsPrograms final : public Programs {
     start.fMask = SEE_MASK_FLAG_NO_UI | SEE_MASK_NOASYNC;
     start.lpFile = widePath.c_str();
     start.lpDirectory = wideFolder.c_str();
-    start.nShow = 0;  // no wish of ours: the game and its map tool show themselves
+    start.nShow = SW_HIDE;  // as they have always been started; they show themselves
     return ShellExecuteExW(&start) != 0 ? std::string() : ErrorText(GetLastError());
   }
 };

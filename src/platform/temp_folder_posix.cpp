@@ -19,6 +19,7 @@ std::string SharedTempFolder(FileCalls& calls) {
   const std::string folder = usable ? given : "/tmp";
   return folder.ends_with('/') ? folder : folder + "/";
 }
+
 }  // namespace
 
 std::string PrivateTempFolder(FileCalls& calls, FileStatus& status) {
@@ -37,14 +38,13 @@ std::string PrivateTempFolder(FileCalls& calls, FileStatus& status) {
   return fresh + "/";
 }
 
-// Takes a folder for as long as this process lives; the system lets go of the lock
-// when it ends, so the handle is never closed. False when another process has it. The
-// folder itself is locked: a file in it could be swept away, and sweepers pass by locked
-// folders.
+// The system lets go of the lock when the process ends, so the handle is never closed. The
+// folder itself is locked: a file in it could be swept away, while systemd's sweeper passes by
+// locked folders. Where folders cannot be locked (NFS) nobody is kept out.
 bool HoldFolder(const std::string& folder) {
   const int handle = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   if (handle < 0) return false;
-  if (::flock(handle, LOCK_EX | LOCK_NB) == 0) return true;
+  if (::flock(handle, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK) return true;
   ::close(handle);
   return false;
 }

@@ -23,8 +23,8 @@ std::string PrivateTempFolder(FileCalls& calls, FileStatus& status) {
   return folder;
 }
 
-// Takes a folder for as long as this process lives: nobody can open the file a second
-// time, and the system closes and deletes it when the process ends.
+// Nobody can open the file a second time, and the system closes and deletes it when the
+// process ends.
 bool HoldFolder(const std::string& folder) {
   constexpr DWORD kFlags = FILE_ATTRIBUTE_NORMAL | FILE_FLAG_DELETE_ON_CLOSE;
   const HANDLE handle = CreateFileW(Wide(folder + "Vesmora-in-use").c_str(), GENERIC_WRITE, 0,

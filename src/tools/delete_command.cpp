@@ -198,7 +198,6 @@ void MenuDelete(const Editing& editing) {
     editing.ports.dialogs.Show({.text = "You need select something at first.",
                                 .title = "Problem",
                                 .icon = MessageIcon::kInformation});
-    state.selection.box = SelectionBox{};  // of a rubber band that was still drawn
     return;
   } else {
     DeleteSelection(editing);

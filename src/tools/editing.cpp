@@ -1,5 +1,6 @@
 #include "tools/editing.h"
 
+#include "tools/picking.h"
 #include "tools/slot.h"
 #include "tools/tool_change.h"
 #include "tools/waypoint_links.h"
@@ -39,9 +40,12 @@ void RefreshAll(const Editing& editing) {
 
 void EndMouseWork(EditingState& state) {
   if (state.document.toolIndex != ToolMode::kEdit) return;
-  EndDrag(state.selection);
+  Selection& selection = state.selection;
+  EndDrag(selection);
   state.gesture.End();
-  CompleteSelectionBox(state.selection, state.document);
+  // A rubber band that was still drawn becomes a box to work about, or goes.
+  CompleteSelectionBox(selection, state.document);
+  selection.box = selection.Empty() ? SelectionBox{} : Normalised(selection.box);
 }
 
 bool SnapsToGrid(const EditingState& state) { return state.view.gridSize >= 1 && !state.ctrlDown; }

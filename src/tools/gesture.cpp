@@ -17,6 +17,7 @@ void Gesture::LeaveOut(const EditingState& state) {
   if (!inProgress_) return;
   if (state.selection.placing) {
     Begin(state);
+    kept_->selection.placing = false;  // Escape ends it
     return;
   }
   // In an Add tool only these can have changed.

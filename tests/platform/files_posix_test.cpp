@@ -11,7 +11,7 @@
 #include <functional>
 
 #include "platform/temp_folder.h"
-#include "support/durable_write.h"
+#include "support/file_contents.h"
 
 namespace vesmora {
 namespace {
@@ -173,6 +173,14 @@ TEST_F(TempFolder, IsTheSameEachTimeAndClosedToOthers) {
   FileStatus status;
   EXPECT_EQ(PrivateTempFolder(calls, status), "");
   EXPECT_EQ(status.reason, std::strerror(EROFS));
+}
+
+TEST_F(TempFolder, EachRunningEditorHoldsItsOwn) {
+  FileCalls& calls = SystemFileCalls();
+  EXPECT_EQ(HoldUndoFolder(calls, shared_.Path()), shared_.Path());
+  EXPECT_EQ(HoldUndoFolder(calls, shared_.Path()), shared_ / "2/");
+  EXPECT_EQ(HoldUndoFolder(calls, shared_.Path()), shared_ / "3/");
+  EXPECT_EQ(HoldUndoFolder(calls, shared_ / "none/"), "");
 }
 
 TEST_F(TempFolder, WhatOthersPlantedIsLeftAlone) {

@@ -5,7 +5,7 @@
 #include <cerrno>
 #include <cstring>
 
-#include "support/durable_write.h"
+#include "support/file_contents.h"
 
 namespace vesmora {
 namespace {

@@ -9,7 +9,7 @@
 #include "platform/profile_files.h"
 #include "platform/temp_folder.h"
 #include "platform/wide_text_windows.h"
-#include "support/durable_write.h"
+#include "support/file_contents.h"
 
 namespace vesmora {
 namespace {

@@ -8,6 +8,7 @@
 #include <QTest>
 #include <QTimer>
 #include <QWheelEvent>
+#include <array>
 #include <filesystem>
 #include <fstream>
 #include <memory>
@@ -175,6 +176,7 @@ TEST_F(IkkunaTest, TheGameRunsAndTheWindowStepsAside) {
   const std::string game = folder / "Soldat.exe";
   std::ofstream(game) << "#!/bin/sh\n: >result\n";
   std::filesystem::permissions(game, std::filesystem::perms::owner_all);
+  const std::array<QByteArray, 2> before = {qgetenv("PATH"), qgetenv("DISPLAY")};
   qputenv("PATH", QByteArray::fromStdString(folder.Path()));  // without Wine
   qunsetenv("DISPLAY");
   Run("MenuRunSoldat");
@@ -183,6 +185,8 @@ TEST_F(IkkunaTest, TheGameRunsAndTheWindowStepsAside) {
   std::ofstream(game) << "MZ";
   Run("MenuRunSoldat");
   EXPECT_FALSE(window_->isMinimized()) << "it could not be started";
+  qputenv("PATH", before[0]);
+  if (!before[1].isEmpty()) qputenv("DISPLAY", before[1]);
 }
 
 TEST(ImportDialogTest, OnlyAChosenPrefabIsImported) {

@@ -93,8 +93,7 @@ Qt::CursorShape ToQt(PointerShape shape) {
 
 Key ToKey(const QKeyEvent& event) {
   const bool isKeypad = event.modifiers().testFlag(Qt::KeypadModifier);
-  const bool opensList = event.modifiers().testFlag(Qt::AltModifier);  // of a combo box, with Down
-  if (opensList) return Key::kOther;
+  const bool isWithAlt = event.modifiers().testFlag(Qt::AltModifier);
   switch (event.key()) {
     case Qt::Key_Shift:
       return Key::kShift;
@@ -103,11 +102,11 @@ Key ToKey(const QKeyEvent& event) {
     case Qt::Key_Left:
       return Key::kLeft;
     case Qt::Key_Up:
-      return Key::kUp;
+      return isWithAlt ? Key::kOther : Key::kUp;  // opens the list of a combo box
     case Qt::Key_Right:
       return Key::kRight;
     case Qt::Key_Down:
-      return Key::kDown;
+      return isWithAlt ? Key::kOther : Key::kDown;
     case Qt::Key_Escape:
       return Key::kEscape;
     case Qt::Key_Plus:
@@ -400,7 +399,8 @@ void Ikkuna::dragEnterEvent(QDragEnterEvent* event) {
 // Whatever the source proposes: told that its file was moved here, it would delete it. And it
 // waits for this call to end, so a message box may not come before.
 void Ikkuna::dropEvent(QDropEvent* event) {
-  event->setDropAction(Qt::CopyAction);
+  const bool canCopy = event->possibleActions().testFlag(Qt::CopyAction);
+  event->setDropAction(canCopy ? Qt::CopyAction : Qt::IgnoreAction);
   event->accept();
   QTimer::singleShot(0, this, [this, path = DroppedFile(*event).toStdString()] {
     activateWindow();

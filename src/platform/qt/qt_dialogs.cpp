@@ -78,15 +78,10 @@ std::string QtDialogs::ChooseFileToSave(const FileRequest& request) {
     if (path.empty()) return path;
     QFileInfo file(QString::fromStdString(path));
     // The dialog takes whatever follows a dot for the suffix, the 2 of "Hollow v1.2", too.
-    if (file.suffix().toLower() != SuffixOf(request)) {
+    const bool isCompleted = file.suffix().toLower() != SuffixOf(request);
+    if (isCompleted) {
       file.setFile(file.filePath() + "." + SuffixOf(request));
       path += "." + SuffixOf(request).toStdString();
-      if (file.exists() &&
-          !Ask({.text = "File '" + path + "' already exists.\nDo you want to replace it?",
-                .title = "Warning",
-                .icon = MessageIcon::kQuestion})) {
-        continue;
-      }
     }
     if (!file.dir().exists()) {
       Show({.text = "Folder '" + file.path().toStdString() +
@@ -95,10 +90,19 @@ std::string QtDialogs::ChooseFileToSave(const FileRequest& request) {
             .icon = MessageIcon::kExclamation});
       continue;
     }
-    if (!file.exists() || file.isWritable()) return path;
-    Show({.text = "File '" + path + "' is write-protected.\nPlease choose another name.",
-          .title = "File error",
-          .icon = MessageIcon::kExclamation});
+    if (file.exists() && !file.isWritable()) {
+      Show({.text = "File '" + path + "' is write-protected.\nPlease choose another name.",
+            .title = "File error",
+            .icon = MessageIcon::kExclamation});
+      continue;
+    }
+    // The dialog has asked about the name as it was typed.
+    if (!isCompleted || !file.exists() ||
+        Ask({.text = "File '" + path + "' already exists.\nDo you want to replace it?",
+             .title = "Warning",
+             .icon = MessageIcon::kQuestion})) {
+      return path;
+    }
   }
 }
 

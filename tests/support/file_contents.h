@@ -16,14 +16,14 @@ namespace vesmora {
 
 namespace fs = std::filesystem;
 
-inline std::vector<std::byte> Bytes(std::size_t size, unsigned seed) {
+inline std::vector<std::byte> SomeBytes(std::size_t size, unsigned seed) {
   std::vector<std::byte> bytes(size);
   for (std::byte& b : bytes) b = static_cast<std::byte>((seed = seed * 1103515245U + 12345U) >> 16);
   return bytes;
 }
 
-inline const std::vector<std::byte> kOld = Bytes(700, 1);
-inline const std::vector<std::byte> kNew = Bytes(1000, 2);
+inline const std::vector<std::byte> kOld = SomeBytes(700, 1);
+inline const std::vector<std::byte> kNew = SomeBytes(1000, 2);
 
 inline void Put(const std::string& path, const std::vector<std::byte>& bytes) {
   fs::remove(path);
