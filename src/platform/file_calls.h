@@ -50,7 +50,7 @@ class FileCalls {
   virtual int KeepAccess(int handle, const std::string& from) = 0;
 
   virtual int Info(const std::string& path, FileInfo& info) = 0;  // follows links
-  /// Succeeds when the user may write to the existing file `path`.
+  /// Succeeds when the user may write to the existing file `path`, and replace it.
   virtual int MayWrite(const std::string& path) = 0;
   /// Fails with -EINVAL when `path` is there and is no symbolic link.
   virtual int ReadLink(const std::string& path, std::string& target) = 0;

@@ -164,7 +164,11 @@ class WindowsFileCalls final : public FileCalls {
     const bool isProtected =
         attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
     if (isProtected) return Failed(ERROR_ACCESS_DENIED);  // whoever asks
-    return Result(Opened(path, GENERIC_WRITE, FILE_ATTRIBUTE_NORMAL).IsOpen());
+    // A program that holds the file may allow writing but not replacing it, which also forbids
+    // deleting any second name of the file.
+    constexpr DWORD kAccess = GENERIC_WRITE | DELETE;
+    return Result(
+        Patiently([&] { return Opened(path, kAccess, FILE_ATTRIBUTE_NORMAL).IsOpen() ? 1 : 0; }));
   }
 
   int ReadLink(const std::string& path, std::string& target) override {

@@ -31,7 +31,7 @@ class RunCommandsTest : public testing::Test {
 
   EditorBench bench_;
   Editor& editor_ = bench_.editor;
-  const std::string& game_ = editor_.ports.gameFolder;
+  const std::string game_ = AbsolutePath(editor_.ports.gameFolder);
 };
 
 TEST_F(RunCommandsTest, AProgramComesToTheFrontOrIsStarted) {

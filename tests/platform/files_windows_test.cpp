@@ -39,7 +39,8 @@ TEST(WindowsFiles, NamesAndSlashesOfAllKinds) {
 TEST(WindowsFiles, AHeldOrProtectedFileStaysAndIsExplained) {
   const ScratchFolder folder;
   const std::string path = folder / "map";
-  for (const DWORD share : {DWORD{0}, DWORD{FILE_SHARE_READ}}) {
+  for (const DWORD share :
+       {DWORD{0}, DWORD{FILE_SHARE_READ}, DWORD{FILE_SHARE_READ | FILE_SHARE_WRITE}}) {
     Put(path, kOld);
     const HANDLE held = OpenElsewhere(path, share);
     const FileStatus status = WriteFileDurably(SystemFileCalls(), path, kNew);
@@ -47,6 +48,7 @@ TEST(WindowsFiles, AHeldOrProtectedFileStaysAndIsExplained) {
     EXPECT_EQ(status.reason, ErrorText(ERROR_SHARING_VIOLATION));
     CloseHandle(held);
     EXPECT_EQ(Get(path), kOld);
+    EXPECT_EQ(FilesIn(folder), 1);
   }
   SetFileAttributesW(Wide(path).c_str(), FILE_ATTRIBUTE_READONLY);
   const FileStatus status = WriteFileDurably(SystemFileCalls(), path, kNew);

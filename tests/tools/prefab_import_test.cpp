@@ -97,7 +97,12 @@ TEST_F(PrefabImportTest, ThePieceIsAppendedAndFollowsThePointerUntilAClickDropsI
 TEST_F(PrefabImportTest, EscapeToolsAndCommandsEndThePlacementAndWhatWasImportedStays) {
   using Action = void (*)(const Editing&);
   const Action chooseEdit = [](const Editing& on) { ChangeTool(on, ToolMode::kEdit); };
+  const Action clickPanelAndCancel = [](const Editing& on) {
+    on.state.gesture.LeaveOut(on.state);
+    CancelGesture(on);
+  };
   for (const auto& [action, sceneries] : {std::pair{chooseEdit, 2},
+                                          {clickPanelAndCancel, 2},
                                           {CancelGesture, 2},
                                           {MenuDelete, 1},
                                           {MenuBack, 2},
