@@ -31,7 +31,9 @@ std::string AskForAuthor(Editor& editor) {
 
 }  // namespace
 
-std::string PrefabFolder(const Ports& ports) { return ports.programFolder + "Prefab/"; }
+std::string PrefabFolder(const Ports& ports) {
+  return AbsolutePath(ports.programFolder + "Prefab/");
+}
 
 std::vector<std::string> ListPrefabs(const Ports& ports) {
   std::vector<std::string> names = ListFiles(ports.files, PrefabFolder(ports)).names;

@@ -54,7 +54,7 @@ void MenuUndo(Editor& editor) {
 }
 
 void MenuHelp(Editor& editor) {
-  const std::string manual = editor.ports.programFolder + "Help/index.html";
+  const std::string manual = AbsolutePath(editor.ports.programFolder + "Help/index.html");
   const bool isThere = FileExists(editor.ports.files, manual);
   if (!isThere || !editor.ports.shell.OpenFile(manual)) {
     editor.ports.dialogs.Show(

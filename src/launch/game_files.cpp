@@ -15,9 +15,8 @@ namespace {
 const std::string kSection = "GAME";
 const std::string kStyleKey = "GameStyle";
 constexpr std::int32_t kAbsentStyle = 9;
-constexpr std::int32_t kFlagStyle = 3;                        // capture the flag
-constexpr std::size_t kExtensionLength = 4;                   // with its dot
-constexpr std::size_t kProfileLimit = std::size_t{1} << 24U;  // bytes
+constexpr std::int32_t kFlagStyle = 3;       // capture the flag
+constexpr std::size_t kExtensionLength = 4;  // with its dot
 
 std::string CouldNot(const char* what, const std::string& path, const std::string& reason) {
   return "File '" + path + "' could not be " + what + ": " + reason;
@@ -72,11 +71,10 @@ std::string PointGameAt(const GameFolder& game, const std::string& fileName) {
   if (!FileExists(game.files, GamePath(game, "MAPS/" + std::string(map)))) return {};
 
   const std::string profile = GamePath(game, "soldat.ini");
-  const FileContents old = ReadFile(game.files, profile, kProfileLimit);
+  const FileContents old = ReadProfile(game.files, profile);
   if (old.status.failure == FileFailure::kError) {
     return CouldNot("read", profile, old.status.reason);
   }
-  if (old.size > kProfileLimit) return CouldNot("read", profile, "It is too large.");
   const std::int32_t present = game.profiles.ReadInt(profile, kSection, kStyleKey, kAbsentStyle);
   const std::optional<std::string> style = StyleFor(map, present);
   if (style) {

@@ -28,6 +28,9 @@ class ProfileFiles {
                            const std::string& key, const std::string& value) = 0;
 };
 
+/// The bytes of a profile; a file too large to be one is an error.
+FileContents ReadProfile(FileCalls& files, const std::string& path);
+
 /// The running system's own calls where it has them, else the same behaviour over `files`,
 /// which must live as long.
 std::unique_ptr<ProfileFiles> SystemProfileFiles(FileCalls& files);

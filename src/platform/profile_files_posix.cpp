@@ -7,8 +7,6 @@
 namespace vesmora {
 namespace {
 
-constexpr std::size_t kLimit = std::size_t{1} << 24U;  // bytes; no profile is near it
-
 std::string_view TextOf(const FileContents& contents) {
   return {reinterpret_cast<const char*>(contents.bytes.data()), contents.bytes.size()};
 }
@@ -19,17 +17,16 @@ class PlainProfileFiles final : public ProfileFiles {
 
   std::int32_t ReadInt(const std::string& path, const std::string& section, const std::string& key,
                        std::int32_t fallback) override {
-    const FileContents contents = ReadFile(files_, path, kLimit);
+    const FileContents contents = ReadProfile(files_, path);
     const auto value = FindProfileValue(TextOf(contents), section, key);
     return value && !value->empty() ? ProfileNumber(*value) : fallback;
   }
 
   FileStatus Write(const std::string& path, const std::string& section, const std::string& key,
                    const std::string& value) override {
-    const FileContents contents = ReadFile(files_, path, kLimit);
+    const FileContents contents = ReadProfile(files_, path);
     const bool isNew = contents.status.failure == FileFailure::kMissing;
     if (!contents.status.Ok() && !isNew) return contents.status;
-    if (contents.size > kLimit) return {FileFailure::kError, "The file is too large."};
     const std::string text = WithProfileValue(TextOf(contents), section, key, value);
     if (text == TextOf(contents)) return {};
     return WriteFileDurably(files_, path, std::as_bytes(std::span(text)));

@@ -6,8 +6,6 @@
 namespace vesmora {
 namespace {
 
-constexpr std::size_t kLimit = std::size_t{1} << 24U;  // bytes; no profile is near it
-
 /// The system looks for a bare name in its own folder, so paths are always whole.
 std::wstring PathFor(const std::string& path) { return Wide(AbsolutePath(path)); }
 
@@ -24,10 +22,9 @@ class SystemsProfileFiles final : public ProfileFiles {
 
   FileStatus Write(const std::string& path, const std::string& section, const std::string& key,
                    const std::string& value) override {
-    const FileContents old = ReadFile(files_, path, kLimit);
+    const FileContents old = ReadProfile(files_, path);
     const bool isNew = old.status.failure == FileFailure::kMissing;
     if (!old.status.Ok() && !isNew) return old.status;
-    if (old.size > kLimit) return {FileFailure::kError, "The file is too large."};
     if (!isNew && files_.MayWrite(path) < 0) return {FileFailure::kError, files_.LastError()};
 
     const std::wstring widePath = PathFor(path);
@@ -41,7 +38,7 @@ class SystemsProfileFiles final : public ProfileFiles {
     // A full disk may have cost the tail of the file.
     if (isNew) {
       files_.Unlink(path);
-    } else if (ReadFile(files_, path, kLimit).bytes != old.bytes) {
+    } else if (ReadProfile(files_, path).bytes != old.bytes) {
       WriteFileDurably(files_, path, old.bytes);
     }
     return {FileFailure::kError, reason};

@@ -226,7 +226,7 @@ TEST_F(FileCommandsTest, UndoBringsBackToolAndSelectionAndNothingHalfBuilt) {
 }
 
 TEST_F(FileCommandsTest, OnlineHelpCannotBeUndone) {
-  const std::string manual = editor.ports.programFolder + "Help/index.html";
+  const std::string manual = AbsolutePath(editor.ports.programFolder + "Help/index.html");
   std::filesystem::create_directory(editor.ports.programFolder + "Help");
   MenuHelp(editor);
   PutFile(manual, {});

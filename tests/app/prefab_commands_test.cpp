@@ -25,7 +25,7 @@ class PrefabCommandsTest : public testing::Test, protected EditorBench {
     PutFile(prefabs_ + "one.pre", WritePrefab(letter));
   }
 
-  const std::string prefabs_ = editor.ports.programFolder + "Prefab/";
+  const std::string prefabs_ = AbsolutePath(editor.ports.programFolder + "Prefab/");
 };
 
 TEST_F(PrefabCommandsTest, ExportWritesTheWholeMapAndChangesNothing) {
