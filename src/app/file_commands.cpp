@@ -1,6 +1,6 @@
 #include "app/file_commands.h"
 
-#include "document/text.h"
+#include "platform/text.h"
 #include "tools/tool_change.h"
 
 namespace vesmora {

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "document/prefab_file.h"
-#include "document/text.h"
 #include "platform/single_byte_text.h"
+#include "platform/text.h"
 #include "tools/prefab_import.h"
 #include "tools/tool_change.h"
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "document/text.h"
+#include "platform/text.h"
 
 namespace vesmora {
 namespace {

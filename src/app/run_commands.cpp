@@ -1,10 +1,10 @@
 #include "app/run_commands.h"
 
 #include "app/file_commands.h"
-#include "document/text.h"
 #include "launch/game_files.h"
 #include "launch/sector_compiler.h"
 #include "platform/files.h"
+#include "platform/text.h"
 
 namespace vesmora {
 namespace {

@@ -1,8 +1,8 @@
 #include "app/start_up.h"
 
 #include "app/file_commands.h"
-#include "document/text.h"
 #include "launch/game_files.h"
+#include "platform/text.h"
 #include "tools/prefab_import.h"
 
 namespace vesmora {

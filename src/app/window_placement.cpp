@@ -6,7 +6,7 @@
 #include <string>
 
 #include "document/numbers.h"
-#include "document/text.h"
+#include "platform/text.h"
 
 namespace vesmora {
 namespace {

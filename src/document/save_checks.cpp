@@ -1,6 +1,6 @@
 #include "document/save_checks.h"
 
-#include "document/text.h"
+#include "platform/text.h"
 
 namespace vesmora {
 namespace {

@@ -6,8 +6,8 @@
 #include <span>
 #include <vector>
 
-#include "document/text.h"
 #include "platform/single_byte_text.h"
+#include "platform/text.h"
 
 namespace vesmora {
 namespace {

@@ -2,9 +2,9 @@
 // what is selected.
 #include <algorithm>
 
-#include "document/text.h"
 #include "panel/panel_parts.h"
 #include "platform/single_byte_text.h"
+#include "platform/text.h"
 #include "view/palette.h"
 
 namespace vesmora {

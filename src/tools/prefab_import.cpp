@@ -1,7 +1,7 @@
 #include "tools/prefab_import.h"
 
 #include "document/prefab_file.h"
-#include "document/text.h"
+#include "platform/text.h"
 #include "tools/move_selection.h"
 #include "tools/placement.h"
 #include "tools/tool_change.h"

@@ -1,4 +1,4 @@
-#include "document/text.h"
+#include "platform/text.h"
 
 #include <algorithm>
 #include <array>
