@@ -13,17 +13,9 @@
 namespace vesmora::bench {
 namespace {
 
-std::unique_ptr<EditingState> Opened(const char* map) {
-  const auto opened = std::make_unique<OpenDocument>();
-  if (!opened->Load(MapPath(map))) throw std::runtime_error("the map does not load");
-  auto state = std::make_unique<EditingState>();
-  state->document = opened->document;
-  return state;
-}
-
 void FillGrid(benchmark::State& state, const char* map) {
-  const auto editing = Opened(map);
-  MapDocument& document = editing->document;
+  const auto opened = Opened(MapPath(map));
+  MapDocument& document = opened->document;
   FillSectors(document);
   const auto filled = std::make_unique<MapDocument>(document);
   RunAgainstFloor(
@@ -45,18 +37,12 @@ void FillGrid(benchmark::State& state, const char* map) {
 void Compile(benchmark::State& state, const char* map) {
   const std::string folder = VESMORA_BENCH_FOLDER "/compile/";
   std::filesystem::create_directories(folder);
-  SilentDialogs dialogs;
-  IdleDisplay display;
-  const EditingPorts ports{SystemFileCalls(), dialogs, display, [] { return 0.5; }};
-  const auto editing = Opened(map);
-  editing->journal.folder = folder;
+  const auto opened = Opened(MapPath(map));
+  opened->journal.folder = folder;
   RunAgainstFloor(
-      state, Clock::kThread,
+      state, Clock::kThread, [&] { TakeUndoSnapshot(*opened, "Move"); },
       [&] {
-        TakeUndoSnapshot({*editing, ports}, "Move");
-      },
-      [&] {
-        if (!CompileSectors({*editing, ports})) throw std::runtime_error("not compiled");
+        if (!CompileSectors(*opened)) throw std::runtime_error("not compiled");
       });
   std::filesystem::remove_all(folder);
 }

@@ -1,11 +1,9 @@
 // The edit commands against putting the map back, which is one copy of all it holds. No
 // snapshot is written: there is no folder for undo files.
 #include <memory>
-#include <stdexcept>
 
 #include "interleaved.h"
 #include "open_document.h"
-#include "tools/clipboard_commands.h"
 #include "tools/edit_commands.h"
 #include "tools/picking.h"
 
@@ -15,37 +13,31 @@ namespace {
 constexpr SelectionBox kEverywhere = {
     .left = -30000, .right = 30000, .top = -30000, .bottom = 30000};
 
-using Command = void (*)(const Editing& editing);
+using Command = void (*)(Editing& editing);
 
 /// The map with everything selected and copied, then as `select` has it.
 void Run(benchmark::State& state, const char* map, Command select, Command command) {
-  const auto opened = std::make_unique<OpenDocument>();
-  if (!opened->Load(MapPath(map))) throw std::runtime_error("the map does not load");
-  SilentDialogs dialogs;
-  IdleDisplay display;
-  const EditingPorts ports{SystemFileCalls(), dialogs, display, [] { return 0.5; }};
-  const auto editing = std::make_unique<EditingState>();
-  editing->document = opened->document;
-  SelectInBox({*editing, ports}, kEverywhere, true, SelectionKind::kAll);
-  MenuCopy({*editing, ports});
-  select({*editing, ports});
-  const auto document = std::make_unique<const MapDocument>(editing->document);
-  const auto selection = std::make_unique<const Selection>(editing->selection);
-  const auto clipboard = std::make_unique<const Clipboard>(editing->clipboard);
+  const auto opened = Opened(MapPath(map));
+  Editing& editing = *opened;
+  SelectInBox(editing, kEverywhere, true, SelectionKind::kAll);
+  MenuCopy(editing);
+  select(editing);
+  const auto document = std::make_unique<const MapDocument>(editing.document);
+  const auto selection = std::make_unique<const Selection>(editing.selection);
+  const auto clipboard = std::make_unique<const Clipboard>(editing.clipboard);
   RunAgainstFloor(
       state, Clock::kThread,
       [&] {
-        editing->document = *document;
-        editing->selection = *selection;
-        editing->clipboard = *clipboard;
+        editing.document = *document;
+        editing.selection = *selection;
+        editing.clipboard = *clipboard;
+        editing.activity.Forget();
       },
-      [&] {
-        command({*editing, ports});
-      });
+      [&] { command(editing); });
 }
 
 void EditEverything(benchmark::State& state, const char* map, Command command) {
-  const Command selectAll = [](const Editing& editing) {
+  const Command selectAll = [](Editing& editing) {
     SelectInBox(editing, kEverywhere, true, SelectionKind::kAll);
   };
   Run(state, map, selectAll, command);
@@ -53,10 +45,10 @@ void EditEverything(benchmark::State& state, const char* map, Command command) {
 
 /// What is left keeps half its connections.
 void DeleteEverySecondWaypoint(benchmark::State& state, const char* map) {
-  const Command selectHalf = [](const Editing& editing) {
-    ClearLists(editing.state.selection);
-    for (std::int16_t slot = 0; slot <= editing.state.document.lastWaypoint; slot += 2) {
-      editing.state.selection.waypoints.Add(slot);
+  const Command selectHalf = [](Editing& editing) {
+    ClearLists(editing.selection);
+    for (std::int16_t slot = 0; slot <= editing.document.waypoints.last; slot += 2) {
+      editing.selection.waypoints.Append(slot);
     }
   };
   Run(state, map, selectHalf, MenuDelete);

@@ -93,15 +93,9 @@ class RawTransfer {
   std::vector<char> buffer_;
 };
 
-std::unique_ptr<OpenDocument> Opened(const char* map) {
-  auto opened = std::make_unique<OpenDocument>();
-  Require(opened->Load(MapPath(map)), "the map does not load");
-  return opened;
-}
-
 void Load(benchmark::State& state, const char* map, Variant variant) {
   const ScratchFolder folder;
-  const auto opened = Opened(map);
+  const auto opened = Opened(MapPath(map));
   const std::string path = folder / "map.pmp";
   const bool isUndo = variant == Variant::kUndo;
   Require(opened->Write(path, isUndo), "the map cannot be written");
@@ -115,22 +109,22 @@ void Load(benchmark::State& state, const char* map, Variant variant) {
 /// to as many files in turn, which are no likelier to lie in the processor's cache.
 void UndoSnapshot(benchmark::State& state, const char* map) {
   const ScratchFolder folder;
-  const auto opened = Opened(map);
+  const auto opened = Opened(MapPath(map));
   RawTransfer raw(kUndoFileSize);
-  UndoJournal journal;
+  UndoJournal& journal = opened->journal;
   journal.folder = folder.Path();
   int turn = 0;
   RunAgainstFloor(
       state, Clock::kWall,
       [&] { raw.Write(folder.Path() + "raw" + std::to_string(turn++ % (kUndoSteps + 1))); },
-      [&] { opened->Snapshot(journal); });
+      [&] { TakeUndoSnapshot(*opened, "Move"); });
   Require(journal.undoAvailable >= 0 && !journal.failureTold, "not written");
 }
 
 /// A save against the same bytes written with the same promise.
 void SaveAgainstDurableWrite(benchmark::State& state, const char* map) {
   const ScratchFolder folder;
-  const auto opened = Opened(map);
+  const auto opened = Opened(MapPath(map));
   RawTransfer raw(kMapFileSize);
   RunAgainstFloor(
       state, Clock::kWall, [&] { raw.WriteDurably(folder / "raw.pmp", folder.Path()); },
@@ -141,7 +135,7 @@ void SaveAgainstDurableWrite(benchmark::State& state, const char* map) {
 /// the disk is nearly all of it, so this ratio says more about the disk than about the code.
 void SaveAgainstUnsyncedWrite(benchmark::State& state, const char* map) {
   const ScratchFolder folder;
-  const auto opened = Opened(map);
+  const auto opened = Opened(MapPath(map));
   RawTransfer raw(kMapFileSize);
   RunAgainstFloor(
       state, Clock::kWall, [&] { raw.Write(folder / "raw.pmp"); },

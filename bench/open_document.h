@@ -1,10 +1,12 @@
-// A document with what loading and saving it needs, and nobody to talk to.
+// A map in an editor without a window, and nobody to talk to.
 #pragma once
 
+#include <memory>
+#include <stdexcept>
 #include <string>
 
 #include "document/map_file.h"
-#include "document/undo_journal.h"
+#include "tools/editing.h"
 
 namespace vesmora::bench {
 
@@ -18,37 +20,79 @@ class SilentDialogs final : public Dialogs {
   std::optional<std::int32_t> ChooseColor(std::int32_t) override { return {}; }
 };
 
-class IdleDisplay final : public Display {
+/// Notes what is out of date.
+struct IdleWindow final : WindowPort {
+  bool mapIsStale = false;
+  bool panelIsStale = false;
+
+  void MapChanged() override { mapIsStale = true; }
+  void PanelChanged() override { panelIsStale = true; }
+  void Unload() override {}
+  void ShowAbout() override {}
+  std::string ShowImport() override { return {}; }
+  void RestorePlacement() override {}
+  WindowPlacement Placement() const override { return {}; }
+  void Minimize() override {}
+  void Unminimize() override {}
+  void RunPendingEvents() override {}
+  void LayOut() override {}
+};
+
+class NoSettings final : public Settings {
  public:
-  void RedrawMap() override {}
-  void RefreshInfoPanel() override {}
-  void SetPointer(PointerShape) override {}
+  std::string Read(const std::string&, const std::string&, const std::string& fallback) override {
+    return fallback;
+  }
+  void Write(const std::string&, const std::string&, const std::string&) override {}
+};
+
+class NoShell final : public Shell {
+ public:
+  bool OpenFile(const std::string&) override { return false; }
+};
+
+struct IdleWorld {
+  SilentDialogs dialogs;
+  IdleWindow window;
+  NoSettings settings;
+  NoShell shell;
+  std::unique_ptr<Programs> programs = SystemPrograms();
+  std::unique_ptr<ProfileFiles> profiles = SystemProfileFiles(SystemFileCalls());
+
+  Ports Given() {
+    return {.files = SystemFileCalls(),
+            .dialogs = dialogs,
+            .window = window,
+            .settings = settings,
+            .shell = shell,
+            .programs = *programs,
+            .profiles = *profiles,
+            .random = [] { return 0.5; },
+            .tempFolder = {},
+            .programFolder = {},
+            .gameFolder = {}};
+  }
 };
 
 inline std::string MapPath(const std::string& name) { return VESMORA_TEST_DATA "/" + name; }
 
 /// Heavy: keep it off the stack.
-struct OpenDocument {
+struct OpenDocument : IdleWorld, Editing {
+  OpenDocument() : Editing(Given()) {}
+
   bool Load(const std::string& path, bool isUndo = false) {
-    return LoadMap(Context(), path, isUndo, true) == LoadOutcome::kLoaded;
+    return LoadMap(document, selection, ports.files, path, isUndo, true).outcome ==
+           LoadOutcome::kLoaded;
   }
   bool Write(const std::string& path, bool isUndo) {
-    return WriteMap(Context(), path, isUndo).Ok();
+    return WriteMap(document, selection, ports.files, ports.random(), path, isUndo).status.Ok();
   }
-
-  void Snapshot(UndoJournal& journal) { TakeUndoSnapshot(journal, Context(), "Move"); }
-
-  MapDocument document;
-  Selection selection;
-
- private:
-  MapFileContext Context() {
-    return {document, selection, SystemFileCalls(), dialogs_, display_, random_};
-  }
-
-  SilentDialogs dialogs_;
-  IdleDisplay display_;
-  RandomSource random_ = [] { return 0.5; };
 };
+
+inline std::unique_ptr<OpenDocument> Opened(const std::string& path) {
+  auto opened = std::make_unique<OpenDocument>();
+  if (!opened->Load(path)) throw std::runtime_error("does not load: " + path);
+  return opened;
+}
 
 }  // namespace vesmora::bench

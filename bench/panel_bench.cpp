@@ -1,12 +1,12 @@
 // Recomputing the panel with everything selected against one look at each listed record.
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <memory>
-#include <stdexcept>
 
 #include "interleaved.h"
 #include "open_document.h"
-#include "panel/panel_contents.h"
+#include "panel/refresh_panel.h"
 
 namespace vesmora::bench {
 namespace {
@@ -14,69 +14,51 @@ namespace {
 /// Objects that are all alike are compared to the last one.
 enum class Objects { kAsTheyAre, kAlike };
 
-template <typename Table, typename List>
-void ListAll(Table& table, int last, List& list, Objects objects) {
-  for (int i = 0; i <= last; ++i) {
-    if (objects == Objects::kAlike) table[static_cast<std::size_t>(i)] = table[0];
-    list.Add(static_cast<std::remove_cvref_t<decltype(list.entries[0])>>(i));
+std::unique_ptr<OpenDocument> EverythingSelected(Objects objects) {
+  auto opened = Opened(MapPath("full.pmp"));
+  MapDocument& document = opened->document;
+  if (objects == Objects::kAlike) {
+    for (PolygonVertex& vertex : document.polygons[0].vertices) vertex.color = {};
+    VisitTables(document, [](auto& table) { std::ranges::fill(table.Used(), table[0]); });
   }
+  VisitLists(document, opened->selection,
+             [](const auto& table, auto& list) { ListFrom(0, table, list); });
+  return opened;
 }
 
-std::unique_ptr<EditingState> EverythingSelected(Objects objects) {
-  const auto opened = std::make_unique<OpenDocument>();
-  if (!opened->Load(MapPath("full.pmp"))) throw std::runtime_error("the map does not load");
-  auto state = std::make_unique<EditingState>();
-  MapDocument& document = state->document;
-  Selection& selection = state->selection;
-  document = opened->document;
-  for (std::int16_t i = 0; i <= document.lastPolygon; ++i) {
-    const auto polygon = static_cast<std::size_t>(i);
-    if (objects == Objects::kAlike) document.normals[polygon] = document.normals[0];
-    for (std::uint8_t corner = 0; corner < 3; ++corner) {
-      if (objects == Objects::kAlike) document.polygons[polygon].vertices[corner].color = {};
-      selection.vertices.Add({i, corner});
-    }
-  }
-  ListAll(document.spawns, document.lastSpawn, selection.spawns, objects);
-  ListAll(document.sceneries, document.lastScenery, selection.sceneries, objects);
-  ListAll(document.colliders, document.lastCollider, selection.colliders, objects);
-  ListAll(document.waypoints, document.lastWaypoint, selection.waypoints, objects);
-  return state;
-}
-
-template <typename Table, typename List, typename Value>
-void LookAt(const Table& table, const List& list, Value value) {
+template <typename TableType, typename List, typename Value>
+void LookAt(const TableType& table, const List& list, Value value) {
   std::uint32_t seen = 0;
-  for (const auto index : list.Items()) {
-    seen += static_cast<std::uint32_t>(value(table[static_cast<std::size_t>(index)]));
+  for (const auto index : list.Used()) {
+    seen += static_cast<std::uint32_t>(value(table[index]));
   }
   benchmark::DoNotOptimize(seen);
 }
 
-void LookAtEverything(const EditingState& state) {
-  const MapDocument& document = state.document;
+void LookAtEverything(const Editing& editing) {
+  const MapDocument& document = editing.document;
+  const Selection& selection = editing.selection;
   std::uint32_t seen = 0;
-  for (const VertexReference& vertex : state.selection.vertices.Items()) {
-    const auto polygon = static_cast<std::size_t>(vertex.polygon);
-    seen += document.polygons[polygon].vertices[vertex.corner].color.red;
-    if (document.normals[polygon].edges[vertex.corner].x == 0) ++seen;
+  for (const VertexReference& vertex : selection.vertices.Used()) {
+    const Polygon& polygon = document.polygons[vertex.polygon];
+    seen += polygon.vertices[vertex.corner].color.red;
+    if (polygon.edges[vertex.corner].x == 0) ++seen;
   }
   benchmark::DoNotOptimize(seen);
-  LookAt(document.spawns, state.selection.spawns, [](const auto& spawn) { return spawn.team; });
-  LookAt(document.sceneries, state.selection.sceneries,
-         [](const auto& scenery) { return scenery.type; });
-  LookAt(document.colliders, state.selection.colliders,
+  LookAt(document.spawns, selection.spawns, [](const auto& spawn) { return spawn.team; });
+  LookAt(document.sceneries, selection.sceneries, [](const auto& scenery) { return scenery.type; });
+  LookAt(document.colliders, selection.colliders,
          [](const auto& collider) { return collider.active; });
-  LookAt(document.waypoints, state.selection.waypoints,
+  LookAt(document.waypoints, selection.waypoints,
          [](const auto& waypoint) { return waypoint.path; });
 }
 
 void RefreshFullSelection(benchmark::State& state, Objects objects) {
-  const auto editing = EverythingSelected(objects);
+  const auto opened = EverythingSelected(objects);
   PanelContents panel;
   RunAgainstFloor(
-      state, Clock::kThread, [&] { LookAtEverything(*editing); },
-      [&] { RefreshPanel(panel, *editing); });
+      state, Clock::kThread, [&] { LookAtEverything(*opened); },
+      [&] { RefreshPanel(panel, *opened); });
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include "document/geometry.h"
 #include "document/numbers.h"
 #include "document/scenery_types.h"
+#include "document/texture_mapping.h"
 
 namespace vesmora {
 namespace {
@@ -22,7 +23,9 @@ MapColor Shaded(MapColor color, Point at) {
 }
 
 PolygonVertex Vertex(Point at, MapColor color) {
-  return {at.x, at.y, 1, 1, Shaded(color, at), at.x / 160, at.y / 120};
+  PolygonVertex vertex{at.x, at.y, 1, 1, Shaded(color, at), 0, 0};
+  MapTexture(vertex, at);
+  return vertex;
 }
 
 std::vector<Point> Lowered(Line line, float distance) {
@@ -52,11 +55,10 @@ MapMaker::MapMaker(int sectorDivision, MapColor topLeft, MapColor bottomRight) {
 
 void MapMaker::AddTriangle(const Corner& a, const Corner& b, const Corner& c, Matter matter) {
   if (a.at == b.at || b.at == c.at || c.at == a.at) return;  // the tip of an island
-  const int index = ++map_.lastPolygon;
-  map_.polygons[static_cast<std::size_t>(index)].vertices = {
-      Vertex(a.at, a.color), Vertex(b.at, b.color), Vertex(c.at, c.color)};
-  if (matter == Matter::kSolid) RecomputeNormals(map_, index);
-  for (Normal& normal : map_.normals[static_cast<std::size_t>(index)].edges) normal.z = 1;
+  Polygon& polygon = map_.polygons.TakeSlot();
+  polygon.vertices = {Vertex(a.at, a.color), Vertex(b.at, b.color), Vertex(c.at, c.color)};
+  if (matter == Matter::kSolid) RecomputeNormals(polygon);
+  for (Normal& normal : polygon.edges) normal.z = 1;
 }
 
 void MapMaker::AddBand(Line upper, Line lower, const Soil& soil, Matter matter) {
@@ -97,7 +99,7 @@ void MapMaker::AddIsland(Line surface, float depth, const Soil& soil) {
 
 void MapMaker::AddSpawns(std::span<const Spawn> spawns) {
   for (const Spawn& spawn : spawns) {
-    SpawnPoint& record = map_.spawns[static_cast<std::size_t>(++map_.lastSpawn)];
+    SpawnPoint& record = map_.spawns.TakeSlot();
     record.active = 1;
     record.x = ToFixedPoint(spawn.at.x);
     record.y = ToFixedPoint(spawn.at.y);
@@ -107,7 +109,7 @@ void MapMaker::AddSpawns(std::span<const Spawn> spawns) {
 
 void MapMaker::AddColliders(std::span<const Ball> balls) {
   for (const Ball& ball : balls) {
-    Collider& collider = map_.colliders[static_cast<std::size_t>(++map_.lastCollider)];
+    Collider& collider = map_.colliders.TakeSlot();
     collider.active = 1;
     collider.x = ball.center.x;
     collider.y = ball.center.y;
@@ -116,7 +118,7 @@ void MapMaker::AddColliders(std::span<const Ball> balls) {
 }
 
 void MapMaker::AddScenery(const Prop& prop, Point corner, float rotation) {
-  SceneryObject& scenery = map_.sceneries[static_cast<std::size_t>(++map_.lastScenery)];
+  SceneryObject& scenery = map_.sceneries.TakeSlot();
   scenery.active = 1;
   scenery.type = static_cast<std::uint8_t>(prop.kind);
   scenery.width = SceneryTypeOf(scenery.type).width;
@@ -152,11 +154,11 @@ void MapMaker::AddHanging(std::span<const Prop> props) {
 
 void MapMaker::AddPath(int path, std::span<const Stop> stops) {
   constexpr std::string_view kWays = "LRUDF";
-  const int first = map_.lastWaypoint + 2;  // its number
+  const int first = map_.waypoints.Count() + 1;  // its number
   for (const Stop& stop : stops) {
-    Waypoint& waypoint = map_.waypoints[static_cast<std::size_t>(++map_.lastWaypoint)];
+    Waypoint& waypoint = map_.waypoints.TakeSlot();
     waypoint.active = 1;
-    waypoint.id = map_.lastWaypoint + 1;
+    waypoint.id = map_.waypoints.Count();
     waypoint.x = ToFixedPoint(stop.at.x);
     waypoint.y = ToFixedPoint(stop.at.y);
     for (const char way : stop.ways) waypoint.botSettings[kWays.find(way)] = 1;

@@ -7,16 +7,11 @@
 #include <vector>
 
 #include "document/map_document.h"
+#include "document/world_point.h"
 
 namespace vesmora {
 
-struct Point {
-  float x;
-  float y;
-
-  bool operator==(const Point&) const = default;
-};
-
+using Point = WorldPoint;
 using Line = std::span<const Point>;
 
 /// 0xRRGGBB, opaque.

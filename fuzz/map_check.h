@@ -21,11 +21,11 @@
 #include <tuple>
 
 #include "document/map_image.h"
+#include "support/bench.h"
 #include "support/map_builder.h"
-#include "support/map_workbench.h"
 #include "view/clip.h"
+#include "view/draw_map.h"
 #include "view/layout.h"
-#include "view/redraw_map.h"
 
 namespace vesmora {
 
@@ -35,16 +35,11 @@ inline MapDocument MakeBaseMap(int count, int unit) {
   static const Bytes kFull = FileBytes(DataPath("full_saved.pmp"));
   MapDocument map;
   ReadMapImage(kFull, map, nullptr);
-  const auto upTo = [count](int last) {
-    return static_cast<std::int16_t>(std::min(last, count - 1));
-  };
-  map.lastPolygon = upTo(kPolygonCapacity - 1);
-  map.lastSpawn = upTo(FindLastSpawn(map));
-  map.lastScenery = upTo(FindLastScenery(map));
-  map.lastCollider = upTo(FindLastCollider(map));
-  map.lastWaypoint = upTo(FindLastWaypoint(map));
-  ZeroTables(map, ZeroSlots::kUnused);
-  for (Waypoint& waypoint : map.waypoints) {
+  map.polygons.SetCount(kPolygonCapacity);
+  FindTableEnds(map);
+  VisitTables(map, [count](auto& table) { table.SetCount(std::min(table.Count(), count)); });
+  ZeroFreeSlots(map);
+  for (Waypoint& waypoint : map.waypoints.slots) {
     waypoint.x *= unit;
     waypoint.y *= unit;
   }
@@ -148,10 +143,10 @@ class CheckingCanvas final : public Canvas {
 };
 
 /// From near, far and impossible places, in every tool. Cuts connection counts and no more.
-inline void CheckDrawing(MapWorkbench& bench, unsigned look) {
+inline void CheckDrawing(Bench& bench, unsigned look) {
   constexpr float kInfinity = std::numeric_limits<float>::infinity();
   constexpr int kMostPrimitives = 60000;
-  MapDocument& map = bench.document;
+  MapDocument& map = bench.map;
   const auto before = std::make_unique<MapDocument>(map);
   const PolygonVertex& corner = map.polygons[0].vertices[0];
   const std::array<ScreenPoint, 6> centers = {{{0, 0},
@@ -166,8 +161,11 @@ inline void CheckDrawing(MapWorkbench& bench, unsigned look) {
     if (look % 4 == 3) show.showFlags[i % 6] = 0;
     show.pathFilter = static_cast<std::int16_t>(i % 3);
     map.toolIndex = static_cast<ToolMode>(i % kToolCount);
-    bench.selection.connectionAnchor = look % 2 == 0 ? kNoIndex : static_cast<std::int16_t>(i % 6);
-    const ToolDrawing tool{static_cast<int>(i % 3), i % 2 == 0, 100, -2147483647 - 1};
+    const ToolDrawing tool{.placedCorners = static_cast<int>(i % 3),
+                           .showsNextScenery = i % 2 == 0,
+                           .connectionFrom = look % 2 == 0 ? kNoIndex : static_cast<int>(i % 6),
+                           .mouseX = 100,
+                           .mouseY = -2147483647 - 1};
     ViewTransform view;
     view.centerX = centers[i % 6].x;
     view.centerY = centers[i % 6].y;
@@ -176,13 +174,13 @@ inline void CheckDrawing(MapWorkbench& bench, unsigned look) {
     view.fixedGrid = i % 2 != 0;
     view.area = i % 31 == 30 ? DrawingArea{} : ComputeDrawingArea(1024, 700);
     CheckingCanvas canvas(view.area);
-    RedrawMap({map, bench.selection, view, show, tool}, canvas);
+    DrawMap({map, bench.selection, view, show, tool}, canvas);
     EXPECT_LE(canvas.primitives, kMostPrimitives);
   }
   map.toolIndex = before->toolIndex;
-  for (std::size_t i = 0; i < map.waypoints.size(); ++i) {
-    std::int32_t& count = before->waypoints[i].connectionCount;
-    if (count > 21 && map.waypoints[i].connectionCount == 20) count = 20;
+  for (int slot = 0; slot < kWaypointCapacity; ++slot) {
+    std::int32_t& count = before->waypoints[slot].connectionCount;
+    if (count > 21 && map.waypoints[slot].connectionCount == 20) count = 20;
   }
   EXPECT_TRUE(StateOf(map) == StateOf(*before)) << "drawing changed the map";
 }
@@ -192,8 +190,8 @@ inline void CheckMapInput(std::span<const std::uint8_t> data) {
   const bool isUndo = (data[0] & 1U) != 0;
   const unsigned look = data[2];
   const Bytes file = DecodeMapFile(data);
-  const auto bench = std::make_unique<MapWorkbench>();
-  MapDocument& map = bench->document;
+  const auto bench = std::make_unique<Bench>();
+  MapDocument& map = bench->map;
   Selection& selection = bench->selection;
   const std::size_t size = isUndo ? kUndoFileSize : kMapFileSize;
   if (!isUndo && file.size() != size) {
@@ -201,24 +199,24 @@ inline void CheckMapInput(std::span<const std::uint8_t> data) {
     EXPECT_EQ(bench->dialogs.messages.size(), 1U);
   }
   PutFile(bench->folder / "input", file);
-  const LoadOutcome outcome = LoadMap(bench->Context(), bench->folder / "input", isUndo, true);
+  const LoadOutcome outcome = bench->Load(bench->folder / "input", true, isUndo);
   const bool isCut = isUndo && file.size() < size;
   EXPECT_EQ(outcome, isCut ? LoadOutcome::kUnreadable : LoadOutcome::kLoaded);
-  EXPECT_TRUE(!isCut || (map.lastPolygon == -1 && bench->dialogs.messages.size() == 1));
+  EXPECT_TRUE(!isCut || (map.polygons.last == -1 && bench->dialogs.messages.size() == 1));
   EXPECT_TRUE(isCut || !isUndo || bench->dialogs.messages.empty()) << "undo tells nothing";
   CheckRanges(map, selection);
   if (!isUndo && look % 8 != 0) {
     SelectEverything(selection, map);
-    if (look % 8 > 4) selection.sceneries.last = selection.sceneries.Empty() ? -1 : 0;
+    if (look % 8 > 4) selection.sceneries.SetCount(std::min(selection.sceneries.Count(), 1));
   }
   CheckDrawing(*bench, look);
 
   bench->dialogs.messages.clear();
-  const auto again = std::make_unique<MapWorkbench>();
+  const auto again = std::make_unique<Bench>();
   bench->Snapshot();
-  EXPECT_EQ(LoadMap(again->Context(), bench->folder / "undo.tmp", true), LoadOutcome::kLoaded);
-  again->document.fileName = map.fileName;
-  EXPECT_TRUE(StateOf(again->document) == StateOf(map)) << "undo changes the map";
+  EXPECT_EQ(again->Load(bench->folder / "undo.tmp", false, true), LoadOutcome::kLoaded);
+  again->map.fileName = map.fileName;
+  EXPECT_TRUE(StateOf(again->map) == StateOf(map)) << "undo changes the map";
   EXPECT_EQ(PackSelection(again->selection, map), PackSelection(selection, map));
 
   const auto lasts = std::get<1>(StateOf(map));
@@ -228,8 +226,8 @@ inline void CheckMapInput(std::span<const std::uint8_t> data) {
   EXPECT_EQ(again->Load(bench->folder / "saved.pmp"), LoadOutcome::kLoaded);
   EXPECT_TRUE(again->dialogs.messages.empty()) << "the damage is mended by the save";
   // Only an undo file's tables may have holes, behind which nothing is found again.
-  EXPECT_TRUE(isUndo || std::get<1>(StateOf(again->document)) == lasts);
-  CheckRanges(again->document, again->selection);
+  EXPECT_TRUE(isUndo || std::get<1>(StateOf(again->map)) == lasts);
+  CheckRanges(again->map, again->selection);
 }
 
 }  // namespace vesmora

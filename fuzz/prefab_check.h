@@ -15,9 +15,10 @@
 namespace vesmora {
 
 /// The first records of a table are what they were.
-template <typename Table>
-void ExpectKept(const Table& table, int last, const Table& before) {
-  EXPECT_TRUE(std::equal(before.begin(), before.begin() + last + 1, table.begin()));
+template <typename TableType>
+void ExpectKept(const TableType& table, int count, const TableType& before) {
+  const auto& old = before.slots;
+  EXPECT_TRUE(std::equal(old.begin(), old.begin() + count, table.slots.begin()));
 }
 
 inline void CheckPrefabInput(std::span<const std::uint8_t> data) {
@@ -30,34 +31,35 @@ inline void CheckPrefabInput(std::span<const std::uint8_t> data) {
   ToolBench bench;
   MapDocument& map = bench.map;
   map = before;
-  bench.state.shiftDown = (data[0] & 2U) != 0;
+  bench.editor.shiftDown = (data[0] & 2U) != 0;
   PutFile(bench.folder / "piece.pre", {bytes.begin(), bytes.end()});
-  ImportPrefab(bench.editing, bench.folder / "piece.pre",
+  ImportPrefab(bench.editor, bench.folder / "piece.pre",
                isQuiet ? ImportManner::kQuiet : ImportManner::kPlaced);
 
   const PrefabHeader header = ReadPrefabHeader(bytes);
-  const bool isTaken = ReadPrefab(bytes) && (header.isKnownVersion || bench.state.shiftDown);
-  const auto count = [&](int last, int lastBefore, int added, int capacity) {
-    const int expected = isTaken ? std::min(lastBefore + added, capacity - 1) : lastBefore;
+  const bool isTaken = ReadPrefab(bytes) && (header.isKnownVersion || bench.editor.shiftDown);
+  const auto count = [&](const auto& table, const auto& old, int added) {
+    const int expected = std::min(old.Count() + (isTaken ? added : 0), table.kCapacity);
     // An undo step drops what lies in the last scenery slot.
-    EXPECT_TRUE(last == expected || (last == 253 && expected == 254));
+    EXPECT_TRUE(table.Count() == expected || (table.Count() == 254 && expected == 255));
   };
-  count(map.lastPolygon, before.lastPolygon, header.polygonCount, kPolygonCapacity);
-  count(map.lastScenery, before.lastScenery, header.sceneryCount, kSceneryCapacity);
-  count(map.lastCollider, before.lastCollider, header.colliderCount, kColliderCapacity);
-  if (bench.selection.placing) {
+  count(map.polygons, before.polygons, header.polygonCount);
+  count(map.sceneries, before.sceneries, header.sceneryCount);
+  count(map.colliders, before.colliders, header.colliderCount);
+  const Activity& activity = bench.editor.activity;
+  if (activity.Is(ActivityKind::kPlacement)) {
     bench.Move(-1e9f, 3e9f);
     bench.Click(20, 20);
   }
-  EXPECT_FALSE(bench.selection.placing) << "still following";
-  ExpectKept(map.polygons, before.lastPolygon, before.polygons);
-  ExpectKept(map.normals, before.lastPolygon, before.normals);
-  ExpectKept(map.sceneries, std::min(before.lastScenery, map.lastScenery), before.sceneries);
-  ExpectKept(map.spawns, kSpawnCapacity - 1, before.spawns);
-  ExpectKept(map.waypoints, kWaypointCapacity - 1, before.waypoints);
+  EXPECT_TRUE(activity.Is(ActivityKind::kNone)) << "still following";
+  ExpectKept(map.polygons, before.polygons.Count(), before.polygons);
+  ExpectKept(map.sceneries, std::min(before.sceneries.Count(), map.sceneries.Count()),
+             before.sceneries);
+  ExpectKept(map.spawns, kSpawnCapacity, before.spawns);
+  ExpectKept(map.waypoints, kWaypointCapacity, before.waypoints);
   const auto exported = ReadPrefab(WritePrefab(map));
   ASSERT_TRUE(exported.has_value());
-  EXPECT_EQ(static_cast<int>(exported->polygons.size()), map.lastPolygon + 1);
+  EXPECT_EQ(static_cast<int>(exported->polygons.size()), map.polygons.Count());
 }
 
 }  // namespace vesmora

@@ -9,7 +9,6 @@
 #include <filesystem>
 #include <memory>
 #include <span>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -17,9 +16,9 @@
 #include "interleaved.h"
 #include "open_document.h"
 #include "plain_rasteriser.h"
+#include "view/draw_map.h"
 #include "view/layout.h"
 #include "view/qt/painter_canvas.h"
-#include "view/redraw_map.h"
 
 namespace vesmora::bench {
 namespace {
@@ -32,26 +31,25 @@ constexpr std::uint32_t kBackground = 0xFFACBEAC;
 class Redraw {
  public:
   explicit Redraw(const std::string& path)
-      : opened_(std::make_unique<OpenDocument>()),
+      : opened_(Opened(path)),
         image_(kWidth, kHeight, QImage::Format_RGB32),
         canvas_(QFont(), QColor::fromRgb(kBackground)) {
-    if (!opened_->Load(path)) throw std::runtime_error("does not load: " + path);
-    view_.area = ComputeDrawingArea(kWidth, kHeight);
+    opened_->view.area = ComputeDrawingArea(kWidth, kHeight);
     pixels_ = {reinterpret_cast<std::uint32_t*>(image_.bits()), std::size_t{kWidth} * kHeight};
   }
 
-  void SetZoom(float zoom) { view_.zoom = zoom; }
+  void SetZoom(float zoom) { opened_->view.zoom = zoom; }
 
   void Draw() {
     canvas_.Begin(image_);
-    RedrawMap(Scene(), canvas_);
+    DrawMap(Scene(), canvas_);
     canvas_.End();
   }
 
   /// Keeps the primitives that a Draw would paint now; gives their number.
   std::size_t Record() {
     PrimitiveRecorder recorder(canvas_);
-    RedrawMap(Scene(), recorder);
+    DrawMap(Scene(), recorder);
     primitives_ = recorder.Primitives();
     return primitives_.size();
   }
@@ -59,13 +57,13 @@ class Redraw {
   void DrawRecordedPlainly() { DrawPlainly(primitives_, kBackground, {pixels_, kWidth, kHeight}); }
 
  private:
-  MapScene Scene() { return {opened_->document, opened_->selection, view_, show_, tool_}; }
+  MapScene Scene() {
+    return {opened_->document, opened_->selection, opened_->view, opened_->show, tool_};
+  }
 
   std::unique_ptr<OpenDocument> opened_;
   QImage image_;
   PainterCanvas canvas_;
-  ViewTransform view_;
-  ShowOptions show_;
   ToolDrawing tool_;
   std::span<std::uint32_t> pixels_;
   std::vector<Primitive> primitives_;

@@ -30,19 +30,14 @@ constexpr float kSpeck = 0.4f;
 constexpr MapColor kTopColor = Color(0xF89818);
 constexpr MapColor kFootColor = Color(0xB82410);
 
-struct Vector {
-  float x;
-  float y;
-};
-
-Vector Direction(Point from, Point to) {
+Point Direction(Point from, Point to) {
   const float x = to.x - from.x;
   const float y = to.y - from.y;
   const float length = std::sqrt(x * x + y * y);
   return {x / length, y / length};
 }
 
-Point Shifted(Point point, Vector by, float times) {
+Point Shifted(Point point, Point by, float times) {
   return {point.x + by.x * times, point.y + by.y * times};
 }
 
@@ -55,17 +50,17 @@ struct Joint {
   Point rightBehind;
 };
 
-Joint StraightJoint(Point at, Vector side, float pen) {
+Joint StraightJoint(Point at, Point side, float pen) {
   const Point left = Shifted(at, side, -pen / 2);
   const Point right = Shifted(at, side, pen / 2);
   return {left, right, left, right};
 }
 
 Joint BentJoint(Point before, Point at, Point behind, float pen, float cut) {
-  const Vector in = Direction(before, at);
-  const Vector out = Direction(at, behind);
+  const Point in = Direction(before, at);
+  const Point out = Direction(at, behind);
   const float cosine = in.x * out.x + in.y * out.y;
-  const Vector side = {-(in.y + out.y) / (1 + cosine), (in.x + out.x) / (1 + cosine)};
+  const Point side = {-(in.y + out.y) / (1 + cosine), (in.x + out.x) / (1 + cosine)};
   Joint joint = StraightJoint(at, side, pen);
   const bool isGentle = cosine > 0.3f;
   if (isGentle || cut == 0) return joint;
@@ -144,7 +139,7 @@ void LetterMaker::AddPath(const std::vector<Point>& points, Ends ends, float pen
     const Point behind = points[(i + 1) % count];
     const bool isEnd = ends == Ends::kOpen && (i == 0 || i + 1 == count);
     if (isEnd) {
-      const Vector along = i == 0 ? Direction(points[i], behind) : Direction(before, points[i]);
+      const Point along = i == 0 ? Direction(points[i], behind) : Direction(before, points[i]);
       joints.push_back(StraightJoint(points[i], {-along.y, along.x}, pen));
     } else {
       joints.push_back(BentJoint(before, points[i], behind, pen, cut));
@@ -171,12 +166,9 @@ void LetterMaker::AddQuad(Point a, Point b, Point c, Point d) {
 }
 
 float LetterMaker::Top() {
-  const MapDocument& map = maker_.Map();
   float top = kLineBottom;
-  for (int i = 0; i <= map.lastPolygon; ++i) {
-    for (const PolygonVertex& corner : map.polygons[static_cast<std::size_t>(i)].vertices) {
-      top = std::min(top, corner.y);
-    }
+  for (const Polygon& polygon : maker_.Map().polygons.Used()) {
+    for (const PolygonVertex& corner : polygon.vertices) top = std::min(top, corner.y);
   }
   return top;
 }
@@ -204,12 +196,11 @@ MapColor ColorAt(float y) {
 
 DataFile LetterMaker::Finish(unsigned char code) {
   MapDocument& map = maker_.Map();
-  for (int i = 0; i <= map.lastPolygon; ++i) {
-    for (PolygonVertex& corner : map.polygons[static_cast<std::size_t>(i)].vertices) {
-      corner.color = ColorAt(corner.y);
-    }
+  for (Polygon& polygon : map.polygons.Used()) {
+    for (PolygonVertex& corner : polygon.vertices) corner.color = ColorAt(corner.y);
   }
-  PrepareForSave(map);
+  Selection nothing;
+  PrepareForSave(map, nothing);
   return {"Alphabet/" + std::to_string(code) + ".pre", WritePrefab(map)};
 }
 

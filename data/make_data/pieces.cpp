@@ -277,7 +277,8 @@ std::vector<DataFile> MakePieces() {
   for (const Piece& piece : kPieces) {
     MapMaker maker(30, Color(0xFFFFFF), Color(0xFFFFFF));
     piece.make(maker);
-    PrepareForSave(maker.Map());
+    Selection nothing;
+    PrepareForSave(maker.Map(), nothing);
     files.push_back({std::string("Prefab/") + piece.name + ".pre", WritePrefab(maker.Map())});
   }
   return files;

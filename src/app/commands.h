@@ -3,7 +3,6 @@
 #pragma once
 
 #include <span>
-#include <string>
 #include <string_view>
 
 #include "app/editor.h"
@@ -22,17 +21,15 @@ struct Command {
   CommandMenu menu;
   std::string_view caption;   // with its mnemonic
   std::string_view shortcut;  // in Qt's portable notation, empty for none
-  bool inEditToolOnly;
-  bool startsGroup;      // a separator stands before it
-  CommandAction action;  // none: the command is shown but disabled
+  bool (*isEnabled)(const Editor& editor);
+  bool startsGroup;  // a separator stands before it
+  CommandAction action;
 };
 
 /// In menu order.
 std::span<const Command> Commands();
 
 /// The caption as it is now: Undo names the step it takes back.
-std::string CaptionOf(const Command& command, const EditorState& state);
-
-bool IsEnabled(const Command& command, const EditorState& state);
+std::string_view CaptionOf(const Command& command, const Editor& editor);
 
 }  // namespace vesmora

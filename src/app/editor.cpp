@@ -1,15 +1,13 @@
 #include "app/editor.h"
 
-#include <algorithm>
-
 namespace vesmora {
 
-ToolDrawing ToolDrawingOf(const EditingState& state) {
-  const bool isBuilding = state.document.toolIndex == ToolMode::kAddPolygon;
-  return {.placedCorners = isBuilding ? std::clamp<int>(state.tool.value, 0, 2) : 0,
-          .hasPendingScenery = state.tool.value != kNoToolValue,
-          .mouseX = state.tool.mouseX,
-          .mouseY = state.tool.mouseY};
+ToolDrawing ToolDrawingOf(const Editing& editing) {
+  return {.placedCorners = editing.activity.PlacedCorners(),
+          .showsNextScenery = !editing.activity.Is(ActivityKind::kDirection),
+          .connectionFrom = editing.activity.Anchor(),
+          .mouseX = editing.tool.mouseX,
+          .mouseY = editing.tool.mouseY};
 }
 
 }  // namespace vesmora

@@ -5,44 +5,20 @@
 #include <string>
 
 #include "app/recent_files.h"
-#include "app/window_port.h"
-#include "panel/panel_state.h"
-#include "platform/profile_files.h"
-#include "platform/programs.h"
-#include "platform/settings.h"
-#include "platform/shell.h"
-#include "tools/editing.h"
-#include "view/redraw_map.h"
+#include "panel/panel_editing.h"
+#include "view/draw_map.h"
 
 namespace vesmora {
 
-struct EditorState : EditingState {
-  PanelState panel;
+struct Editor : PanelEditing {
+  using PanelEditing::PanelEditing;
+
   RecentFiles recent;
   std::string pointerText;       // read-out of the pointer's world position
   bool redrawSuppressed = true;  // until the window is first activated
 };
 
-struct Ports : EditingPorts {
-  WindowPort& window;  // the same window as `display`
-  Settings& settings;
-  Shell& shell;
-  Programs& programs;
-  ProfileFiles& profiles;
-  // Folders end with a slash.
-  std::string tempFolder;     // of this user's own
-  std::string programFolder;  // the program with Prefab, Alphabet and Help
-  std::string gameFolder;     // the one above, where the game lies
-};
-
-struct Editor {
-  EditorState state;
-  Ports ports;
-
-  Editing AsEditing() { return {state, ports}; }
-};
-
 /// What the drawing must know of the active tool.
-ToolDrawing ToolDrawingOf(const EditingState& state);
+ToolDrawing ToolDrawingOf(const Editing& editing);
 
 }  // namespace vesmora

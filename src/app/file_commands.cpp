@@ -1,5 +1,6 @@
 #include "app/file_commands.h"
 
+#include "app/file_messages.h"
 #include "platform/text.h"
 #include "tools/tool_change.h"
 
@@ -10,20 +11,19 @@ const FileFilter kMapFilter = {"Soldat Map (*.pmp)", "*.PMP"};
 
 /// Choosing the tool refreshes the panel and draws the map.
 void ShowFreshView(Editor& editor) {
-  EditorState& state = editor.state;
-  ResetView(state.view);
-  for (std::size_t i = 0; i < 5; ++i) state.show.showFlags[i] = 1;
-  state.show.showFlags[static_cast<std::size_t>(ShowFlag::kAdvanced)] = 0;
-  ChangeTool(editor.AsEditing(), ToolMode::kEdit);
+  ResetView(editor.view);
+  auto& flags = editor.show.showFlags;
+  flags.fill(1);
+  flags[static_cast<std::size_t>(ShowFlag::kAdvanced)] = 0;
+  flags.back() = 0;
+  ChangeTool(editor, ToolMode::kEdit);
 }
 
 /// What was in progress belonged to the map that is gone.
 void ForgetEditing(Editor& editor) {
-  editor.state.tool.value = 0;
-  editor.state.gesture.End();
-  ClearClipboard(editor.state.clipboard);
-  ClearSelection(editor.state.selection, editor.ports.window);
-  ResetDragState(editor.state.selection);
+  editor.clipboard.Clear();
+  ClearSelection(editor);
+  ClearHistory(editor.journal);
 }
 
 /// The folder of the last map that was chosen in a dialog.
@@ -56,38 +56,37 @@ FileStatus BackUp(Editor& editor, const std::string& path) {
 
 /// False, with the user told and file and document as they were, when it failed.
 bool SaveTo(Editor& editor, const std::string& path) {
-  ChangeTool(editor.AsEditing(), ToolMode::kEdit);
-  FileStatus status = BackUp(editor, path);
-  if (status.Ok()) status = WriteMap(MapFileContextOf(editor.AsEditing()), path, false);
-  if (!status.Ok()) {
-    editor.ports.dialogs.Show({.text = "File '" + path + "' could not be saved: " + status.reason,
-                               .title = "File error",
-                               .icon = MessageIcon::kCritical});
+  ChangeTool(editor, ToolMode::kEdit);
+  WriteReport report{.status = BackUp(editor, path), .findings = {}};
+  if (report.status.Ok()) {
+    report = WriteMap(editor.document, editor.selection, editor.ports.files, editor.ports.random(),
+                      path, false);
   }
-  return status.Ok();
+  TellSaveStatus(editor, path, report.status);
+  TellSaveFindings(editor, report.findings);
+  return report.status.Ok();
 }
 
 }  // namespace
 
 void MenuNew(Editor& editor) {
   ForgetEditing(editor);
-  ResetToNewMap(editor.state.document);
-  ClearHistory(editor.state.journal);
+  ResetToNewMap(editor.document);
   ShowFreshView(editor);
 }
 
 LoadOutcome OpenMap(Editor& editor, const std::string& path) {
-  const LoadOutcome outcome =
-      LoadMap(MapFileContextOf(editor.AsEditing()), path, false, editor.state.shiftDown);
-  if (outcome == LoadOutcome::kUnreadable) return outcome;
-  if (outcome == LoadOutcome::kRefused) ResetToNewMap(editor.state.document);
-  if (outcome == LoadOutcome::kLoaded && EndsIgnoringCase(path, "PMP")) {
-    AddRecent(editor.state.recent, path);
+  const LoadReport report =
+      LoadMap(editor.document, editor.selection, editor.ports.files, path, false, editor.shiftDown);
+  TellLoadReport(editor, path, report);
+  if (report.outcome == LoadOutcome::kUnreadable) return report.outcome;
+  if (report.outcome == LoadOutcome::kRefused) ResetToNewMap(editor.document);
+  if (report.outcome == LoadOutcome::kLoaded && EndsIgnoringCase(path, "PMP")) {
+    AddRecent(editor.recent, path);
   }
   ForgetEditing(editor);
-  ClearHistory(editor.state.journal);
   ShowFreshView(editor);
-  return outcome;
+  return report.outcome;
 }
 
 void MenuOpen(Editor& editor) {
@@ -99,29 +98,29 @@ void MenuOpen(Editor& editor) {
 }
 
 bool MenuSave(Editor& editor) {
-  const std::string path = editor.state.document.fileName;
+  const std::string path = editor.document.fileName;
   if (path.empty()) return MenuSaveAs(editor);
   const bool isSaved = SaveTo(editor, path);
-  editor.ports.window.RefreshInfoPanel();
+  RefreshInfoPanel(editor);
   return isSaved;
 }
 
 bool MenuSaveAs(Editor& editor) {
-  const MapDocument& document = editor.state.document;
-  const bool startsRed = document.lastSpawn >= 0 && document.spawns[0].team == 1;
+  const auto& spawns = editor.document.spawns;
+  const bool startsRed = !spawns.Empty() && spawns[0].team == kRedTeam;
   const std::string path = editor.ports.dialogs.ChooseFileToSave(
       {.directory = LastFolder(editor), .fileName = startsRed ? "ctf_" : "", .filter = kMapFilter});
   if (path.empty()) return false;
   const bool isSaved = SaveTo(editor, path);
   if (isSaved) {
     StoreLastFolder(editor, path);
-    editor.state.document.fileName = path;
+    editor.document.fileName = path;
     // The steps are gone, but Undo keeps its caption until the next snapshot.
-    editor.state.journal.undoAvailable = -1;
+    editor.journal.undoAvailable = -1;
     // What is still selected can be moved on: that must be a step anew.
-    editor.state.selection.moveSnapshotTaken = false;
+    editor.selection.moveSnapshotTaken = false;
   }
-  editor.ports.window.RefreshInfoPanel();
+  RefreshInfoPanel(editor);
   return isSaved;
 }
 

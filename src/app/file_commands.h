@@ -4,6 +4,7 @@
 #include <string>
 
 #include "app/editor.h"
+#include "document/map_file.h"
 
 namespace vesmora {
 

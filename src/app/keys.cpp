@@ -8,19 +8,17 @@ namespace vesmora {
 namespace {
 
 /// World units of one press of an arrow key.
-float ArrowStep(const EditorState& state) {
-  if (state.shiftDown && state.ctrlDown) return 50.0f;
-  if (state.ctrlDown) return 10.0f;
-  return state.shiftDown ? 0.1f : 1.0f;
+float ArrowStep(const Editor& editor) {
+  if (editor.shiftDown && editor.ctrlDown) return 50.0f;
+  if (editor.ctrlDown) return 10.0f;
+  return editor.shiftDown ? 0.1f : 1.0f;
 }
 
-bool MoveByArrow(Editor& editor, int directionX, int directionY) {
-  EditorState& state = editor.state;
-  if (state.document.toolIndex != ToolMode::kEdit || state.selection.Empty()) return false;
-  const float step = ArrowStep(state);
-  MoveSelection(editor.AsEditing(), step * static_cast<float>(directionX),
-                step * static_cast<float>(directionY));
-  editor.ports.window.RedrawMap();
+bool MoveByArrow(Editor& editor, WorldPoint direction) {
+  if (!editor.IsTool(ToolMode::kEdit) || editor.selection.Empty()) return false;
+  const float step = ArrowStep(editor);
+  MoveSelection(editor, {step * direction.x, step * direction.y});
+  RedrawMap(editor);
   return true;
 }
 
@@ -29,19 +27,19 @@ bool MoveByArrow(Editor& editor, int directionX, int directionY) {
 bool KeyDown(Editor& editor, Key key) {
   switch (key) {
     case Key::kShift:
-      editor.state.shiftDown = true;
+      editor.shiftDown = true;
       return false;
     case Key::kCtrl:
-      editor.state.ctrlDown = true;
+      editor.ctrlDown = true;
       return false;
     case Key::kLeft:
-      return MoveByArrow(editor, -1, 0);
+      return MoveByArrow(editor, {-1, 0});
     case Key::kUp:
-      return MoveByArrow(editor, 0, -1);
+      return MoveByArrow(editor, {0, -1});
     case Key::kRight:
-      return MoveByArrow(editor, 1, 0);
+      return MoveByArrow(editor, {1, 0});
     case Key::kDown:
-      return MoveByArrow(editor, 0, 1);
+      return MoveByArrow(editor, {0, 1});
     case Key::kKeypadPlus:
       StepZoom(editor, -1);
       return true;
@@ -49,7 +47,7 @@ bool KeyDown(Editor& editor, Key key) {
       StepZoom(editor, 1);
       return true;
     case Key::kEscape:
-      CancelGesture(editor.AsEditing());
+      CancelGesture(editor);
       return false;
     case Key::kOther:
       break;
@@ -58,8 +56,8 @@ bool KeyDown(Editor& editor, Key key) {
 }
 
 void KeyUp(Editor& editor, Key key) {
-  if (key == Key::kShift) editor.state.shiftDown = false;
-  if (key == Key::kCtrl) editor.state.ctrlDown = false;
+  if (key == Key::kShift) editor.shiftDown = false;
+  if (key == Key::kCtrl) editor.ctrlDown = false;
 }
 
 }  // namespace vesmora

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "app/file_messages.h"
 #include "document/prefab_file.h"
 #include "platform/single_byte_text.h"
 #include "platform/text.h"
@@ -25,7 +26,7 @@ std::string AskForAuthor(Editor& editor) {
       {.title = "Map properties",
        .prompt = "Author's name\n\nYou are also allowed place this text to the map after you press "
                  "OK button.",
-       .answer = ToUtf8(editor.state.document.author)});
+       .answer = ToUtf8(editor.document.author)});
   return std::string(TrimBlanks(FromUtf8(answer)));
 }
 
@@ -43,11 +44,11 @@ std::vector<std::string> ListPrefabs(const Ports& ports) {
 }
 
 ImportContents ShowPrefab(const Editor& editor, const std::string& fileName) {
-  const MapDocument& document = editor.state.document;
+  const auto left = [](const auto& table) { return table.kCapacity - table.Count(); };
+  const MapDocument& document = editor.document;
   ImportContents contents;
-  contents.lMaara = Lines(kPolygonCapacity - 1 - document.lastPolygon,
-                          kSceneryCapacity - 1 - document.lastScenery,
-                          kColliderCapacity - 1 - document.lastCollider);
+  contents.lMaara =
+      Lines(left(document.polygons), left(document.sceneries), left(document.colliders));
   contents.lMaara2 = Lines(0, 0, 0);
   if (fileName.empty()) return contents;
   contents.lName = fileName.substr(0, fileName.size() - kExtensionLength);
@@ -71,42 +72,34 @@ void MenuExport(Editor& editor) {
        .filter = {.description = "Vesmora Prefab (*.pre)", .pattern = "*.pre"}});
   if (path.empty()) return;
   // Half a triangle is no piece of a map.
-  if (IsConstructing(editor.state)) ChangeTool(editor.AsEditing(), ToolMode::kEdit);
-  const FileStatus status =
-      WriteFileDurably(editor.ports.files, path, WritePrefab(editor.state.document));
-  if (!status.Ok()) {
-    editor.ports.dialogs.Show({.text = "File '" + path + "' could not be saved: " + status.reason,
-                               .title = "File error",
-                               .icon = MessageIcon::kCritical});
-  }
+  if (editor.activity.Is(ActivityKind::kTriangle)) ChangeTool(editor, ToolMode::kEdit);
+  TellSaveStatus(editor, path,
+                 WriteFileDurably(editor.ports.files, path, WritePrefab(editor.document)));
 }
 
 void MenuImport(Editor& editor) {
   const std::string path = editor.ports.window.ShowImport();
   if (path.empty()) return;
-  TakeUndoSnapshot(editor.AsEditing(), "Import");
-  ImportPrefab(editor.AsEditing(), path, ImportManner::kPlaced);
-  RefreshAll(editor.AsEditing());
+  TakeUndoSnapshot(editor, "Import");
+  ImportPrefab(editor, path, ImportManner::kPlaced);
+  RefreshAll(editor);
 }
 
 void CBauthor_Click(Editor& editor) {
-  TakeUndoSnapshot(editor.AsEditing(), "Author");
-  EditorState& state = editor.state;
-  std::string& author = state.document.author;
+  TakeUndoSnapshot(editor, "Author");
+  std::string& author = editor.document.author;
   const std::string answer = AskForAuthor(editor);
   if (answer.size() >= kShortestAuthor) {
     author = answer.substr(0, kLongestAuthor);
     // Escape must not take the name back along with what the mouse was in the middle of.
-    EndConstruction(state);
-    EndDrag(state.selection);
-    state.gesture.End();
+    editor.activity.Finish(editor);
   } else if (author.empty()) {
     author = "Unknow";
   }
   if (author != "New" && author != "Unknow") {
-    PlaceAuthorText(editor.AsEditing(), author, editor.ports.programFolder + "Alphabet/");
+    PlaceAuthorText(editor, author, editor.ports.programFolder + "Alphabet/");
   }
-  RefreshAll(editor.AsEditing());
+  RefreshAll(editor);
 }
 
 }  // namespace vesmora

@@ -1,6 +1,7 @@
 #include "app/run_commands.h"
 
 #include "app/file_commands.h"
+#include "app/window_placement.h"
 #include "launch/game_files.h"
 #include "launch/sector_compiler.h"
 #include "platform/files.h"
@@ -45,7 +46,7 @@ void MenuRunMaker(Editor& editor) {
   if (!problem.empty()) TellRunError(editor, problem);
 }
 
-bool MenuRunCompile(Editor& editor) { return CompileSectors(editor.AsEditing()); }
+bool MenuRunCompile(Editor& editor) { return CompileSectors(editor); }
 
 void MenuRunSoldat(Editor& editor) {
   const Ports& ports = editor.ports;
@@ -54,7 +55,7 @@ void MenuRunSoldat(Editor& editor) {
   if (!RequireProgram(editor, path)) return;
   StorePlacement(ports.window.Placement(), ports.settings);
   ports.window.Minimize();
-  std::string problem = PointGameAt(GameFolderOf(ports), editor.state.document.fileName);
+  std::string problem = PointGameAt(GameFolderOf(ports), editor.document.fileName);
   if (problem.empty()) problem = StartProgram(editor, path);
   if (problem.empty()) {
     ports.window.RunPendingEvents();

@@ -1,6 +1,8 @@
 #include "app/start_up.h"
 
 #include "app/file_commands.h"
+#include "app/window_placement.h"
+#include "document/snapshot.h"
 #include "launch/game_files.h"
 #include "platform/text.h"
 #include "tools/prefab_import.h"
@@ -41,9 +43,9 @@ void OpenNamedFile(Editor& editor, const std::string& path) {
     return;
   }
   if (EndsIgnoringCase(path, "PRE")) {
-    ImportPrefab(editor.AsEditing(), path, ImportManner::kPlaced);
-    editor.ports.window.RedrawMap();
-    editor.ports.window.RefreshInfoPanel();
+    ImportPrefab(editor, path, ImportManner::kPlaced);
+    RedrawMap(editor);
+    RefreshInfoPanel(editor);
     return;
   }
   editor.ports.dialogs.Show(
@@ -51,7 +53,7 @@ void OpenNamedFile(Editor& editor, const std::string& path) {
 }
 
 void OpenDroppedFile(Editor& editor, const std::string& path) {
-  if (EndsIgnoringCase(path, "PRE")) TakeUndoSnapshot(editor.AsEditing(), "Import");
+  if (EndsIgnoringCase(path, "PRE")) TakeUndoSnapshot(editor, "Import");
   OpenNamedFile(editor, path);
 }
 
@@ -61,23 +63,23 @@ void FirstActivation(Editor& editor, const std::string& arguments) {
   editor.ports.window.LayOut();
   const std::string named = NamedFile(arguments);
   if (!named.empty()) OpenNamedFile(editor, named);
-  LoadRecent(editor.state.recent, editor.ports.settings);
+  LoadRecent(editor.recent, editor.ports.settings);
   WarnWithoutGame(editor);
-  editor.state.redrawSuppressed = false;
-  RefreshAll(editor.AsEditing());
+  editor.redrawSuppressed = false;
+  RefreshAll(editor);
 }
 
 void CleanUp(Editor& editor) {
-  StoreRecent(editor.state.recent, editor.ports.settings);
+  StoreRecent(editor.recent, editor.ports.settings);
   StorePlacement(editor.ports.window.Placement(), editor.ports.settings);
-  DeleteSnapshotFiles(editor.state.journal, editor.ports.files);
+  DeleteSnapshotFiles(editor.journal, editor.ports.files);
 }
 
 void MenuRekentti(Editor& editor, int slot) {
-  std::string& path = editor.state.recent.slots[static_cast<std::size_t>(slot)];
+  std::string& path = editor.recent.slots[static_cast<std::size_t>(slot)];
   // A file that is there but cannot be read now keeps its place.
   if (OpenMap(editor, std::string(path)) == LoadOutcome::kRefused) path.clear();
-  editor.ports.window.RefreshInfoPanel();
+  RefreshInfoPanel(editor);
 }
 
 }  // namespace vesmora

@@ -1,6 +1,7 @@
 #include "app/undo_commands.h"
 
 #include "app/file_commands.h"
+#include "app/file_messages.h"
 #include "tools/tool_change.h"
 
 namespace vesmora {
@@ -11,20 +12,24 @@ const std::string kHelpAction = "Help";
 /// False when the step could not be restored: its file is gone and a new map stands
 /// in, or it cannot be read, and then the map stays and only the step is dropped.
 bool RestoreNewestStep(Editor& editor) {
-  UndoJournal& journal = editor.state.journal;
-  switch (LoadMap(MapFileContextOf(editor.AsEditing()), journal.NewestFile(), true)) {
+  UndoJournal& journal = editor.journal;
+  const std::string file = journal.NewestFile();
+  const LoadReport report =
+      LoadMap(editor.document, editor.selection, editor.ports.files, file, true);
+  TellLoadReport(editor, file, report);
+  switch (report.outcome) {
     case LoadOutcome::kLoaded:
       // What was under construction belonged to the map that is gone.
-      editor.state.tool.value = 0;
-      editor.state.waypointKeys = journal.waypointKeys[static_cast<std::size_t>(journal.undoSlot)];
+      editor.activity.Forget();
+      editor.waypointKeys = journal.NewestKeys();
       return true;
     case LoadOutcome::kRefused:
       MenuNew(editor);
       return false;
     case LoadOutcome::kUnreadable:
-      editor.state.gesture.End();
       ConsumeUndoStep(journal);
-      editor.ports.window.RefreshInfoPanel();
+      editor.activity.KeepChanges(editor, true);
+      RefreshInfoPanel(editor);
       return false;
   }
   return false;
@@ -39,18 +44,16 @@ void TellHelpCannotBeUndone(Editor& editor) {
 }  // namespace
 
 void MenuUndo(Editor& editor) {
-  EditorState& state = editor.state;
-  if (state.journal.undoAvailable < 0) return;
-  if (state.journal.NewestAction() == kHelpAction) {
+  if (editor.journal.undoAvailable < 0) return;
+  if (editor.journal.NewestAction() == kHelpAction) {
     TellHelpCannotBeUndone(editor);
-    EndConstruction(state);
+    editor.activity.Finish(editor);
   } else if (!RestoreNewestStep(editor)) {
     return;
   }
-  ResetDragState(state.selection);
-  state.gesture.End();
-  ConsumeUndoStep(state.journal);
-  ChangeTool(editor.AsEditing(), state.document.toolIndex);
+  editor.selection.moveSnapshotTaken = false;
+  ConsumeUndoStep(editor.journal);
+  ChangeTool(editor, editor.document.toolIndex);
 }
 
 void MenuHelp(Editor& editor) {
@@ -63,7 +66,7 @@ void MenuHelp(Editor& editor) {
          .title = "Run error",
          .icon = MessageIcon::kCritical});
   }
-  TakeUndoSnapshot(editor.AsEditing(), kHelpAction);
+  TakeUndoSnapshot(editor, kHelpAction);
 }
 
 }  // namespace vesmora

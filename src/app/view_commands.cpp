@@ -9,58 +9,59 @@
 namespace vesmora {
 namespace {
 
-/// With a decimal point whatever the locale.
-std::string OneDecimal(float value) {
-  std::array<char, 64> digits{};
-  const auto end =
-      std::to_chars(digits.begin(), digits.end(), value, std::chars_format::fixed, 1).ptr;
-  return {digits.begin(), end};
-}
-
-std::string PointerText(const ViewTransform& view, const MouseInput& input) {
-  return OneDecimal(view.LaskeRuutu2X(input.x)) + ", " + OneDecimal(view.LaskeRuutu2Y(input.y));
+/// Both coordinates with one decimal, with a point whatever the locale. In place: this comes
+/// with every mouse move.
+void ShowPosition(std::string& text, WorldPoint place) {
+  std::array<char, 128> digits{};
+  const auto add = [&digits](char* at, float value) {
+    return std::to_chars(at, digits.data() + digits.size(), value, std::chars_format::fixed, 1).ptr;
+  };
+  char* end = add(digits.data(), place.x);
+  *end++ = ',';
+  *end++ = ' ';
+  end = add(end, place.y);
+  text.assign(digits.data(), end);
 }
 
 /// As if the pointer had left the map: what it pointed at is elsewhere now.
 void ShowNewZoom(Editor& editor) {
   LeaveMap(editor);
-  editor.ports.window.RedrawMap();
+  RedrawMap(editor);
 }
 
 }  // namespace
 
 void PointAt(Editor& editor, const MouseInput& input) {
-  MoveMouse(editor.AsEditing(), input);
-  editor.state.pointerText = PointerText(editor.state.view, input);
+  MoveMouse(editor, input);
+  ShowPosition(editor.pointerText, editor.view.ToWorld(input.x, input.y));
 }
 
 void TurnWheel(Editor& editor, int delta) {
-  if (ZoomByWheel(editor.state.view, delta)) ShowNewZoom(editor);
+  if (ZoomByWheel(editor.view, delta)) ShowNewZoom(editor);
 }
 
 void LeaveMap(Editor& editor) {
-  editor.state.pointerText.clear();
-  ForgetHover(editor.AsEditing());
+  editor.pointerText.clear();
+  ForgetHover(editor);
 }
 
 void ChooseZoom(Editor& editor, int index) {
-  editor.state.view.zoom = kZoomLevels[static_cast<std::size_t>(index)];
+  editor.view.zoom = kZoomLevels[static_cast<std::size_t>(index)];
   ShowNewZoom(editor);
 }
 
 void StepZoom(Editor& editor, int step) {
-  const bool changed = step < 0 ? ZoomIn(editor.state.view) : ZoomOut(editor.state.view);
-  if (changed) ShowNewZoom(editor);
+  if (StepZoomLevel(editor.view, step)) ShowNewZoom(editor);
 }
 
 void ChooseGrid(Editor& editor, int index) {
-  editor.state.view.gridSize = kGridSizes[static_cast<std::size_t>(index)];
-  editor.ports.window.RedrawMap();
+  editor.view.gridSize = kGridSizes[static_cast<std::size_t>(index)];
+  RedrawMap(editor);
 }
 
 void SetFixedGrid(Editor& editor, bool isFixed) {
-  editor.state.view.fixedGrid = isFixed;
-  editor.ports.window.RedrawMap();
+  editor.view.fixedGrid = isFixed;
+  RedrawMap(editor);
 }
 
 }  // namespace vesmora

@@ -1,24 +1,12 @@
 // Where the window stood, kept between runs.
 #pragma once
 
-#include <cstdint>
-#include <optional>
 #include <span>
 
 #include "platform/settings.h"
+#include "platform/window_placement.h"
 
 namespace vesmora {
-
-enum class WindowState : std::int16_t { kNormal = 0, kMinimised = 1, kMaximised = 2 };
-
-/// Pixels. What is not set is left as it is.
-struct WindowPlacement {
-  std::optional<std::int16_t> state;
-  std::optional<std::int16_t> top;
-  std::optional<std::int16_t> left;
-  std::optional<std::int16_t> width;
-  std::optional<std::int16_t> height;
-};
 
 /// Texts that are no numbers, or none a number type can hold, count as not set; other
 /// numbers are brought into 16 bits.

@@ -1,5 +1,6 @@
 #include "document/geometry.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace vesmora {
@@ -23,7 +24,7 @@ float VectorAngle(float dx, float dy) {
   return y < 0 ? angle - kPi : angle + kPi;
 }
 
-EdgeDirection EdgeNormal(float a, float b) {
+WorldPoint EdgeNormal(float a, float b) {
   // Stored in single precision, but worked out in double: the last bit matters.
   const double dx = NonZero(a);
   const double dy = NonZero(b);
@@ -31,8 +32,8 @@ EdgeDirection EdgeNormal(float a, float b) {
   return {StoredComponent(dy / length), StoredComponent(-(dx / length))};
 }
 
-bool PolygonIsOrdered(const MapDocument& document, int polygon) {
-  const auto& corners = document.polygons[static_cast<std::size_t>(polygon)].vertices;
+bool PolygonIsOrdered(const Polygon& polygon) {
+  const auto& corners = polygon.vertices;
   const float second = VectorAngle(corners[2].x - corners[0].x, corners[2].y - corners[0].y);
   const float first = VectorAngle(corners[1].x - corners[0].x, corners[1].y - corners[0].y);
   const float difference = second - first;
@@ -40,16 +41,18 @@ bool PolygonIsOrdered(const MapDocument& document, int polygon) {
   return difference <= 0 || difference > kPi;
 }
 
-void RecomputeNormals(MapDocument& document, int polygon) {
-  const auto& corners = document.polygons[static_cast<std::size_t>(polygon)].vertices;
-  auto& edges = document.normals[static_cast<std::size_t>(polygon)].edges;
-  for (std::size_t i = 0; i < edges.size(); ++i) {
-    const PolygonVertex& from = corners[i];
-    const PolygonVertex& to = corners[(i + 1) % corners.size()];
-    const EdgeDirection normal = EdgeNormal(from.x - to.x, from.y - to.y);
-    edges[i].x = normal.x;
-    edges[i].y = normal.y;
+void RecomputeNormals(Polygon& polygon) {
+  for (std::size_t i = 0; i < polygon.edges.size(); ++i) {
+    const PolygonVertex& from = polygon.vertices[i];
+    const PolygonVertex& to = polygon.vertices[(i + 1) % polygon.vertices.size()];
+    const WorldPoint normal = EdgeNormal(from.x - to.x, from.y - to.y);
+    polygon.edges[i].x = normal.x;
+    polygon.edges[i].y = normal.y;
   }
+}
+
+bool IsPassable(const Polygon& polygon) {
+  return std::ranges::all_of(polygon.edges, [](const Normal& normal) { return normal.y == 0; });
 }
 
 }  // namespace vesmora

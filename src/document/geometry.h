@@ -2,7 +2,8 @@
 // zero components nudged to 1e-14 so that no direction is degenerate.
 #pragma once
 
-#include "document/map_document.h"
+#include "document/records.h"
+#include "document/world_point.h"
 
 namespace vesmora {
 
@@ -11,19 +12,20 @@ inline constexpr float kPi = 3.1415927f;
 /// Direction of (dx, dy) in radians, in (-pi, pi].
 float VectorAngle(float dx, float dy);
 
-struct EdgeDirection {
-  float x;
-  float y;
-};
-
 /// Unit normal of an edge whose start minus end is (a, b). Never has an exact
 /// zero component: that would mark the edge passable.
-EdgeDirection EdgeNormal(float a, float b);
+WorldPoint EdgeNormal(float a, float b);
 
 /// True when the polygon's corners run in the order the game wants.
-bool PolygonIsOrdered(const MapDocument& document, int polygon);
+bool PolygonIsOrdered(const Polygon& polygon);
 
 /// Recomputes x and y of a polygon's three normals from its corners; z stays.
-void RecomputeNormals(MapDocument& document, int polygon);
+void RecomputeNormals(Polygon& polygon);
+
+/// Players pass a passable edge.
+inline bool IsPassable(const Normal& normal) { return normal.x == 0 && normal.y == 0; }
+
+/// A passable polygon is kept out of the normals' recomputation and the sector grid.
+bool IsPassable(const Polygon& polygon);
 
 }  // namespace vesmora

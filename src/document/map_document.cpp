@@ -7,15 +7,16 @@
 namespace vesmora {
 namespace {
 
-template <typename Table>
-void ZeroFrom(Table& table, int first) {
-  std::fill(table.begin() + first, table.end(), typename Table::value_type{});
-}
+bool IsMarkedUsed(const SpawnPoint& spawn) { return spawn.active != 0; }
+bool IsMarkedUsed(const SceneryObject& scenery) { return scenery.active == 1; }
+bool IsMarkedUsed(const Collider& collider) { return collider.active == 1; }
+bool IsMarkedUsed(const Waypoint& waypoint) { return waypoint.active == 1; }
 
-template <typename Table, typename IsActive>
-std::int16_t FindLast(const Table& table, IsActive isActive) {
-  const auto firstInactive = std::ranges::find_if_not(table, isActive);
-  return static_cast<std::int16_t>(firstInactive - table.begin() - 1);
+template <typename Table>
+void FindEnd(Table& table) {
+  const auto end = std::ranges::find_if_not(
+      table.slots, [](const auto& record) { return IsMarkedUsed(record); });
+  table.SetCount(static_cast<int>(end - table.slots.begin()));
 }
 
 }  // namespace
@@ -26,22 +27,18 @@ TextureName MakeTextureName(const std::string& text) {
   return name;
 }
 
-void ZeroTables(MapDocument& document, ZeroSlots which) {
-  const auto first = [which](std::int16_t last) { return which == ZeroSlots::kAll ? 0 : last + 1; };
-  ZeroFrom(document.polygons, first(document.lastPolygon));
-  ZeroFrom(document.normals, first(document.lastPolygon));
-  ZeroFrom(document.spawns, first(document.lastSpawn));
-  ZeroFrom(document.sceneries, first(document.lastScenery));
-  ZeroFrom(document.waypoints, first(document.lastWaypoint));
-  ZeroFrom(document.colliders, first(document.lastCollider));
+void ZeroFreeSlots(MapDocument& document) {
+  VisitTables(document, [](auto& table) {
+    const auto slots = table.Free();
+    std::ranges::fill(slots, typename decltype(slots)::value_type{});
+  });
+}
+
+void ZeroTables(MapDocument& document) {
+  VisitTables(document, [](auto& table) { table = {}; });
 }
 
 void ResetToNewMap(MapDocument& document) {
-  document.lastPolygon = -1;
-  document.lastSpawn = -1;
-  document.lastScenery = -1;
-  document.lastWaypoint = -1;
-  document.lastCollider = -1;
   document.fileName.clear();
   document.author = "New";
   document.texture = MakeTextureName("banana.bmp");
@@ -50,31 +47,19 @@ void ResetToNewMap(MapDocument& document) {
   document.backgroundColor1 = {255, 255, 255, 255};
   document.backgroundColor2 = {255, 255, 255, 255};
   document.toolIndex = ToolMode::kEdit;
-  ZeroTables(document, ZeroSlots::kAll);
+  ZeroTables(document);
 }
 
-std::int16_t FindLastSpawn(const MapDocument& document) {
-  return FindLast(document.spawns, [](const SpawnPoint& spawn) { return spawn.active != 0; });
-}
-
-std::int16_t FindLastScenery(const MapDocument& document) {
-  return FindLast(document.sceneries,
-                  [](const SceneryObject& scenery) { return scenery.active == 1; });
-}
-
-std::int16_t FindLastWaypoint(const MapDocument& document) {
-  return FindLast(document.waypoints,
-                  [](const Waypoint& waypoint) { return waypoint.active == 1; });
-}
-
-std::int16_t FindLastCollider(const MapDocument& document) {
-  return FindLast(document.colliders,
-                  [](const Collider& collider) { return collider.active == 1; });
+void FindTableEnds(MapDocument& document) {
+  FindEnd(document.spawns);
+  FindEnd(document.sceneries);
+  FindEnd(document.waypoints);
+  FindEnd(document.colliders);
 }
 
 std::string ReadAuthor(const MapDocument& document) {
   std::string author;
-  for (std::size_t slot = 0; slot < kReadAuthorLength; ++slot) {
+  for (int slot = 0; slot < kReadAuthorLength; ++slot) {
     const std::uint8_t character = document.colliders[slot].authorChar;
     if (character == 0) break;
     author += static_cast<char>(character);
@@ -84,15 +69,13 @@ std::string ReadAuthor(const MapDocument& document) {
 
 void StoreAuthor(MapDocument& document) {
   if (TrimBlanks(document.author).empty()) document.author = "Unknow";
-  const std::size_t length = std::min(document.author.size(), std::size_t{kStoredAuthorLength});
-  for (std::size_t slot = 0; slot < length; ++slot) {
-    document.colliders[slot].authorChar = static_cast<std::uint8_t>(document.author[slot]);
+  const int length =
+      static_cast<int>(std::min(document.author.size(), std::size_t{kStoredAuthorLength}));
+  for (int slot = 0; slot < length; ++slot) {
+    document.colliders[slot].authorChar =
+        static_cast<std::uint8_t>(document.author[static_cast<std::size_t>(slot)]);
   }
-  if (length < document.colliders.size()) document.colliders[length].authorChar = 0;
-}
-
-bool IsPassablePolygon(const PolygonNormals& normals) {
-  return std::ranges::all_of(normals.edges, [](const Normal& normal) { return normal.y == 0; });
+  if (length < kStoredAuthorLength) document.colliders[length].authorChar = 0;
 }
 
 }  // namespace vesmora

@@ -1,29 +1,15 @@
-// Loading and saving maps, with everything that is told to the user on the way.
+// Loading and saving maps. What happened is returned; telling people is for others.
 #pragma once
 
-#include <functional>
+#include <cstdint>
 #include <string>
 
 #include "document/map_document.h"
+#include "document/save_checks.h"
 #include "document/selection.h"
-#include "platform/dialogs.h"
-#include "platform/display.h"
 #include "platform/files.h"
 
 namespace vesmora {
-
-/// Uniform random numbers in [0, 1).
-using RandomSource = std::function<double()>;
-
-/// What reading and writing a map works on and with.
-struct MapFileContext {
-  MapDocument& document;
-  Selection& selection;
-  FileCalls& files;
-  Dialogs& dialogs;
-  Display& display;
-  const RandomSource& random;
-};
 
 enum class LoadOutcome {
   kLoaded,
@@ -31,17 +17,33 @@ enum class LoadOutcome {
   kUnreadable,  // unreadable, or an undo file that was cut: nothing has changed
 };
 
+struct LoadReport {
+  LoadOutcome outcome = LoadOutcome::kLoaded;
+  FileStatus status;              // of reading the file
+  bool isCutShort = false;        // an undo file
+  bool hasWrongSize = false;      // also of one that was loaded all the same
+  bool hasWrongLayout = false;    // the second table of items was not where it must be
+  std::int16_t polygonCount = 0;  // of a map file that was loaded: as it stands there,
+                                  // while no more than fit are used
+};
+
 /// Fills the document from `path`. An undo file brings its selection and tool
 /// along and leaves `fileName`; for any other file the tables are zeroed first,
 /// and `shiftDown` lets one of the wrong size be read as far as it goes.
-LoadOutcome LoadMap(const MapFileContext& context, const std::string& path, bool isUndo,
-                    bool shiftDown = false);
+[[nodiscard]] LoadReport LoadMap(MapDocument& document, Selection& selection, FileCalls& files,
+                                 const std::string& path, bool isUndo, bool shiftDown = false);
+
+struct WriteReport {
+  FileStatus status;
+  SaveFindings findings;  // of a real save that succeeded
+};
 
 /// Writes the document to `path`. A real save prepares the derived data first,
-/// replaces the file as a whole and then runs the checks that warn about maps
-/// the game would misread; when it fails, document and file are what they were.
-/// The undo variant writes what is in memory, in place and without syncing.
-/// Tells nothing of failures: the caller does.
-FileStatus WriteMap(const MapFileContext& context, const std::string& path, bool isUndo);
+/// replaces the file as a whole and then looks for what the game would misread;
+/// when it fails, document and file are what they were. The undo variant writes
+/// what is in memory, in place and without syncing. `random` is a uniform number
+/// in [0, 1), from which the map gets its `randomId`.
+[[nodiscard]] WriteReport WriteMap(MapDocument& document, Selection& selection, FileCalls& files,
+                                   double random, const std::string& path, bool isUndo);
 
 }  // namespace vesmora

@@ -6,24 +6,18 @@
 namespace vesmora {
 namespace {
 
-static_assert(sizeof(MapDocument::polygons) == 33600 && sizeof(MapDocument::normals) == 14400);
-static_assert(sizeof(MapDocument::texture) == 26 && sizeof(MapDocument::spawns) == 480);
-static_assert(sizeof(MapDocument::block) == 33 && sizeof(MapDocument::sectors) == 386322);
-static_assert(sizeof(MapDocument::sceneries) == 9180 && sizeof(MapDocument::waypoints) == 56000);
-static_assert(sizeof(MapDocument::colliders) == 2048);
-
 // Reader and writer share these lists, so they agree item for item.
 
 template <typename Document, typename Count, typename Visit>
 void VisitFirstItems(Document& document, Count& polygonCount, Visit visit) {
-  visit(document.polygons);
-  visit(document.normals);
+  for (auto& polygon : document.polygons.slots) visit(polygon.vertices);
+  for (auto& polygon : document.polygons.slots) visit(polygon.edges);
   visit(polygonCount);
   visit(document.looseByte1);
   visit(document.looseByte2);
   visit(document.looseByte3);
   visit(document.texture);
-  visit(document.spawns);
+  visit(document.spawns.slots);
   visit(document.block);
   visit(document.sectors);
   visit(document.looseByte4);
@@ -35,10 +29,10 @@ void VisitRemainingItems(Document& document, Visit visit) {
   visit(document.sectorDivision);
   visit(document.backgroundColor1);
   visit(document.backgroundColor2);
-  visit(document.sceneries);
+  visit(document.sceneries.slots);
   visit(document.randomId);
-  visit(document.waypoints);
-  visit(document.colliders);
+  visit(document.waypoints.slots);
+  visit(document.colliders.slots);
 }
 
 template <typename Items, typename Visit>
@@ -72,7 +66,7 @@ void WriteMapImage(const MapDocument& document, const UndoItems* undo, std::span
     std::memcpy(image.subspan(position, sizeof(item)).data(), &item, sizeof(item));
     position += sizeof(item);
   };
-  const auto polygonCount = static_cast<std::int16_t>(document.lastPolygon + 1);
+  const auto polygonCount = static_cast<std::int16_t>(document.polygons.Count());
   VisitFirstItems(document, polygonCount, write);
   VisitRemainingItems(document, write);
   if (undo != nullptr) VisitUndoItems(*undo, write);

@@ -74,13 +74,8 @@ std::optional<Prefab> ReadPrefab(std::span<const std::byte> bytes) {
   }
   Reader reader(bytes.subspan(kHeaderSize));
   Prefab prefab;
-  for (int i = 0; i < header.polygonCount; ++i) {
-    if (!reader.Read(prefab.polygons.emplace_back()) ||
-        !reader.Read(prefab.normals.emplace_back())) {
-      return std::nullopt;
-    }
-  }
-  if (!ReadRecords(reader, header.sceneryCount, prefab.sceneries) ||
+  if (!ReadRecords(reader, header.polygonCount, prefab.polygons) ||
+      !ReadRecords(reader, header.sceneryCount, prefab.sceneries) ||
       !ReadRecords(reader, header.colliderCount, prefab.colliders)) {
     return std::nullopt;
   }
@@ -97,20 +92,13 @@ std::vector<std::byte> WritePrefab(const MapDocument& document) {
   std::copy_n(document.author.begin(), std::min(document.author.size(), author.size()),
               author.begin());
   for (const char character : kVersion) Append(bytes, character);
-  Append(bytes, document.lastPolygon);
-  Append(bytes, document.lastScenery);
-  Append(bytes, document.lastCollider);
+  Append(bytes, document.polygons.last);
+  Append(bytes, document.sceneries.last);
+  Append(bytes, document.colliders.last);
   Append(bytes, author);
-  for (std::size_t i = 0; i < static_cast<std::size_t>(document.lastPolygon + 1); ++i) {
-    Append(bytes, document.polygons[i]);
-    Append(bytes, document.normals[i]);
-  }
-  for (std::size_t i = 0; i < static_cast<std::size_t>(document.lastScenery + 1); ++i) {
-    Append(bytes, document.sceneries[i]);
-  }
-  for (std::size_t i = 0; i < static_cast<std::size_t>(document.lastCollider + 1); ++i) {
-    Append(bytes, document.colliders[i]);
-  }
+  for (const Polygon& polygon : document.polygons.Used()) Append(bytes, polygon);
+  for (const SceneryObject& scenery : document.sceneries.Used()) Append(bytes, scenery);
+  for (const Collider& collider : document.colliders.Used()) Append(bytes, collider);
   return bytes;
 }
 

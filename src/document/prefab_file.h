@@ -24,7 +24,6 @@ struct PrefabHeader {
 
 struct Prefab {
   std::vector<Polygon> polygons;
-  std::vector<PolygonNormals> normals;  // parallel to `polygons`
   std::vector<SceneryObject> sceneries;
   std::vector<Collider> colliders;
 };

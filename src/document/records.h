@@ -33,12 +33,6 @@ struct PolygonVertex {
   bool operator==(const PolygonVertex&) const = default;
 };
 
-struct Polygon {
-  std::array<PolygonVertex, 3> vertices;
-
-  bool operator==(const Polygon&) const = default;
-};
-
 /// Normal of the edge from corner i to corner i + 1; x = y = 0 marks a passable edge.
 struct Normal {
   float x;
@@ -48,18 +42,24 @@ struct Normal {
   bool operator==(const Normal&) const = default;
 };
 
-struct PolygonNormals {
+/// In map files all vertices come first, then all edges.
+struct Polygon {
+  std::array<PolygonVertex, 3> vertices;
   std::array<Normal, 3> edges;
 
-  bool operator==(const PolygonNormals&) const = default;
+  bool operator==(const Polygon&) const = default;
 };
+
+inline constexpr std::uint8_t kNormalTeam = 0;
+inline constexpr std::uint8_t kRedTeam = 1;
+inline constexpr std::uint8_t kBlueTeam = 2;
 
 struct SpawnPoint {
   std::int32_t active;  // non-zero when in use
   std::int32_t x;       // world units x 256
   std::int32_t y;
   std::uint8_t ySign;  // 255 when y is negative, else 0; set on save
-  std::uint8_t team;
+  std::uint8_t team;   // kNormalTeam, kRedTeam, kBlueTeam; a damaged file may hold others
   std::array<std::uint8_t, 2> carried;
 
   bool operator==(const SpawnPoint&) const = default;
@@ -119,7 +119,7 @@ struct Sector {
 static_assert(sizeof(PolygonVertex) == 28 && offsetof(PolygonVertex, color) == 16 &&
               offsetof(PolygonVertex, u) == 20 && offsetof(PolygonVertex, v) == 24);
 static_assert(sizeof(MapColor) == 4 && offsetof(MapColor, red) == 2);
-static_assert(sizeof(Polygon) == 84 && sizeof(PolygonNormals) == 36 && sizeof(Normal) == 12);
+static_assert(sizeof(Polygon::vertices) == 84 && sizeof(Polygon::edges) == 36);
 static_assert(sizeof(SpawnPoint) == 16 && offsetof(SpawnPoint, x) == 4 &&
               offsetof(SpawnPoint, y) == 8 && offsetof(SpawnPoint, ySign) == 12 &&
               offsetof(SpawnPoint, team) == 13 && offsetof(SpawnPoint, carried) == 14);

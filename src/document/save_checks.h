@@ -1,21 +1,28 @@
-// Warnings after a real save, about maps that the game would misread. The file
-// is already written and is not changed by them.
+// What the game would misread in a saved map. The file is not changed by it.
 #pragma once
 
 #include <string>
 
 #include "document/map_document.h"
 #include "document/selection.h"
-#include "platform/dialogs.h"
-#include "platform/display.h"
 
 namespace vesmora {
 
-/// Selects and reports neighbouring corners of a polygon that lie on one spot.
-void CheckDuplicateVertices(const MapDocument& document, Selection& selection, Display& display,
-                            Dialogs& dialogs);
+enum class SpawnProblem {
+  kNone,
+  kFlagMapWithoutName,  // the first spawn is a team's, the file's name is not that of a flag map
+  kWrongFlagOrder,      // a flag map must begin with the red and then the blue flag
+};
 
-/// Reports spawn points that do not fit the kind of map `path`'s name makes it.
-void CheckCtfSpawns(const MapDocument& document, const std::string& path, Dialogs& dialogs);
+struct SaveFindings {
+  bool duplicateVertices = false;  // the corners concerned are now what is selected
+  SpawnProblem spawns = SpawnProblem::kNone;
+};
+
+/// True, with just these selected, when neighbouring corners of a polygon lie on one spot.
+[[nodiscard]] bool CheckDuplicateVertices(const MapDocument& document, Selection& selection);
+
+/// Whether the spawn points fit the kind of map that the name of `path` makes it.
+[[nodiscard]] SpawnProblem CheckCtfSpawns(const MapDocument& document, const std::string& path);
 
 }  // namespace vesmora

@@ -1,6 +1,6 @@
 #include "document/save_preparation.h"
 
-#include <span>
+#include <algorithm>
 #include <utility>
 
 #include "document/geometry.h"
@@ -19,21 +19,30 @@ void SwapCornerContents(PolygonVertex& a, PolygonVertex& b) {
   std::swap(a.v, b.v);
 }
 
+/// What is selected stays the corner of its place when corners 0 and 1 are exchanged.
+void FollowTurnedCorners(Selection& selection, const MapDocument& document) {
+  const auto listed = selection.vertices;
+  selection.vertices.Clear();
+  for (VertexReference vertex : listed.Used()) {
+    const VertexReference other{vertex.polygon, static_cast<std::uint8_t>(1 - vertex.corner)};
+    const bool isTurned = vertex.corner < 2 && !PolygonIsOrdered(document.polygons[vertex.polygon]);
+    if (isTurned && std::ranges::count(listed.Used(), other) == 0) vertex = other;
+    selection.vertices.Append(vertex);
+  }
+}
+
 double WholeUnits(double fixedPoint) { return 256.0 * RoundToInt32(fixedPoint / 256.0); }
 
 }  // namespace
 
 void KorjaaSuunnat(MapDocument& document) {
-  for (int i = 0; i <= document.lastPolygon; ++i) {
-    if (PolygonIsOrdered(document, i)) continue;
-    auto& corners = document.polygons[static_cast<std::size_t>(i)].vertices;
-    SwapCornerContents(corners[0], corners[1]);
+  for (Polygon& polygon : document.polygons.Used()) {
+    if (!PolygonIsOrdered(polygon)) SwapCornerContents(polygon.vertices[0], polygon.vertices[1]);
   }
 }
 
 void SnapSpawns(MapDocument& document) {
-  const auto used = static_cast<std::size_t>(document.lastSpawn + 1);
-  for (SpawnPoint& spawn : std::span(document.spawns).first(used)) {
+  for (SpawnPoint& spawn : document.spawns.Used()) {
     spawn.x = RoundToInt32(WholeUnits(spawn.x));
     // Both tests look at x on purpose, so left of the origin y ends one below whole units.
     const int shift = spawn.x < 0 ? 1 : 0;
@@ -42,14 +51,13 @@ void SnapSpawns(MapDocument& document) {
   }
 }
 
-void PrepareForSave(MapDocument& document) {
+void PrepareForSave(MapDocument& document, Selection& selection) {
+  FollowTurnedCorners(selection, document);
   KorjaaSuunnat(document);
-  for (int i = 0; i <= document.lastPolygon; ++i) {
-    if (!IsPassablePolygon(document.normals[static_cast<std::size_t>(i)])) {
-      RecomputeNormals(document, i);
-    }
+  for (Polygon& polygon : document.polygons.Used()) {
+    if (!IsPassable(polygon)) RecomputeNormals(polygon);
   }
-  ZeroTables(document, ZeroSlots::kUnused);
+  ZeroFreeSlots(document);
   SnapSpawns(document);
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "document/map_document.h"
+#include "document/selection.h"
 
 namespace vesmora {
 
@@ -13,7 +14,8 @@ void KorjaaSuunnat(MapDocument& document);
 void SnapSpawns(MapDocument& document);
 
 /// All of a real save's preparation, in its fixed order: corner order, normals
-/// of polygons that are not passable, zeroed unused slots, snapped spawns.
-void PrepareForSave(MapDocument& document);
+/// of polygons that are not passable, zeroed unused slots, snapped spawns. What is
+/// selected stays selected.
+void PrepareForSave(MapDocument& document, Selection& selection);
 
 }  // namespace vesmora

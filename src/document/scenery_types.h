@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "document/geometry.h"
+
 namespace vesmora {
 
 struct SceneryType {
@@ -41,6 +43,7 @@ inline constexpr std::array<SceneryType, 22> kSceneryTypes = {{
 
 /// The one type that is placed with a direction and cannot be rotated by its handle.
 inline constexpr std::uint8_t kLianaType = 5;
+inline constexpr float kLianaRotation = -kPi / 2;  // hanging down, until it is given a direction
 
 /// The row of a record's `type` byte; a type beyond the table has no name and no size.
 inline const SceneryType& SceneryTypeOf(std::uint8_t type) {

@@ -25,21 +25,6 @@ struct Extent {
   bool Empty() const { return low > high; }
 };
 
-struct Bounds {
-  Extent across;
-  Extent down;
-
-  void Include(float x, float y) {
-    across.Include(x);
-    down.Include(y);
-  }
-  SelectionBox AsBox() const {
-    const Extent x = across.Empty() ? Extent{0, 0} : across;
-    const Extent y = down.Empty() ? Extent{0, 0} : down;
-    return {x.low, x.high, y.low, y.high};
-  }
-};
-
 void Widen(float& low, float& high) {
   if (high - low >= kSmallestExtent) return;
   const float center = (low + high) / 2;
@@ -47,14 +32,11 @@ void Widen(float& low, float& high) {
   high = center + kSmallestExtent / 2;
 }
 
-int SlotOf(int index) { return index; }
-int SlotOf(const VertexReference& vertex) { return vertex.polygon; }
-
-template <typename List>
-void DropBehind(List& list, std::int16_t last) {
-  const auto end = std::remove_if(list.entries.begin(), list.entries.begin() + list.Count(),
-                                  [last](const auto& entry) { return SlotOf(entry) > last; });
-  list.last = static_cast<std::int16_t>(end - list.entries.begin() - 1);
+void PutInOrder(float& low, float& high) {
+  if (!(low > high)) return;
+  const float farEdge = RoundToInt16(low);
+  low = high;
+  high = farEdge;
 }
 
 }  // namespace
@@ -62,6 +44,14 @@ void DropBehind(List& list, std::int16_t last) {
 std::int16_t Selection::TotalCounter() const {
   return static_cast<std::int16_t>(vertices.Count() + spawns.Count() + sceneries.Count() +
                                    colliders.Count() + waypoints.Count() - 1);
+}
+
+PolygonSlots SelectedPolygons(const Selection& selection) {
+  PolygonSlots polygons;
+  for (const VertexReference& vertex : selection.vertices.Used()) {
+    if (polygons.Empty() || polygons.Last() != vertex.polygon) polygons.Append(vertex.polygon);
+  }
+  return polygons;
 }
 
 void ClearLists(Selection& selection) {
@@ -72,69 +62,29 @@ void ClearLists(Selection& selection) {
   selection.waypoints.Clear();
 }
 
-void ClearSelection(Selection& selection, Display& display) {
-  ClearLists(selection);
-  selection.box = SelectionBox{};
-  selection.connectionAnchor = kNoIndex;
-  selection.buttonHeld = false;
-  selection.placing = false;
-  selection.moveSnapshotTaken = false;
-  display.SetPointer(PointerShape::kDefault);
-}
-
-void EndDrag(Selection& selection) {
-  selection.buttonHeld = false;
-  selection.moving = false;
-  selection.rotating = false;
-  selection.sizing = false;
-  selection.placing = false;
-}
-
-void ResetDragState(Selection& selection) {
-  EndDrag(selection);
-  selection.moveSnapshotTaken = false;
-  selection.connectionAnchor = kNoIndex;
-}
-
 void DropMissing(Selection& selection, const MapDocument& document) {
   const bool wasEmpty = selection.Empty();
-  DropBehind(selection.vertices, document.lastPolygon);
-  DropBehind(selection.spawns, document.lastSpawn);
-  DropBehind(selection.sceneries, document.lastScenery);
-  DropBehind(selection.colliders, document.lastCollider);
-  DropBehind(selection.waypoints, document.lastWaypoint);
+  VisitLists(document, selection, [](const auto& table, auto& list) {
+    const auto isMissing = [&](const auto& entry) { return SlotOf(entry) > table.last; };
+    const auto used = list.Used();
+    const auto end = std::remove_if(used.begin(), used.end(), isMissing);
+    list.SetCount(static_cast<int>(end - used.begin()));
+  });
   if (selection.Empty() && !wasEmpty) selection.box = SelectionBox{};
 }
 
 SelectionBox BoundsOf(const Selection& selection, const MapDocument& document) {
   if (selection.Empty()) return {};
-  Bounds bounds;
-  for (const VertexReference vertex : selection.vertices.Items()) {
-    const PolygonVertex& corner =
-        document.polygons[static_cast<std::size_t>(vertex.polygon)].vertices[vertex.corner];
-    bounds.Include(corner.x, corner.y);
-  }
-  for (const std::uint8_t index : selection.spawns.Items()) {
-    const SpawnPoint& spawn = document.spawns[index];
-    bounds.Include(FromFixedPoint(spawn.x), FromFixedPoint(spawn.y));
-  }
-  for (const std::uint8_t index : selection.sceneries.Items()) {
-    const SceneryObject& scenery = document.sceneries[index];
-    bounds.Include(scenery.x - 0.5f, scenery.y - 0.5f);
-  }
-  for (const std::uint8_t index : selection.colliders.Items()) {
-    const Collider& collider = document.colliders[index];
-    bounds.Include(collider.x, collider.y);
-  }
-  for (const std::int16_t index : selection.waypoints.Items()) {
-    const Waypoint& waypoint = document.waypoints[static_cast<std::size_t>(index)];
-    bounds.Include(FromFixedPoint(waypoint.x), FromFixedPoint(waypoint.y));
-  }
-  return bounds.AsBox();
-}
-
-void CompleteSelectionBox(Selection& selection, const MapDocument& document) {
-  if (!selection.Empty() && !selection.box.Complete()) UpdateSelectionBox(selection, document);
+  Extent x;
+  Extent y;
+  VisitSelected(document, selection, [&](const auto& record) {
+    const WorldPoint place = PlaceOf(record);
+    x.Include(place.x);
+    y.Include(place.y);
+  });
+  if (x.Empty()) x = {0, 0};
+  if (y.Empty()) y = {0, 0};
+  return {x.low, x.high, y.low, y.high};
 }
 
 void UpdateSelectionBox(Selection& selection, const MapDocument& document) {
@@ -142,6 +92,21 @@ void UpdateSelectionBox(Selection& selection, const MapDocument& document) {
   if (selection.Empty()) return;
   Widen(selection.box.left, selection.box.right);
   Widen(selection.box.top, selection.box.bottom);
+}
+
+SelectionBox Normalised(SelectionBox box) {
+  PutInOrder(box.left, box.right);
+  PutInOrder(box.top, box.bottom);
+  return box;
+}
+
+void SettleBox(Selection& selection, const MapDocument& document) {
+  if (selection.Empty()) {
+    selection.box = SelectionBox{};
+    return;
+  }
+  if (!selection.box.Complete()) UpdateSelectionBox(selection, document);
+  selection.box = Normalised(selection.box);
 }
 
 }  // namespace vesmora

@@ -1,14 +1,13 @@
-// The selection: one index list per kind of object, kept beside the map and
-// never inside its records, and the box that belongs to them.
+// The selection: one list of slots per kind of object, kept beside the map and never inside
+// its records, and the box that belongs to them.
 #pragma once
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <span>
 
 #include "document/map_document.h"
-#include "platform/display.h"
+#include "document/world_point.h"
 
 namespace vesmora {
 
@@ -20,27 +19,6 @@ struct VertexReference {
   std::uint8_t corner;  // 0..2
 
   bool operator==(const VertexReference&) const = default;
-};
-
-/// A list in search order. `last` is -1 when it is empty.
-template <typename Entry, int kCapacity>
-struct IndexList {
-  std::array<Entry, static_cast<std::size_t>(kCapacity)> entries{};
-  std::int16_t last = -1;
-
-  int Count() const { return last + 1; }
-  bool Empty() const { return last < 0; }
-  bool Full() const { return Count() == kCapacity; }
-  void Clear() { last = -1; }
-  /// False, with nothing changed, when the list is full.
-  bool Add(Entry entry) {
-    if (Full()) return false;
-    entries[static_cast<std::size_t>(++last)] = entry;
-    return true;
-  }
-  std::span<const Entry> Items() const {
-    return std::span(entries).first(static_cast<std::size_t>(Count()));
-  }
 };
 
 /// World units. All unset: no box. Left and top set alone: a press beside a
@@ -56,42 +34,93 @@ struct SelectionBox {
     return left != kUnsetCoordinate && right != kUnsetCoordinate && top != kUnsetCoordinate &&
            bottom != kUnsetCoordinate;
   }
+  /// Edges included.
+  bool Contains(WorldPoint point) const {
+    return point.x >= left && point.x <= right && point.y >= top && point.y <= bottom;
+  }
+  WorldPoint Center() const { return {(left + right) / 2, (top + bottom) / 2}; }
   bool operator==(const SelectionBox&) const = default;
 };
 
+/// Lists are in search order, each entry once.
 struct Selection {
-  IndexList<VertexReference, 3 * kPolygonCapacity> vertices;
-  IndexList<std::uint8_t, kSpawnCapacity> spawns;
-  IndexList<std::uint8_t, kSceneryCapacity> sceneries;
-  IndexList<std::uint8_t, kColliderCapacity> colliders;
-  IndexList<std::int16_t, kWaypointCapacity> waypoints;
+  Table<VertexReference, 3 * kPolygonCapacity> vertices;
+  Table<std::uint8_t, kSpawnCapacity> spawns;
+  Table<std::uint8_t, kSceneryCapacity> sceneries;
+  Table<std::uint8_t, kColliderCapacity> colliders;
+  Table<std::int16_t, kWaypointCapacity> waypoints;
   SelectionBox box;
-
-  // Markers of what the mouse is doing.
-  bool buttonHeld = false;
-  bool moving = false;
-  bool rotating = false;
-  bool sizing = false;
-  bool placing = false;                      // follows the pointer until it is dropped
-  bool moveSnapshotTaken = false;            // one "Move" undo step a selection
-  std::int16_t connectionAnchor = kNoIndex;  // waypoint a connection is drawn from
+  bool moveSnapshotTaken = false;  // one "Move" undo step a selection
 
   /// Entries of all kinds minus one: -1 when nothing is selected.
   std::int16_t TotalCounter() const;
   bool Empty() const { return TotalCounter() < 0; }
 };
 
+/// Calls `visit` with each table of the document and the selection's list of its slots.
+template <typename Document, typename SelectionType, typename Visit>
+void VisitLists(Document& document, SelectionType& selection, Visit visit) {
+  visit(document.polygons, selection.vertices);
+  visit(document.spawns, selection.spawns);
+  visit(document.sceneries, selection.sceneries);
+  visit(document.colliders, selection.colliders);
+  visit(document.waypoints, selection.waypoints);
+}
+
+/// What an entry of a list names: a corner of a polygon or a whole record.
+template <typename TableType>
+auto& RecordOf(TableType& table, VertexReference vertex) {
+  return table[vertex.polygon].vertices[vertex.corner];
+}
+template <typename TableType>
+auto& RecordOf(TableType& table, int slot) {
+  return table[slot];
+}
+
+inline int SlotOf(VertexReference vertex) { return vertex.polygon; }
+inline int SlotOf(int slot) { return slot; }
+
+/// Calls `visit` with each record that is listed; of polygons, with each listed corner.
+template <typename Document, typename Visit>
+void VisitSelected(Document& document, const Selection& selection, Visit visit) {
+  VisitLists(document, selection, [&](auto& table, const auto& list) {
+    for (const auto entry : list.Used()) visit(RecordOf(table, entry));
+  });
+}
+
+/// Calls `take` with each entry that a list of the table's slots can have, from slot `first`
+/// on, and the record it names, until `take` returns false.
+template <typename Record, int kSlots, typename Take>
+void VisitEntries(const Table<Record, kSlots>& table, int first, Take take) {
+  for (int slot = first; slot <= table.last; ++slot) {
+    if (!take(slot, table[slot])) return;
+  }
+}
+template <typename Take>
+void VisitEntries(const Table<Polygon, kPolygonCapacity>& polygons, int first, Take take) {
+  for (std::int16_t slot = static_cast<std::int16_t>(first); slot <= polygons.last; ++slot) {
+    for (std::uint8_t corner = 0; corner < 3; ++corner) {
+      const VertexReference vertex{slot, corner};
+      if (!take(vertex, RecordOf(polygons, vertex))) return;
+    }
+  }
+}
+
+/// Lists everything that a table holds from slot `first` on.
+template <typename TableType, typename Entry, int kEntries>
+void ListFrom(int first, const TableType& table, Table<Entry, kEntries>& list) {
+  VisitEntries(table, first, [&list](auto entry, const auto& /*record*/) {
+    return list.Append(static_cast<Entry>(entry));
+  });
+}
+
+using PolygonSlots = Table<std::int16_t, kPolygonCapacity>;
+
+/// The polygons with a listed corner, in list order; a run of entries of one counts once.
+PolygonSlots SelectedPolygons(const Selection& selection);
+
 /// Empties the five lists only.
 void ClearLists(Selection& selection);
-
-/// Nothing selected, no box, no markers, default pointer. Callers redraw.
-void ClearSelection(Selection& selection, Display& display);
-
-/// Ends a drag or a placement and nothing else.
-void EndDrag(Selection& selection);
-
-/// Ends whatever the mouse was in the middle of; lists and box stay.
-void ResetDragState(Selection& selection);
 
 /// Unlists what lies behind the tables' last ones; with the last entry goes the box.
 void DropMissing(Selection& selection, const MapDocument& document);
@@ -103,9 +132,13 @@ SelectionBox BoundsOf(const Selection& selection, const MapDocument& document);
 /// widened about its centre so that a lone object can be grabbed.
 void UpdateSelectionBox(Selection& selection, const MapDocument& document);
 
+/// Left to right and top to bottom. An edge that changes sides is rounded to a
+/// whole unit on its way; deliberately only that one.
+SelectionBox Normalised(SelectionBox box);
+
 /// For commands that work about the box: a hover lists objects without one, and a press
 /// that is still held has set only its first corner.
-void CompleteSelectionBox(Selection& selection, const MapDocument& document);
+void SettleBox(Selection& selection, const MapDocument& document);
 
 /// A whole selection and the tables' last indexes as one block of undo files.
 inline constexpr std::size_t kSelectionBlockSize = 5058;

@@ -1,7 +1,6 @@
 // The selection as one raw block of undo files: fixed arrays at fixed places.
 #include <algorithm>
 #include <cstring>
-#include <iterator>
 
 #include "document/selection.h"
 
@@ -21,11 +20,9 @@ class BlockCursor {
   }
 
   template <typename Value>
-  Value Read() {
-    Value value{};
+  void Read(Value& value) {
     std::memcpy(&value, position_, sizeof(Value));
     position_ += sizeof(Value);
-    return value;
   }
 
  private:
@@ -35,20 +32,19 @@ class BlockCursor {
 int SearchOrder(int index) { return index; }
 int SearchOrder(const VertexReference& vertex) { return vertex.polygon * 256 + vertex.corner; }
 
-/// Lists are in search order, each entry once; what moves objects by them relies on it.
-template <typename Entry, int kCapacity, typename IsValid>
-void KeepValid(IndexList<Entry, kCapacity>& list, std::int16_t last, IsValid isValid) {
-  const int count = std::clamp(last + 1, 0, kCapacity);
+bool IsCorner(int /*index*/) { return true; }
+bool IsCorner(const VertexReference& vertex) { return vertex.corner < 3; }
+
+/// Drops what names nothing or is out of order; what moves objects by the lists relies on it.
+template <typename TableType, typename List>
+void KeepValid(const TableType& table, List& list) {
+  const int count = std::clamp(list.Count(), 0, List::kCapacity);
   list.Clear();
   for (int i = 0; i < count; ++i) {
-    const Entry entry = list.entries[static_cast<std::size_t>(i)];
-    const bool isNext = list.Empty() || SearchOrder(list.Items().back()) < SearchOrder(entry);
-    if (isNext && isValid(entry)) list.Add(entry);
+    const auto entry = list[i];
+    const bool isNext = list.Empty() || SearchOrder(list.Last()) < SearchOrder(entry);
+    if (isNext && table.Has(SlotOf(entry)) && IsCorner(entry)) list.Append(entry);
   }
-}
-
-std::int16_t ValidLast(std::int16_t last, int capacity) {
-  return static_cast<std::int16_t>(std::clamp<int>(last, -1, capacity - 1));
 }
 
 constexpr std::size_t kUsedBytes =
@@ -62,64 +58,40 @@ static_assert(kUsedBytes <= kSelectionBlockSize);
 SelectionBlock PackSelection(const Selection& selection, const MapDocument& document) {
   SelectionBlock block{};
   BlockCursor cursor(block.data());
-  for (const VertexReference& vertex : selection.vertices.entries) cursor.Write(vertex.polygon);
-  for (const VertexReference& vertex : selection.vertices.entries) cursor.Write(vertex.corner);
-  cursor.Write(selection.spawns.entries);
-  cursor.Write(selection.sceneries.entries);
-  cursor.Write(selection.colliders.entries);
-  cursor.Write(selection.waypoints.entries);
+  for (const VertexReference& vertex : selection.vertices.slots) cursor.Write(vertex.polygon);
+  for (const VertexReference& vertex : selection.vertices.slots) cursor.Write(vertex.corner);
+  cursor.Write(selection.spawns.slots);
+  cursor.Write(selection.sceneries.slots);
+  cursor.Write(selection.colliders.slots);
+  cursor.Write(selection.waypoints.slots);
   cursor.Write(selection.TotalCounter());
-  cursor.Write(selection.vertices.last);
-  cursor.Write(selection.spawns.last);
-  cursor.Write(selection.sceneries.last);
-  cursor.Write(selection.colliders.last);
-  cursor.Write(selection.waypoints.last);
+  VisitLists(document, selection,
+             [&](const auto& /*table*/, const auto& list) { cursor.Write(list.last); });
   cursor.Write(selection.box);
-  // The scans for the last used slots cannot tell an object from a preview or a
-  // clipboard record behind it, so the indexes themselves travel along.
-  cursor.Write(document.lastPolygon);
-  cursor.Write(document.lastSpawn);
-  cursor.Write(document.lastScenery);
-  cursor.Write(document.lastCollider);
-  cursor.Write(document.lastWaypoint);
+  // The marks in the records cannot tell an object from a preview or a clipboard record
+  // behind it, so the tables' last indexes themselves travel along.
+  VisitTables(document, [&](const auto& table) { cursor.Write(table.last); });
   return block;
 }
 
 void UnpackSelection(const SelectionBlock& block, Selection& selection, MapDocument& document) {
   BlockCursor cursor(block.data());
-  for (VertexReference& vertex : selection.vertices.entries) {
-    vertex.polygon = cursor.Read<std::int16_t>();
-  }
-  for (VertexReference& vertex : selection.vertices.entries) {
-    vertex.corner = cursor.Read<std::uint8_t>();
-  }
-  selection.spawns.entries = cursor.Read<decltype(selection.spawns.entries)>();
-  selection.sceneries.entries = cursor.Read<decltype(selection.sceneries.entries)>();
-  selection.colliders.entries = cursor.Read<decltype(selection.colliders.entries)>();
-  selection.waypoints.entries = cursor.Read<decltype(selection.waypoints.entries)>();
-  cursor.Read<std::int16_t>();  // the total follows from the lists
-  const auto lastVertex = cursor.Read<std::int16_t>();
-  const auto lastSpawn = cursor.Read<std::int16_t>();
-  const auto lastScenery = cursor.Read<std::int16_t>();
-  const auto lastCollider = cursor.Read<std::int16_t>();
-  const auto lastWaypoint = cursor.Read<std::int16_t>();
-  selection.box = cursor.Read<SelectionBox>();
-  document.lastPolygon = ValidLast(cursor.Read<std::int16_t>(), kPolygonCapacity);
-  document.lastSpawn = ValidLast(cursor.Read<std::int16_t>(), kSpawnCapacity);
-  document.lastScenery = ValidLast(cursor.Read<std::int16_t>(), kSceneryCapacity);
-  document.lastCollider = ValidLast(cursor.Read<std::int16_t>(), kColliderCapacity);
-  document.lastWaypoint = ValidLast(cursor.Read<std::int16_t>(), kWaypointCapacity);
-
-  KeepValid(selection.vertices, lastVertex, [&](const VertexReference& vertex) {
-    return vertex.polygon >= 0 && vertex.polygon <= document.lastPolygon && vertex.corner < 3;
+  for (VertexReference& vertex : selection.vertices.slots) cursor.Read(vertex.polygon);
+  for (VertexReference& vertex : selection.vertices.slots) cursor.Read(vertex.corner);
+  cursor.Read(selection.spawns.slots);
+  cursor.Read(selection.sceneries.slots);
+  cursor.Read(selection.colliders.slots);
+  cursor.Read(selection.waypoints.slots);
+  std::int16_t total = 0;
+  cursor.Read(total);  // it follows from the lists
+  VisitLists(document, selection,
+             [&](const auto& /*table*/, auto& list) { cursor.Read(list.last); });
+  cursor.Read(selection.box);
+  VisitTables(document, [&](auto& table) {
+    cursor.Read(table.last);
+    table.last = std::clamp<std::int16_t>(table.last, -1, table.kCapacity - 1);
   });
-  const auto upTo = [](std::int16_t last) {
-    return [last](auto index) { return index >= 0 && index <= last; };
-  };
-  KeepValid(selection.spawns, lastSpawn, upTo(document.lastSpawn));
-  KeepValid(selection.sceneries, lastScenery, upTo(document.lastScenery));
-  KeepValid(selection.colliders, lastCollider, upTo(document.lastCollider));
-  KeepValid(selection.waypoints, lastWaypoint, upTo(document.lastWaypoint));
+  VisitLists(document, selection, [](const auto& table, auto& list) { KeepValid(table, list); });
 }
 
 }  // namespace vesmora

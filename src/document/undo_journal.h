@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <string>
 
-#include "document/map_file.h"
+#include "document/map_document.h"
 
 namespace vesmora {
 
@@ -30,12 +30,10 @@ struct UndoJournal {
     return undoActions[static_cast<std::size_t>(undoSlot)];
   }
   const std::string& NewestFile() const { return undoFiles[static_cast<std::size_t>(undoSlot)]; }
+  const WaypointKeys& NewestKeys() const {
+    return waypointKeys[static_cast<std::size_t>(undoSlot)];
+  }
 };
-
-/// Files the document as it is before the edit `actionName`. False when that fails: the
-/// user is told once, the older steps stay what they were, and the edit goes on.
-bool TakeUndoSnapshot(UndoJournal& journal, const MapFileContext& context,
-                      const std::string& actionName);
 
 /// Drops the newest step, after it has been undone.
 void ConsumeUndoStep(UndoJournal& journal);
@@ -44,8 +42,5 @@ void RefreshUndoCaption(UndoJournal& journal);
 
 /// Forgets all steps. Their files stay until the program ends.
 void ClearHistory(UndoJournal& journal);
-
-/// Deletes every snapshot file of the folder, those of earlier runs included.
-void DeleteSnapshotFiles(const UndoJournal& journal, FileCalls& files);
 
 }  // namespace vesmora

@@ -2,10 +2,9 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <span>
 #include <string>
-#include <utility>
 
+#include "document/geometry.h"
 #include "document/numbers.h"
 #include "tools/move_selection.h"
 #include "tools/picking.h"
@@ -36,8 +35,7 @@ struct Bounds {
 
 Bounds BoundsOfMap(const MapDocument& document) {
   Bounds bounds;
-  const auto used = static_cast<std::size_t>(document.lastPolygon + 1);
-  for (const Polygon& polygon : std::span(document.polygons).first(used)) {
+  for (const Polygon& polygon : document.polygons.Used()) {
     for (const PolygonVertex& corner : polygon.vertices) bounds.Include(corner);
   }
   return bounds;
@@ -93,40 +91,29 @@ bool Enter(MapDocument& document, std::int16_t number, SectorRange columns, Sect
   return fits;
 }
 
-/// All kinds, shown or not: a map is not to be torn apart.
-void SelectAllInBox(const Editing& editing, const SelectionBox& box) {
-  EditingState& state = editing.state;
+/// Moves the middle of the bounds to the origin, with all that lies in them, shown or not.
+void CenterMap(Editing& editing, const Bounds& bounds) {
+  MapDocument& document = editing.document;
   ShowOptions everything;
   everything.showFlags.fill(1);
-  const ShowOptions shown = std::exchange(state.show, everything);
-  SelectInBox(editing, box, true, SelectionKind::kAll);
-  state.show = shown;
-
-  // Picking never shows waypoints of an unknown path, but they move with the others.
-  auto& waypoints = state.selection.waypoints;
-  waypoints.Clear();
-  for (std::int16_t i = 0; i <= state.document.lastWaypoint; ++i) {
-    const Waypoint& waypoint = state.document.waypoints[static_cast<std::size_t>(i)];
-    const float x = FromFixedPoint(waypoint.x);
-    const float y = FromFixedPoint(waypoint.y);
-    const bool isInside = x >= box.left && x <= box.right && y >= box.top && y <= box.bottom;
-    if (isInside) waypoints.Add(i);
-  }
-}
-
-/// The caller has taken the undo step.
-void CenterMap(const Editing& editing, const Bounds& bounds) {
-  Selection& selection = editing.state.selection;
-  SelectAllInBox(editing, {.left = bounds.minX - 1.0f,
-                           .right = bounds.maxX + 1.0f,
-                           .top = bounds.minY - 1.0f,
-                           .bottom = bounds.maxY + 1.0f});
-  selection.moveSnapshotTaken = true;
+  const SelectionBox box{.left = bounds.minX - 1.0f,
+                         .right = bounds.maxX + 1.0f,
+                         .top = bounds.minY - 1.0f,
+                         .bottom = bounds.maxY + 1.0f};
+  Selection inside;
+  ListInBox(document, everything, box, SelectionKind::kAll, inside);
+  // Waypoints of a path that nobody is shown move with the others.
+  inside.waypoints.Clear();
+  VisitEntries(document.waypoints, 0, [&](int slot, const Waypoint& waypoint) {
+    if (box.Contains(PlaceOf(waypoint))) inside.waypoints.Append(static_cast<std::int16_t>(slot));
+    return true;
+  });
   const auto middle = [](std::int16_t min, std::int16_t max) {
     return static_cast<float>(min + max) / 2;
   };
-  MoveSelection(editing, -middle(bounds.minX, bounds.maxX), -middle(bounds.minY, bounds.maxY));
-  ClearSelection(selection, editing.ports.display);
+  ShiftSelected(document, inside,
+                {-middle(bounds.minX, bounds.maxX), -middle(bounds.minY, bounds.maxY)},
+                editing.tool.next.noTextureCorrection);
 }
 
 void Report(const Editing& editing, const SectorShortage& shortage) {
@@ -141,37 +128,32 @@ void Report(const Editing& editing, const SectorShortage& shortage) {
       {.text = text, .title = "Polygon warning", .icon = MessageIcon::kExclamation});
 }
 
-/// A triangle that is being built is no part of the map.
-void DropConstruction(const Editing& editing) {
-  if (!IsConstructing(editing.state)) return;
-  EndConstruction(editing.state);
-  editing.state.gesture.End();
-  RefreshAll(editing);
-}
-
 }  // namespace
 
 SectorShortage FillSectors(MapDocument& document) {
   document.sectors.fill({});
   SectorShortage shortage;
-  for (std::int16_t i = 0; i <= document.lastPolygon; ++i) {
-    const auto slot = static_cast<std::size_t>(i);
-    if (IsPassablePolygon(document.normals[slot])) continue;
-    const Bounds bounds = BoundsOfPolygon(document.polygons[slot]);
+  std::int16_t number = 0;
+  for (const Polygon& polygon : document.polygons.Used()) {
+    ++number;
+    if (IsPassable(polygon)) continue;
+    const Bounds bounds = BoundsOfPolygon(polygon);
     const SectorRange columns = RangeOf(document.sectorDivision, bounds.minX, bounds.maxX);
     const SectorRange rows = RangeOf(document.sectorDivision, bounds.minY, bounds.maxY);
     if (IsClipped(columns) || IsClipped(rows)) ++shortage.outside;
-    const auto number = static_cast<std::int16_t>(i + 1);
     if (!Enter(document, number, Clipped(columns), Clipped(rows))) ++shortage.crowded;
   }
   return shortage;
 }
 
-bool CompileSectors(const Editing& editing) {
-  MapDocument& document = editing.state.document;
-  DropConstruction(editing);
+bool CompileSectors(Editing& editing) {
+  MapDocument& document = editing.document;
+  if (editing.activity.Is(ActivityKind::kTriangle)) {  // no part of the map
+    editing.activity.Finish(editing);
+    RefreshAll(editing);
+  }
   const Bounds bounds = BoundsOfMap(document);
-  if (document.lastPolygon < 0) {
+  if (document.polygons.Empty()) {
     Refuse(editing, "There are no polygons to compile.");
     return false;
   }
@@ -180,9 +162,10 @@ bool CompileSectors(const Editing& editing) {
     Refuse(editing, "The map is too small to compile.");
     return false;
   }
-  EndMouseWork(editing.state);
+  EndActivity(editing);
   TakeUndoSnapshot(editing, "Move");
   CenterMap(editing, bounds);
+  ClearSelection(editing);
   document.sectorDivision = division;
   const SectorShortage shortage = FillSectors(document);
   ChangeTool(editing, ToolMode::kEdit);

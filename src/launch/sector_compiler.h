@@ -18,6 +18,6 @@ SectorShortage FillSectors(MapDocument& document);
 /// Centres the map, chooses the sector division and fills the grid, as one undo step
 /// "Move". Objects that lie beyond the polygons stay where they are. False, with the user
 /// told and the map as it was, when there is nothing to divide.
-bool CompileSectors(const Editing& editing);
+bool CompileSectors(Editing& editing);
 
 }  // namespace vesmora

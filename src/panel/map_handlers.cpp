@@ -1,49 +1,47 @@
-#include "panel/map_handlers.h"
-
 #include <algorithm>
 
+#include "panel/panel_handlers.h"
+#include "panel/refresh_panel.h"
 #include "view/palette.h"
 
 namespace vesmora {
 namespace {
 
 /// The step is taken before the dialog, and stays when it is cancelled.
-void ChooseBackground(const PanelContext& context, MapColor& color) {
-  if (context.panel.panelRefreshing) return;
-  TakeUndoSnapshot(context.editing, "Background");
+void ChooseBackground(PanelEditing& editing, MapColor& color) {
+  TakeUndoSnapshot(editing, "Background");
   const std::int32_t present = RGBToLong(ToRgb(color));
-  const auto chosen = context.editing.ports.dialogs.ChooseColor(present);
+  const auto chosen = editing.ports.dialogs.ChooseColor(present);
   SetColor(color, LongToRGB(chosen.value_or(present)));
-  RefreshAll(context.editing);
+  RefreshAll(editing);
 }
 
 }  // namespace
 
-void CBtausta1_Click(const PanelContext& context) {
-  ChooseBackground(context, context.editing.state.document.backgroundColor1);
+void CBtausta1_Click(PanelEditing& editing) {
+  ChooseBackground(editing, editing.document.backgroundColor1);
 }
 
-void CBtausta2_Click(const PanelContext& context) {
-  ChooseBackground(context, context.editing.state.document.backgroundColor2);
+void CBtausta2_Click(PanelEditing& editing) {
+  ChooseBackground(editing, editing.document.backgroundColor2);
 }
 
-void CBnayta_Click(const PanelContext& context, int index, bool isTicked) {
-  if (context.panel.panelRefreshing) return;
-  auto& flags = context.editing.state.show.showFlags;
-  auto& boxes = context.panel.contents.CBnayta;
+void CBnayta_Click(PanelEditing& editing, int index, bool isTicked) {
+  auto& flags = editing.show.showFlags;
   const std::int16_t flag = isTicked ? 1 : 0;
   if (index > 0) {
     flags[static_cast<std::size_t>(index) - 1] = flag;
-    context.editing.ports.display.RefreshInfoPanel();
+    RefreshInfoPanel(editing);
   } else {
     std::fill_n(flags.begin(), 6, flag);
-    // "All" moves no other tick: the next refresh brings the boxes in line.
-    auto clicked = boxes;
-    clicked[0].tick = isTicked ? Tick::kOn : Tick::kOff;
-    context.editing.ports.display.RefreshInfoPanel();
-    boxes = clicked;
+    // "All" moves no other tick: a later refresh brings the boxes in line.
+    PanelContents& contents = editing.panel.contents;
+    const auto boxes = contents.CBnayta;
+    RefreshPanel(contents, editing);
+    contents.CBnayta = boxes;
+    contents.CBnayta[0].tick = isTicked ? Tick::kOn : Tick::kOff;
   }
-  context.editing.ports.display.RedrawMap();
+  RedrawMap(editing);
 }
 
 }  // namespace vesmora

@@ -1,15 +1,14 @@
-// What every control of the property panel shows, computed from the editor's state.
-// The widgets only apply it.
+// What every control of the property panel shows. The widgets only apply it.
 #pragma once
 
 #include <array>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
+#include "document/map_document.h"
+#include "document/scenery_types.h"
 #include "document/tool_mode.h"
-#include "tools/editing.h"
 #include "view/canvas.h"
 
 namespace vesmora {
@@ -38,22 +37,31 @@ struct OptionContents {
   bool operator==(const OptionContents&) const = default;
 };
 
-/// Which list a combo box holds. The numbers mean different lists in the spawn and
-/// the scenery boxes; a list is filled anew only when its tag changes.
-enum class ListTag { kEmpty = 0, kFirst = 1, kSecond = 2, kThird = 3 };
+/// Which list a combo box holds. "Many types" ends it while a mixed selection is shown.
+enum class ComboList { kEmpty, kValues, kValuesAndMany };
 
 struct ComboContents {
-  ListTag tag = ListTag::kEmpty;
+  ComboList list = ComboList::kEmpty;
   std::string text;
   bool enabled = false;
 
   bool operator==(const ComboContents&) const = default;
 };
 
+/// What the names in the panel are made of.
+struct MapNames {
+  std::string fileName;
+  std::string author;  // single-byte text
+  TextureName texture{};
+
+  bool operator==(const MapNames&) const = default;
+};
+
 /// Field names are the controls' names.
 struct PanelContents {
+  MapNames shownNames;  // in Lkartta1 and lAuthor, which are made anew only when these change
   std::string Lkartta1;
-  std::string lAuthor;  // single-byte text
+  std::string lAuthor;
   std::string Lkartta2;
   ButtonContents CBtausta1;
   ButtonContents CBtausta2;
@@ -81,18 +89,18 @@ struct PanelContents {
 };
 
 inline constexpr std::string_view kManyTypes = "Many types";
-inline constexpr std::array<std::string_view, 3> kSpawnTypes = {"Normal", "CTF Red", "CTF Blue"};
-inline constexpr std::array<std::string_view, 4> kVisibilities = {"100%", "75%", "50%", "25%"};
+inline constexpr std::array<std::string_view, 4> kSpawnTypes = {"Normal", "CTF Red", "CTF Blue",
+                                                                kManyTypes};
+inline constexpr std::array<std::string_view, 5> kVisibilities = {"100%", "75%", "50%", "25%",
+                                                                  kManyTypes};
 inline constexpr std::array<std::string_view, 4> kColliderSizes = {"12", "16", "24", "32"};
-
-/// What the lists hold by their tags.
-std::vector<std::string_view> SpawnItems(const ComboContents& combo);
-std::vector<std::string_view> SceneryItems(const ComboContents& combo);
-std::vector<std::string_view> VisibilityItems(const ComboContents& combo);
-
-/// Recomputes the panel. What a control keeps from before (a typed text, the boxes
-/// of the Add waypoint tool) stays in `panel`; what the panel offers for the next
-/// object goes to the tool's state, a forced choice of path to the show options.
-void RefreshPanel(PanelContents& panel, EditingState& state);
+/// The names of types 1 to 21.
+inline constexpr auto kSceneryNames = [] {
+  std::array<std::string_view, kSceneryTypes.size()> names;
+  for (std::size_t type = 1; type < names.size(); ++type)
+    names[type - 1] = kSceneryTypes[type].name;
+  names.back() = kManyTypes;
+  return names;
+}();
 
 }  // namespace vesmora

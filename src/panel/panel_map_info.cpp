@@ -39,34 +39,51 @@ std::string TextureText(const TextureName& texture) {
   return LowerCase(ToUtf8(name));
 }
 
-std::string FillLevel(std::int16_t last, int capacity, const char* word) {
-  return std::to_string(last + 1) + "/" + std::to_string(capacity) + " " + word;
+// The panel is computed with every mouse move that picks: texts grow in place, so that
+// nothing is allocated for them.
+
+template <typename TableType>
+void AddFillLevel(std::string& text, const TableType& table, const char* word) {
+  text += std::to_string(table.Count());
+  text += '/';
+  text += std::to_string(TableType::kCapacity);
+  text += word;
 }
 
 /// One line of the summary; the endings differ and have no line feed everywhere.
 void AddCount(std::string& text, int count, const char* one, const char* several,
               const char* ending) {
-  if (count > 0) text += std::to_string(count) + " " + (count == 1 ? one : several) + ending;
+  if (count == 0) return;
+  text += std::to_string(count);
+  text += count == 1 ? one : several;
+  text += ending;
 }
 
 }  // namespace
 
-void RefreshMapInfo(PanelContents& panel, const EditingState& state) {
-  const MapDocument& document = state.document;
-  panel.Lkartta1 = "Name: " + MapName(document.fileName) +
-                   "\nAuthor: \nTexture: " + TextureText(document.texture);
-  panel.lAuthor = ToUtf8(TrimBlanks(document.author));
-  panel.Lkartta2 = FillLevel(document.lastPolygon, kPolygonCapacity, "Polygons\n") +
-                   FillLevel(document.lastSpawn, kSpawnCapacity, "Spawns\n") +
-                   FillLevel(document.lastScenery, kSceneryCapacity, "Sceneries\n") +
-                   FillLevel(document.lastCollider, kColliderCapacity, "Colliders\n") +
-                   FillLevel(document.lastWaypoint, kWaypointCapacity, "Waypoints");
+void RefreshMapInfo(PanelContents& panel, const Editing& editing) {
+  const MapDocument& document = editing.document;
+  MapNames& shown = panel.shownNames;
+  if (panel.Lkartta1.empty() || shown.fileName != document.fileName ||
+      shown.author != document.author || shown.texture != document.texture) {
+    shown = {document.fileName, document.author, document.texture};
+    panel.Lkartta1 = "Name: " + MapName(document.fileName) +
+                     "\nAuthor: \nTexture: " + TextureText(document.texture);
+    panel.lAuthor = ToUtf8(TrimBlanks(document.author));
+  }
+  std::string& levels = panel.Lkartta2;
+  levels.clear();
+  AddFillLevel(levels, document.polygons, " Polygons\n");
+  AddFillLevel(levels, document.spawns, " Spawns\n");
+  AddFillLevel(levels, document.sceneries, " Sceneries\n");
+  AddFillLevel(levels, document.colliders, " Colliders\n");
+  AddFillLevel(levels, document.waypoints, " Waypoints");
   panel.CBtausta1.color = ToRgb(document.backgroundColor1);
   panel.CBtausta2.color = ToRgb(document.backgroundColor2);
 }
 
-void RefreshShowBoxes(PanelContents& panel, const EditingState& state) {
-  const auto& flags = state.show.showFlags;
+void RefreshShowBoxes(PanelContents& panel, const Editing& editing) {
+  const auto& flags = editing.show.showFlags;
   for (std::size_t i = 0; i + 1 < panel.CBnayta.size(); ++i) {
     panel.CBnayta[i + 1].tick = flags[i] == 0 ? Tick::kOff : Tick::kOn;
   }
@@ -75,14 +92,14 @@ void RefreshShowBoxes(PanelContents& panel, const EditingState& state) {
   panel.CBnayta[0].tick = firstClear == 6 ? Tick::kOn : Tick::kOff;
 
   // What is being added can be hidden neither alone nor with everything.
-  const auto tool = static_cast<std::size_t>(state.document.toolIndex);
+  const auto tool = static_cast<std::size_t>(editing.document.toolIndex);
   for (std::size_t i = 0; i < panel.CBnayta.size(); ++i) {
     panel.CBnayta[i].enabled = tool == 0 || (i != 0 && i != tool);
   }
 }
 
-void RefreshSummary(PanelContents& panel, const EditingState& state) {
-  const Selection& selection = state.selection;
+void RefreshSummary(PanelContents& panel, const Editing& editing) {
+  const Selection& selection = editing.selection;
   panel.Fvalinta = "Selected " + std::to_string(selection.TotalCounter() + 1);
   if (selection.Empty()) {
     panel.Lvalinta = "Nothing";
@@ -90,11 +107,11 @@ void RefreshSummary(PanelContents& panel, const EditingState& state) {
   }
   std::string& text = panel.Lvalinta;
   text.clear();
-  AddCount(text, selection.vertices.Count(), "Vertice", "Vertices", "\n");
-  AddCount(text, selection.spawns.Count(), "Spawn", "Spawns", "\n");
-  AddCount(text, selection.waypoints.Count(), "Waypoint", "Waypoints", "");
-  AddCount(text, selection.sceneries.Count(), "Scenery", "Sceneries", "\n");
-  AddCount(text, selection.colliders.Count(), "Collider", "Colliders", "");
+  AddCount(text, selection.vertices.Count(), " Vertice", " Vertices", "\n");
+  AddCount(text, selection.spawns.Count(), " Spawn", " Spawns", "\n");
+  AddCount(text, selection.waypoints.Count(), " Waypoint", " Waypoints", "");
+  AddCount(text, selection.sceneries.Count(), " Scenery", " Sceneries", "\n");
+  AddCount(text, selection.colliders.Count(), " Collider", " Colliders", "");
 }
 
 }  // namespace vesmora

@@ -1,20 +1,16 @@
 // The frames of the panel that show the selected objects, or what the next one gets.
 #include <algorithm>
-#include <cmath>
 
+#include "document/geometry.h"
 #include "document/numbers.h"
 #include "document/scenery_types.h"
 #include "panel/panel_parts.h"
 #include "tools/property_text.h"
+#include "tools/tool_change.h"
 #include "view/palette.h"
 
 namespace vesmora {
 namespace {
-
-template <typename Table>
-const auto& At(const Table& table, std::int64_t index) {
-  return table[static_cast<std::size_t>(index)];
-}
 
 /// The value that all listed objects share, or nothing. The list is not empty.
 template <typename Items, typename ValueOf>
@@ -26,172 +22,134 @@ auto CommonValue(const Items& items, ValueOf valueOf)
   return isShared ? std::optional(first) : std::nullopt;
 }
 
-void Disable(ComboContents& combo) {
-  combo = {.tag = ListTag::kEmpty, .text = "", .enabled = false};
-}
-
 std::string SpawnText(std::uint8_t team) {
-  return team < kSpawnTypes.size() ? std::string(kSpawnTypes[team]) : std::string();
+  return team <= kBlueTeam ? std::string(kSpawnTypes[team]) : std::string();
 }
 
 std::string SceneryName(std::uint8_t type) { return std::string(SceneryTypeOf(type).name); }
+
+template <typename Items>
+ComboList ListFor(const Items& selected) {
+  return selected.size() > 1 ? ComboList::kValuesAndMany : ComboList::kValues;
+}
 
 Tick ToTick(std::uint8_t value) { return value == 0 ? Tick::kOff : Tick::kOn; }
 
 }  // namespace
 
-void RefreshVertexControls(PanelContents& panel, const EditingState& state) {
-  const ToolMode tool = state.document.toolIndex;
-  const auto vertices = state.selection.vertices.Items();
-  const bool enabled = tool == ToolMode::kEdit && !vertices.empty();
-  panel.CBverticevari = {.enabled = enabled || tool == ToolMode::kAddPolygon, .color = {}};
+void RefreshVertexControls(PanelContents& panel, const Editing& editing) {
+  const bool isAdding = editing.IsTool(ToolMode::kAddPolygon);
+  const auto vertices = editing.selection.vertices.Used();
+  const bool enabled = editing.IsTool(ToolMode::kEdit) && !vertices.empty();
+  panel.CBverticevari = {.enabled = enabled || isAdding, .color = {}};
   panel.CByhista.enabled = enabled && vertices.size() > 1;
   panel.CBerota.enabled = enabled && vertices.size() > 1;
   panel.CBtexPalauta.enabled = enabled;
   panel.CBtexPoista.enabled = enabled;
-  panel.CBtexEiKorjaus = {.tick = state.tool.next.noTextureCorrection ? Tick::kOn : Tick::kOff,
+  panel.CBtexEiKorjaus = {.tick = editing.tool.next.noTextureCorrection ? Tick::kOn : Tick::kOff,
                           .enabled = enabled};
   panel.CBverticeLapi = {.tick = Tick::kOff, .enabled = enabled};
-  if (tool == ToolMode::kAddPolygon) panel.CBverticevari.color = state.tool.next.vertexColor;
+  if (isAdding) panel.CBverticevari.color = editing.tool.next.vertexColor;
   if (!enabled) return;
 
-  const MapDocument& document = state.document;
-  const auto isPassable = CommonValue(vertices, [&](const VertexReference& vertex) {
-    const Normal& normal = At(document.normals, vertex.polygon).edges[vertex.corner];
-    return normal.x == 0 && normal.y == 0;
+  const auto& polygons = editing.document.polygons;
+  const auto isPassable = CommonValue(vertices, [&](VertexReference vertex) {
+    return IsPassable(polygons[vertex.polygon].edges[vertex.corner]);
   });
   panel.CBverticeLapi.tick = !isPassable ? Tick::kMixed : *isPassable ? Tick::kOn : Tick::kOff;
-  panel.CBverticevari.color = CommonValue(vertices, [&](const VertexReference& vertex) {
-    return ToRgb(At(document.polygons, vertex.polygon).vertices[vertex.corner].color);
-  });
+  panel.CBverticevari.color = CommonValue(
+      vertices, [&](VertexReference vertex) { return ToRgb(RecordOf(polygons, vertex).color); });
 }
 
-void RefreshSpawnControls(PanelContents& panel, const EditingState& state) {
-  ComboContents& combo = panel.CBspawn;
-  const auto spawns = state.selection.spawns.Items();
-  const ToolMode tool = state.document.toolIndex;
-  if (tool == ToolMode::kAddSpawn) {
-    combo = {ListTag::kThird, SpawnText(RoundToUint8(state.tool.value)), true};
-  } else if (tool != ToolMode::kEdit || spawns.empty()) {
-    Disable(combo);
-  } else {
-    const auto team = CommonValue(
-        spawns, [&](std::uint8_t index) { return At(state.document.spawns, index).team; });
-    combo = {spawns.size() > 1 ? ListTag::kFirst : ListTag::kSecond,
-             team ? SpawnText(*team) : std::string(kManyTypes), true};
+void RefreshSpawnControls(PanelContents& panel, const Editing& editing) {
+  const auto spawns = editing.selection.spawns.Used();
+  panel.CBspawn = {};
+  if (editing.IsTool(ToolMode::kAddSpawn)) {
+    panel.CBspawn = {ComboList::kValues, SpawnText(RoundToUint8(editing.tool.value)), true};
+  } else if (editing.IsTool(ToolMode::kEdit) && !spawns.empty()) {
+    const auto team =
+        CommonValue(spawns, [&](int slot) { return editing.document.spawns[slot].team; });
+    panel.CBspawn = {ListFor(spawns), team ? SpawnText(*team) : std::string(kManyTypes), true};
   }
 }
 
-void RefreshSceneryControls(PanelContents& panel, EditingState& state) {
-  const MapDocument& document = state.document;
-  const auto sceneries = state.selection.sceneries.Items();
-  if (document.toolIndex == ToolMode::kAddScenery) {
-    const bool hasType = state.tool.value != kNoToolValue;
-    panel.CBscenery.tag = ListTag::kFirst;
-    panel.CBscenery.enabled = hasType;
-    if (hasType) panel.CBscenery.text = SceneryName(RoundToUint8(state.tool.value));
-    const std::string visibility =
-        document.lastScenery < 0
-            ? std::string(kVisibilities.front())
-            : VisibilityText(At(document.sceneries, document.lastScenery).level);
-    panel.CBscenery2 = {ListTag::kThird, visibility, hasType};
-    state.tool.next.visibility = visibility;
+void RefreshSceneryControls(PanelContents& panel, const Editing& editing) {
+  const auto& table = editing.document.sceneries;
+  const auto sceneries = editing.selection.sceneries.Used();
+  if (editing.IsTool(ToolMode::kAddScenery)) {
+    // While a liana waits for its direction there is nothing to choose.
+    const bool enabled = !editing.activity.Is(ActivityKind::kDirection);
+    panel.CBscenery = {ComboList::kValues, SceneryName(RoundToUint8(editing.tool.value)), enabled};
+    panel.CBscenery2 = {ComboList::kValues, NextVisibility(editing), enabled};
     return;
   }
-  if (document.toolIndex != ToolMode::kEdit || sceneries.empty()) {
-    Disable(panel.CBscenery);
-    Disable(panel.CBscenery2);
-    return;
-  }
-  const ListTag tag = sceneries.size() > 1 ? ListTag::kSecond : ListTag::kFirst;
-  const auto type = CommonValue(
-      sceneries, [&](std::uint8_t index) { return At(document.sceneries, index).type; });
-  const auto level = CommonValue(
-      sceneries, [&](std::uint8_t index) { return At(document.sceneries, index).level; });
-  panel.CBscenery = {tag, type ? SceneryName(*type) : std::string(kManyTypes), true};
-  panel.CBscenery2 = {tag, level ? VisibilityText(*level) : std::string(kManyTypes), true};
+  panel.CBscenery = {};
+  panel.CBscenery2 = {};
+  if (!editing.IsTool(ToolMode::kEdit) || sceneries.empty()) return;
+  const auto type = CommonValue(sceneries, [&](int slot) { return table[slot].type; });
+  const auto level = CommonValue(sceneries, [&](int slot) { return table[slot].level; });
+  const ComboList list = ListFor(sceneries);
+  panel.CBscenery = {list, type ? SceneryName(*type) : std::string(kManyTypes), true};
+  panel.CBscenery2 = {list, level ? VisibilityText(*level) : std::string(kManyTypes), true};
 }
 
-void RefreshColliderControls(PanelContents& panel, const EditingState& state) {
-  ComboContents& combo = panel.CBcollider;
-  const auto colliders = state.selection.colliders.Items();
-  const ToolMode tool = state.document.toolIndex;
-  if (tool == ToolMode::kAddCollider) {
-    combo = {ListTag::kFirst, state.tool.next.colliderSize, true};
-  } else if (tool != ToolMode::kEdit || colliders.empty()) {
-    combo = {ListTag::kFirst, "", false};
-  } else {
-    const auto radius = CommonValue(
-        colliders, [&](std::uint8_t index) { return At(state.document.colliders, index).radius; });
-    combo = {ListTag::kFirst, radius ? NumberText(*radius) : std::string(), true};
+void RefreshColliderControls(PanelContents& panel, const Editing& editing) {
+  const auto colliders = editing.selection.colliders.Used();
+  panel.CBcollider = {ComboList::kValues, "", false};
+  if (editing.IsTool(ToolMode::kAddCollider)) {
+    panel.CBcollider = {ComboList::kValues, editing.tool.next.colliderSize, true};
+  } else if (editing.IsTool(ToolMode::kEdit) && !colliders.empty()) {
+    const auto radius =
+        CommonValue(colliders, [&](int slot) { return editing.document.colliders[slot].radius; });
+    panel.CBcollider = {ComboList::kValues, radius ? NumberText(*radius) : std::string(), true};
   }
 }
 
 namespace {
 
 /// Which path is chosen: the selected waypoints', or the next one's in the Add tool.
-std::int32_t ShownPath(const EditingState& state) {
-  const auto waypoints = state.selection.waypoints.Items();
-  if (waypoints.empty()) return state.tool.value;
-  return CommonValue(waypoints,
-                     [&](std::int16_t index) { return At(state.document.waypoints, index).path; })
+std::int32_t ShownPath(const Editing& editing) {
+  const auto waypoints = editing.selection.waypoints.Used();
+  if (waypoints.empty()) return editing.tool.value;
+  return CommonValue(waypoints, [&](int slot) { return editing.document.waypoints[slot].path; })
       .value_or(0);
 }
 
-void RefreshBotSettings(PanelContents& panel, EditingState& state) {
-  const auto waypoints = state.selection.waypoints.Items();
-  auto& next = state.tool.next.botSettings;
-  const bool isAdding = state.document.toolIndex == ToolMode::kAddWaypoint;
-  // The boxes are what the next waypoint gets: the one under the pointer lends its own.
-  if (isAdding && !waypoints.empty()) {
-    next = At(state.document.waypoints, waypoints.front()).botSettings;
-  }
-  for (std::size_t i = 0; i < panel.CBbotValinta.size(); ++i) {
-    CheckContents& box = panel.CBbotValinta[i];
-    box.enabled = true;
-    if (isAdding) {
-      box.tick = ToTick(next[i]);
-      continue;
-    }
-    const auto value = CommonValue(waypoints, [&](std::int16_t index) {
-      return At(state.document.waypoints, index).botSettings[i];
-    });
-    box.tick = value ? ToTick(*value) : Tick::kMixed;
-  }
+Tick BotSettingTick(const Editing& editing, std::size_t setting) {
+  if (editing.IsTool(ToolMode::kAddWaypoint)) return ToTick(editing.tool.next.botSettings[setting]);
+  const auto value = CommonValue(editing.selection.waypoints.Used(), [&](int slot) {
+    return editing.document.waypoints[slot].botSettings[setting];
+  });
+  return value ? ToTick(*value) : Tick::kMixed;
 }
 
-/// The path that waypoints are added to may not be hidden.
-void RefreshPathFilter(PanelContents& panel, EditingState& state) {
-  std::int16_t& filter = state.show.pathFilter;
-  const bool isShown = state.show.Shows(ShowFlag::kWaypoints);
-  for (OptionContents& option : panel.OBbotNayta) option.enabled = isShown;
-  if (isShown && state.document.toolIndex == ToolMode::kAddWaypoint) {
-    for (std::size_t path = 1; path <= 2; ++path) {
-      if (!panel.OBbotKumpi[path - 1].chosen) continue;
-      const std::size_t other = 3 - path;
-      panel.OBbotNayta[other].enabled = false;
-      if (filter == static_cast<std::int16_t>(other)) filter = 0;
-    }
-  }
+void RefreshPathFilter(PanelContents& panel, const Editing& editing) {
+  const bool isShown = editing.show.Shows(ShowFlag::kWaypoints);
   for (std::size_t i = 0; i < panel.OBbotNayta.size(); ++i) {
-    panel.OBbotNayta[i].chosen = filter == static_cast<std::int16_t>(i);
+    panel.OBbotNayta[i] = {.chosen = editing.show.pathFilter == static_cast<std::int16_t>(i),
+                           .enabled = isShown};
   }
+  if (!editing.IsTool(ToolMode::kAddWaypoint)) return;
+  // The path that waypoints are added to may not be hidden.
+  if (panel.OBbotKumpi[0].chosen) panel.OBbotNayta[2].enabled = false;
+  if (panel.OBbotKumpi[1].chosen) panel.OBbotNayta[1].enabled = false;
 }
 
 }  // namespace
 
-void RefreshWaypointControls(PanelContents& panel, EditingState& state) {
-  const ToolMode tool = state.document.toolIndex;
-  const bool hasWaypoints = tool == ToolMode::kEdit && !state.selection.waypoints.Empty();
-  if (tool == ToolMode::kAddWaypoint || hasWaypoints) {
-    const std::int32_t path = ShownPath(state);
+void RefreshWaypointControls(PanelContents& panel, const Editing& editing) {
+  const bool isAdding = editing.IsTool(ToolMode::kAddWaypoint);
+  const bool hasWaypoints = editing.IsTool(ToolMode::kEdit) && !editing.selection.waypoints.Empty();
+  panel.OBbotKumpi.fill({.chosen = false, .enabled = false});
+  panel.CBbotValinta.fill({.tick = Tick::kOff, .enabled = false});
+  if (isAdding || hasWaypoints) {
+    const std::int32_t path = ShownPath(editing);
     panel.OBbotKumpi = {{{path == 1, true}, {path == 2, true}}};
-    RefreshBotSettings(panel, state);
-  } else {
-    panel.OBbotKumpi = {{{false, false}, {false, false}}};
-    panel.CBbotValinta.fill({.tick = Tick::kOff, .enabled = false});
+    for (std::size_t i = 0; i < panel.CBbotValinta.size(); ++i) {
+      panel.CBbotValinta[i] = {.tick = BotSettingTick(editing, i), .enabled = true};
+    }
   }
-  RefreshPathFilter(panel, state);
+  RefreshPathFilter(panel, editing);
 }
 
 }  // namespace vesmora

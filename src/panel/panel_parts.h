@@ -2,16 +2,17 @@
 #pragma once
 
 #include "panel/panel_contents.h"
+#include "tools/editing.h"
 
 namespace vesmora {
 
-void RefreshMapInfo(PanelContents& panel, const EditingState& state);
-void RefreshShowBoxes(PanelContents& panel, const EditingState& state);
-void RefreshSummary(PanelContents& panel, const EditingState& state);
-void RefreshVertexControls(PanelContents& panel, const EditingState& state);
-void RefreshSpawnControls(PanelContents& panel, const EditingState& state);
-void RefreshSceneryControls(PanelContents& panel, EditingState& state);
-void RefreshColliderControls(PanelContents& panel, const EditingState& state);
-void RefreshWaypointControls(PanelContents& panel, EditingState& state);
+void RefreshMapInfo(PanelContents& panel, const Editing& editing);
+void RefreshShowBoxes(PanelContents& panel, const Editing& editing);
+void RefreshSummary(PanelContents& panel, const Editing& editing);
+void RefreshVertexControls(PanelContents& panel, const Editing& editing);
+void RefreshSpawnControls(PanelContents& panel, const Editing& editing);
+void RefreshSceneryControls(PanelContents& panel, const Editing& editing);
+void RefreshColliderControls(PanelContents& panel, const Editing& editing);
+void RefreshWaypointControls(PanelContents& panel, const Editing& editing);
 
 }  // namespace vesmora

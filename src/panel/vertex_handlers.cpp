@@ -1,9 +1,8 @@
-#include "panel/vertex_handlers.h"
-
 #include <cmath>
 
 #include "document/geometry.h"
-#include "tools/texture_mapping.h"
+#include "document/texture_mapping.h"
+#include "panel/panel_handlers.h"
 #include "view/palette.h"
 
 namespace vesmora {
@@ -11,50 +10,48 @@ namespace {
 
 constexpr Rgb kNeutralColor = {240, 240, 240};
 
-Polygon& PolygonOf(const PanelContext& context, const VertexReference& vertex) {
-  return context.editing.state.document.polygons[static_cast<std::size_t>(vertex.polygon)];
-}
-
-PolygonVertex& CornerOf(const PanelContext& context, const VertexReference& vertex) {
-  return PolygonOf(context, vertex).vertices[vertex.corner];
-}
-
-auto SelectedVertices(const PanelContext& context) {
-  return context.editing.state.selection.vertices.Items();
+std::span<const VertexReference> SelectedVertices(const Editing& editing) {
+  return editing.selection.vertices.Used();
 }
 
 /// False, with the user told, when no corner is selected.
-bool HasVertices(const PanelContext& context) {
-  if (!SelectedVertices(context).empty()) return true;
-  Refuse(context.editing, "You need select at least 1 vertice.");
+bool HasVertices(const Editing& editing) {
+  if (!SelectedVertices(editing).empty()) return true;
+  Refuse(editing, "You need select at least 1 vertice.");
   return false;
+}
+
+/// Calls `change` with each polygon that has a selected corner.
+template <typename Change>
+void ChangePolygons(Editing& editing, Change change) {
+  for (const int slot : SelectedPolygons(editing.selection).Used()) {
+    change(editing.document.polygons[slot]);
+  }
 }
 
 /// Gives every corner of every polygon with a selected corner new coordinates.
 template <typename SetTexture>
-void ChangeTextures(const PanelContext& context, SetTexture setTexture) {
-  if (context.panel.panelRefreshing || !HasVertices(context)) return;
-  TakeUndoSnapshot(context.editing, "Texture");
-  for (const VertexReference& vertex : SelectedVertices(context)) {
-    for (PolygonVertex& corner : PolygonOf(context, vertex).vertices) setTexture(corner);
-  }
-  context.editing.ports.display.RedrawMap();
+void ChangeTextures(Editing& editing, SetTexture setTexture) {
+  if (!HasVertices(editing)) return;
+  TakeUndoSnapshot(editing, "Texture");
+  ChangePolygons(editing, [&](Polygon& polygon) {
+    for (PolygonVertex& corner : polygon.vertices) setTexture(corner);
+  });
+  RedrawMap(editing);
 }
 
-void MakeSolid(const PanelContext& context) {
-  for (const VertexReference& vertex : SelectedVertices(context)) {
-    RecomputeNormals(context.editing.state.document, vertex.polygon);
+/// Calls `change` with each selected corner.
+template <typename Change>
+void ChangeCorners(Editing& editing, Change change) {
+  for (const VertexReference vertex : SelectedVertices(editing)) {
+    change(RecordOf(editing.document.polygons, vertex));
   }
 }
 
-void MakePassable(const PanelContext& context) {
-  for (const VertexReference& vertex : SelectedVertices(context)) {
-    auto& normals =
-        context.editing.state.document.normals[static_cast<std::size_t>(vertex.polygon)];
-    for (Normal& normal : normals.edges) {
-      normal.x = 0;
-      normal.y = 0;
-    }
+void MakePassable(Polygon& polygon) {
+  for (Normal& normal : polygon.edges) {
+    normal.x = 0;
+    normal.y = 0;
   }
 }
 
@@ -75,96 +72,89 @@ class SpreadPattern {
 
 }  // namespace
 
-void CBverticevari_Click(const PanelContext& context) {
-  if (context.panel.panelRefreshing) return;
-  EditingState& state = context.editing.state;
-  const bool isEdit = state.document.toolIndex == ToolMode::kEdit;
-  if (isEdit && !HasVertices(context)) return;
-  const Rgb shown = context.panel.contents.CBverticevari.color.value_or(kNeutralColor);
-  const auto chosen = context.editing.ports.dialogs.ChooseColor(RGBToLong(shown));
+void CBverticevari_Click(PanelEditing& editing) {
+  const bool isEdit = editing.IsTool(ToolMode::kEdit);
+  if (isEdit && !HasVertices(editing)) return;
+  const Rgb shown = editing.panel.contents.CBverticevari.color.value_or(kNeutralColor);
+  const auto chosen = editing.ports.dialogs.ChooseColor(RGBToLong(shown));
   if (!chosen) return;
   const Rgb color = LongToRGB(*chosen);
   if (isEdit) {
-    TakeUndoSnapshot(context.editing, "Color");
-    for (const VertexReference& vertex : SelectedVertices(context)) {
-      SetColor(CornerOf(context, vertex).color, color);
-    }
+    TakeUndoSnapshot(editing, "Color");
+    ChangeCorners(editing, [color](PolygonVertex& corner) { SetColor(corner.color, color); });
   } else {
-    state.tool.next.vertexColor = color;
+    editing.tool.next.vertexColor = color;
   }
-  RefreshAll(context.editing);
+  RefreshAll(editing);
 }
 
-void CByhista_Click(const PanelContext& context) {
-  if (context.panel.panelRefreshing) return;
-  const auto vertices = SelectedVertices(context);
-  if (vertices.size() < 2) {
-    Refuse(context.editing, "You need select at least 2 vertices");
+void CByhista_Click(PanelEditing& editing) {
+  const auto count = static_cast<double>(SelectedVertices(editing).size());
+  if (count < 2) {
+    Refuse(editing, "You need select at least 2 vertices");
     return;
   }
-  TakeUndoSnapshot(context.editing, "Connect");
+  TakeUndoSnapshot(editing, "Connect");
   double sumX = 0;
   double sumY = 0;
-  for (const VertexReference& vertex : vertices) {
-    sumX += CornerOf(context, vertex).x;
-    sumY += CornerOf(context, vertex).y;
-  }
-  const auto meanX = static_cast<float>(sumX / static_cast<double>(vertices.size()));
-  const auto meanY = static_cast<float>(sumY / static_cast<double>(vertices.size()));
+  ChangeCorners(editing, [&](const PolygonVertex& corner) {
+    sumX += corner.x;
+    sumY += corner.y;
+  });
+  const auto meanX = static_cast<float>(sumX / count);
+  const auto meanY = static_cast<float>(sumY / count);
   // One axis after the other: a coordinate that becomes 0 on the way counts as deleted.
-  for (const VertexReference& vertex : vertices) {
-    PolygonVertex& corner = CornerOf(context, vertex);
+  ChangeCorners(editing, [meanX](PolygonVertex& corner) {
     if (HasTexture(corner)) corner.u += (meanX - corner.x) / kTextureWidth;
     corner.x = meanX;
-  }
-  for (const VertexReference& vertex : vertices) {
-    PolygonVertex& corner = CornerOf(context, vertex);
+  });
+  ChangeCorners(editing, [meanY](PolygonVertex& corner) {
     if (HasTexture(corner)) corner.v += (meanY - corner.y) / kTextureHeight;
     corner.y = meanY;
-  }
-  RefreshAll(context.editing);
+  });
+  RefreshAll(editing);
 }
 
-void CBerota_Click(const PanelContext& context) {
-  if (context.panel.panelRefreshing) return;
-  const auto vertices = SelectedVertices(context);
-  if (vertices.size() < 2) {
-    Refuse(context.editing, "You need select at least 2 vertices.");
+void CBerota_Click(PanelEditing& editing) {
+  if (SelectedVertices(editing).size() < 2) {
+    Refuse(editing, "You need select at least 2 vertices.");
     return;
   }
-  TakeUndoSnapshot(context.editing, "Disconnect");
-  const float zoom = context.editing.state.view.zoom;
+  TakeUndoSnapshot(editing, "Disconnect");
   SpreadPattern pattern;
-  for (const VertexReference& vertex : vertices) {
-    const ScreenPoint offset = pattern.Next();
-    MoveCorner(CornerOf(context, vertex), offset.x / zoom, offset.y / zoom);
-  }
-  ClearSelection(context.editing.state.selection, context.editing.ports.display);
-  context.editing.ports.display.RedrawMap();
-  context.editing.ports.display.RefreshInfoPanel();
+  ChangeCorners(editing, [&](PolygonVertex& corner) {
+    const ScreenPoint pixels = pattern.Next();
+    const WorldPoint offset{pixels.x / editing.view.zoom, pixels.y / editing.view.zoom};
+    corner.x += offset.x;
+    corner.y += offset.y;
+    MoveTexture(corner, offset);
+  });
+  ClearSelection(editing);
+  RefreshAll(editing);
 }
 
-void CBtexEiKorjaus_Click(const PanelContext& context, bool isTicked) {
-  if (context.panel.panelRefreshing) return;
-  context.editing.state.tool.next.noTextureCorrection = isTicked;
-  context.panel.contents.CBtexEiKorjaus.tick = isTicked ? Tick::kOn : Tick::kOff;
+void CBtexEiKorjaus_Click(PanelEditing& editing, bool isTicked) {
+  editing.tool.next.noTextureCorrection = isTicked;
+  editing.panel.contents.CBtexEiKorjaus.tick = isTicked ? Tick::kOn : Tick::kOff;
 }
 
-void CBtexPalauta_Click(const PanelContext& context) { ChangeTextures(context, MapToWorld); }
+void CBtexPalauta_Click(PanelEditing& editing) {
+  ChangeTextures(editing, [](PolygonVertex& corner) { MapTexture(corner, PlaceOf(corner)); });
+}
 
-void CBtexPoista_Click(const PanelContext& context) {
-  ChangeTextures(context, [](PolygonVertex& corner) {
+void CBtexPoista_Click(PanelEditing& editing) {
+  ChangeTextures(editing, [](PolygonVertex& corner) {
     corner.u = 0;
     corner.v = 0;
   });
 }
 
-void CBverticeLapi_Click(const PanelContext& context, bool isTicked) {
-  if (context.panel.panelRefreshing || !HasVertices(context)) return;
+void CBverticeLapi_Click(PanelEditing& editing, bool isTicked) {
+  if (!HasVertices(editing)) return;
   // Until the next refresh the box shows what was clicked, confirmed or not.
-  context.panel.contents.CBverticeLapi.tick = isTicked ? Tick::kOn : Tick::kOff;
+  editing.panel.contents.CBverticeLapi.tick = isTicked ? Tick::kOn : Tick::kOff;
   if (isTicked &&
-      !context.editing.ports.dialogs.Ask(
+      !editing.ports.dialogs.Ask(
           {.text = "This is not RECOMMENED setting.\n"
                    "Players will disappear behind passable polygons and the official MapMaker "
                    "will not allow to edit these polygons.\n"
@@ -173,13 +163,9 @@ void CBverticeLapi_Click(const PanelContext& context, bool isTicked) {
            .icon = MessageIcon::kQuestion})) {
     return;
   }
-  TakeUndoSnapshot(context.editing, "Passable");
-  if (isTicked) {
-    MakePassable(context);
-  } else {
-    MakeSolid(context);
-  }
-  context.editing.ports.display.RedrawMap();
+  TakeUndoSnapshot(editing, "Passable");
+  ChangePolygons(editing, isTicked ? MakePassable : RecomputeNormals);
+  RedrawMap(editing);
 }
 
 }  // namespace vesmora

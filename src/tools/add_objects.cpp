@@ -1,141 +1,128 @@
-#include "tools/add_objects.h"
-
-#include "document/geometry.h"
 #include "document/numbers.h"
 #include "document/scenery_types.h"
 #include "tools/angles.h"
 #include "tools/property_text.h"
-#include "tools/slot.h"
 #include "tools/tool_change.h"
+#include "tools/tool_handlers.h"
 
 namespace vesmora {
 namespace {
 
 constexpr std::int32_t kSpawnActive = 256;
-constexpr float kSceneryOffset = 0.5f;
 
-void FillSpawn(const EditingState& state, SpawnPoint& spawn, const MouseInput& input) {
-  const WorldPoint point = PlacedPoint(state, input.x, input.y);
+/// True, with the user told, when nothing more can be added.
+template <typename TableType>
+bool RefusesFull(const Editing& editing, const TableType& table, const char* kind) {
+  if (!table.Full()) return false;
+  Refuse(editing, std::string("Max number of ") + kind + " reached.");
+  return true;
+}
+
+void Fill(const Editing& editing, SpawnPoint& spawn, const MouseInput& input) {
+  const WorldPoint point = PlacedPoint(editing, input.x, input.y);
   spawn.active = kSpawnActive;
   spawn.x = ToFixedPoint(point.x);
   spawn.y = ToFixedPoint(point.y);
-  spawn.team = RoundToUint8(state.tool.value);
+  spawn.team = RoundToUint8(editing.tool.value);
 }
 
-void FillCollider(const EditingState& state, Collider& collider, const MouseInput& input) {
-  const WorldPoint point = PlacedPoint(state, input.x, input.y);
+void Fill(const Editing& editing, Collider& collider, const MouseInput& input) {
+  const WorldPoint point = PlacedPoint(editing, input.x, input.y);
   collider.active = 1;
-  collider.x = static_cast<float>(point.x);
-  collider.y = static_cast<float>(point.y);
-  collider.radius = state.tool.value;
+  collider.x = point.x;
+  collider.y = point.y;
+  collider.radius = editing.tool.value;
 }
 
-SceneryObject MakeScenery(const EditingState& state, const MouseInput& input) {
-  const WorldPoint point = PlacedPoint(state, input.x, input.y);
-  const std::uint8_t type = RoundToUint8(state.tool.value);
+/// Spawn points and colliders: also fills the preview, but never into the table's last slot.
+template <typename TableType>
+void Add(Editing& editing, TableType& table, const char* action, const MouseInput& input) {
+  TakeUndoSnapshot(editing, action);
+  Fill(editing, table.TakeSlot(), input);
+  if (table.Count() < TableType::kCapacity - 1) Fill(editing, table.Free().front(), input);
+  RefreshAll(editing);
+}
+
+template <typename TableType>
+void ShowPreview(Editing& editing, TableType& table, const MouseInput& input) {
+  if (table.Full()) return;
+  Fill(editing, table.Free().front(), input);
+  RedrawMap(editing);
+}
+
+SceneryObject MakeScenery(const Editing& editing, const MouseInput& input) {
+  const WorldPoint point = PlacedPoint(editing, input.x, input.y);
+  const std::uint8_t type = RoundToUint8(editing.tool.value);
   const SceneryType& base = SceneryTypeOf(type);
   return {.active = 1,
           .type = type,
           .carried = {},
           .width = base.width,
           .height = base.height,
-          .x = static_cast<float>(point.x) + kSceneryOffset,
-          .y = static_cast<float>(point.y) + kSceneryOffset,
+          .x = point.x + kSceneryOffset,
+          .y = point.y + kSceneryOffset,
           .rotation = type == kLianaType ? kLianaRotation : 0,
           .scaleX = 1,
           .scaleY = 1,
-          .level = VisibilityLevel(state.tool.next.visibility),
+          .level = VisibilityLevel(NextVisibility(editing)),
           .carriedTail = {}};
 }
 
-bool IsDirectionPending(const EditingState& state) { return state.tool.value == kNoToolValue; }
-
-void PointSceneryAt(EditingState& state, const MouseInput& input) {
-  SceneryObject* scenery = PendingScenery(state);
-  if (scenery == nullptr) return;
-  const float dx = state.view.LaskeRuutu2X(input.x) - scenery->x;
-  const float dy = state.view.LaskeRuutu2Y(input.y) - scenery->y;
-  const float angle = OffsetToPolar(dx, dy).angle;
-  scenery->rotation = state.shiftDown ? SnapAngle45(angle) : angle;
+void PointLianaAt(Editing& editing, const MouseInput& input) {
+  const int slot = editing.activity.Liana();
+  if (!editing.document.sceneries.Has(slot)) return;
+  SceneryObject& liana = editing.document.sceneries[slot];
+  const WorldPoint mouse = editing.view.ToWorld(input.x, input.y);
+  const float angle = OffsetToPolar(mouse.x - liana.x, mouse.y - liana.y).angle;
+  liana.rotation = editing.shiftDown ? SnapAngle45(angle) : angle;
 }
 
 }  // namespace
 
-void PressInAddSpawn(const Editing& editing, const MouseInput& input) {
-  EditingState& state = editing.state;
-  MapDocument& document = state.document;
-  if (document.lastSpawn >= kSpawnCapacity - 1) {
-    Refuse(editing, "Max number of spawns reached.");
-    return;
-  }
-  TakeUndoSnapshot(editing, "Spwan");
-  FillSpawn(state, SlotAt(document.spawns, ++document.lastSpawn), input);
-  const int next = document.lastSpawn + 1;
-  if (next < kSpawnCapacity - 1) FillSpawn(state, SlotAt(document.spawns, next), input);
-  RefreshAll(editing);
+void PressInAddSpawn(Editing& editing, const MouseInput& input) {
+  auto& spawns = editing.document.spawns;
+  if (!RefusesFull(editing, spawns, "spawns")) Add(editing, spawns, "Spwan", input);
 }
 
-void MoveInAddSpawn(const Editing& editing, const MouseInput& input) {
-  MapDocument& document = editing.state.document;
-  if (document.lastSpawn >= kSpawnCapacity - 1) return;
-  FillSpawn(editing.state, SlotAt(document.spawns, document.lastSpawn + 1), input);
-  editing.ports.display.RedrawMap();
+void MoveInAddSpawn(Editing& editing, const MouseInput& input) {
+  ShowPreview(editing, editing.document.spawns, input);
 }
 
-void PressInAddScenery(const Editing& editing, const MouseInput& input) {
-  EditingState& state = editing.state;
-  MapDocument& document = state.document;
-  if (IsDirectionPending(state)) {
-    PointSceneryAt(state, input);
-    state.tool.value = 0;
+void PressInAddScenery(Editing& editing, const MouseInput& input) {
+  auto& sceneries = editing.document.sceneries;
+  if (editing.activity.Is(ActivityKind::kDirection)) {
+    PointLianaAt(editing, input);
+    editing.activity.Forget();
     ChangeTool(editing, ToolMode::kAddScenery);
     return;
   }
-  if (document.lastScenery >= kSceneryCapacity - 1) {
-    Refuse(editing, "Max number of sceneries reached.");
-    return;
-  }
-  const SceneryObject scenery = MakeScenery(state, input);
-  if (scenery.type == kLianaType) state.gesture.Begin(state);
-  TakeUndoSnapshot(editing, "Scenery");
-  SlotAt(document.sceneries, ++document.lastScenery) = scenery;
+  if (RefusesFull(editing, sceneries, "sceneries")) return;
+  const SceneryObject scenery = MakeScenery(editing, input);
   if (scenery.type == kLianaType) {
-    state.tool.value = kNoToolValue;
-    state.tool.pendingScenery = document.lastScenery;
+    editing.activity.Begin(ActivityKind::kDirection, editing, sceneries.Count());
   }
+  TakeUndoSnapshot(editing, "Scenery");
+  sceneries.Append(scenery);
   RefreshAll(editing);
 }
 
-void MoveInAddScenery(const Editing& editing, const MouseInput& input) {
-  EditingState& state = editing.state;
-  MapDocument& document = state.document;
-  if (IsDirectionPending(state)) {
-    PointSceneryAt(state, input);
-  } else if (document.lastScenery < kSceneryCapacity - 1) {
-    SlotAt(document.sceneries, document.lastScenery + 1) = MakeScenery(state, input);
+void MoveInAddScenery(Editing& editing, const MouseInput& input) {
+  auto& sceneries = editing.document.sceneries;
+  if (editing.activity.Is(ActivityKind::kDirection)) {
+    PointLianaAt(editing, input);
+  } else if (!sceneries.Full()) {
+    sceneries.Free().front() = MakeScenery(editing, input);
   }
-  editing.ports.display.RedrawMap();
+  RedrawMap(editing);
 }
 
-void PressInAddCollider(const Editing& editing, const MouseInput& input) {
-  EditingState& state = editing.state;
-  MapDocument& document = state.document;
-  if (document.lastCollider >= kColliderCapacity - 1) {
-    Refuse(editing, "Max number of colliders reached.");
-    return;
-  }
-  TakeUndoSnapshot(editing, "Collider");
-  FillCollider(state, SlotAt(document.colliders, ++document.lastCollider), input);
-  const int next = document.lastCollider + 1;
-  if (next < kColliderCapacity - 1) FillCollider(state, SlotAt(document.colliders, next), input);
-  RefreshAll(editing);
+void PressInAddCollider(Editing& editing, const MouseInput& input) {
+  auto& colliders = editing.document.colliders;
+  if (!RefusesFull(editing, colliders, "colliders")) Add(editing, colliders, "Collider", input);
 }
 
-void MoveInAddCollider(const Editing& editing, const MouseInput& input) {
-  MapDocument& document = editing.state.document;
-  if (document.lastCollider >= kColliderCapacity - 1) return;
-  FillCollider(editing.state, SlotAt(document.colliders, document.lastCollider + 1), input);
-  editing.ports.display.RedrawMap();
+void MoveInAddCollider(Editing& editing, const MouseInput& input) {
+  ShowPreview(editing, editing.document.colliders, input);
 }
 
 }  // namespace vesmora

@@ -1,10 +1,10 @@
-#include "tools/add_polygon.h"
+#include <optional>
 
 #include "document/geometry.h"
+#include "document/texture_mapping.h"
 #include "tools/angles.h"
 #include "tools/picking.h"
-#include "tools/texture_mapping.h"
-#include "tools/tool_change.h"
+#include "tools/tool_handlers.h"
 #include "view/palette.h"
 
 namespace vesmora {
@@ -12,194 +12,164 @@ namespace {
 
 const std::string kPolygonAction = "Polygon";
 
-struct CornerPlace {
-  float x;
-  float y;
-};
-
-CornerPlace ExactPlace(const EditingState& state, const MouseInput& input) {
-  return {state.view.LaskeRuutu2X(input.x), state.view.LaskeRuutu2Y(input.y)};
+WorldPoint ExactPlace(const Editing& editing, const MouseInput& input) {
+  return editing.view.ToWorld(input.x, input.y);
 }
 
-CornerPlace SnappedPlace(const EditingState& state, const MouseInput& input) {
-  const WorldPoint point = PlacedPoint(state, input.x, input.y);
-  return {static_cast<float>(point.x), static_cast<float>(point.y)};
+WorldPoint SnappedPlace(const Editing& editing, const MouseInput& input) {
+  return PlacedPoint(editing, input.x, input.y);
 }
 
-Polygon& LastPolygon(MapDocument& document) {
-  return document.polygons[static_cast<std::size_t>(document.lastPolygon)];
+bool IsConstructing(const Editing& editing) { return editing.activity.PlacedCorners() > 0; }
+
+/// A corner of the polygon under construction, which is the last one.
+PolygonVertex& Corner(Editing& editing, int number) {
+  return editing.document.polygons.Last().vertices[static_cast<std::size_t>(number)];
 }
 
-/// The corner that comes next of the polygon under construction.
-PolygonVertex& NextCorner(EditingState& state) {
-  return LastPolygon(state.document).vertices[static_cast<std::size_t>(state.tool.value)];
+/// The corner that comes next.
+PolygonVertex& NextCorner(Editing& editing) {
+  return Corner(editing, editing.activity.PlacedCorners());
 }
 
-const PolygonVertex* HoveredVertex(const EditingState& state) {
-  const auto& vertices = state.selection.vertices;
-  if (vertices.Empty()) return nullptr;
-  const VertexReference vertex = vertices.Items().front();
-  return &state.document.polygons[static_cast<std::size_t>(vertex.polygon)].vertices[vertex.corner];
+void SetPlace(PolygonVertex& corner, WorldPoint place) {
+  corner.x = place.x;
+  corner.y = place.y;
 }
 
-/// Recolours every corner on the hovered one's spot, so that neighbours stay seamless.
-void RecolourHovered(EditingState& state) {
-  const PolygonVertex* hovered = HoveredVertex(state);
-  if (hovered == nullptr) return;
-  const CornerPlace spot{hovered->x, hovered->y};
-  const auto used = static_cast<std::size_t>(state.document.lastPolygon + 1);
-  for (Polygon& polygon : std::span(state.document.polygons).first(used)) {
+std::optional<WorldPoint> HoveredPlace(const Editing& editing) {
+  const auto& vertices = editing.selection.vertices;
+  if (vertices.Empty()) return std::nullopt;
+  return PlaceOf(RecordOf(editing.document.polygons, vertices[0]));
+}
+
+/// Recolours every corner on a spot, so that neighbours stay seamless.
+void RecolourAt(Editing& editing, WorldPoint spot) {
+  for (Polygon& polygon : editing.document.polygons.Used()) {
     for (PolygonVertex& vertex : polygon.vertices) {
-      if (vertex.x == spot.x && vertex.y == spot.y)
-        SetColor(vertex.color, state.tool.next.vertexColor);
+      if (PlaceOf(vertex) == spot) SetColor(vertex.color, editing.tool.next.vertexColor);
     }
   }
 }
 
 /// The place at the mouse's distance from the previous corner, on the nearest of
 /// the eight directions.
-CornerPlace ConstrainCorner45(EditingState& state, const MouseInput& input) {
-  const auto previous = static_cast<std::size_t>(state.tool.value - 1);
-  const PolygonVertex& from = LastPolygon(state.document).vertices[previous];
-  const CornerPlace mouse = ExactPlace(state, input);
+WorldPoint ConstrainCorner45(Editing& editing, const MouseInput& input) {
+  const PolygonVertex& from = Corner(editing, editing.activity.PlacedCorners() - 1);
+  const WorldPoint mouse = ExactPlace(editing, input);
   const PolarOffset offset = OffsetToPolar(from.x - mouse.x, from.y - mouse.y);
-  const WorldOffset step = PolarToOffset(SnapAngle45(offset.angle) + kPi, offset.length, false);
+  const WorldPoint step = PolarToOffset(SnapAngle45(offset.angle) + kPi, offset.length, false);
   return {from.x + step.x, from.y + step.y};
 }
 
 /// Where the next corner goes before a hovered vertex may claim it.
-CornerPlace ConstructionPlace(EditingState& state, const MouseInput& input) {
-  return state.shiftDown ? ConstrainCorner45(state, input) : SnappedPlace(state, input);
+WorldPoint ConstructionPlace(Editing& editing, const MouseInput& input) {
+  return editing.shiftDown ? ConstrainCorner45(editing, input) : SnappedPlace(editing, input);
 }
 
-void PlaceFirstCorner(const Editing& editing, const MouseInput& input) {
-  EditingState& state = editing.state;
-  MapDocument& document = state.document;
-  if (document.lastPolygon >= kPolygonCapacity - 1) {
+void PlaceFirstCorner(Editing& editing, const MouseInput& input) {
+  auto& polygons = editing.document.polygons;
+  if (polygons.Full()) {
     Refuse(editing, "Max number of polygons reached.");
     return;
   }
-  state.gesture.Begin(state);
+  editing.activity.Begin(ActivityKind::kTriangle, editing);
   TakeUndoSnapshot(editing, kPolygonAction);
 
-  CornerPlace place = SnappedPlace(state, input);
-  const PolygonVertex* hovered = HoveredVertex(state);
-  if (hovered != nullptr && !SnapsToGrid(state)) place = {hovered->x, hovered->y};
-  PolygonVertex corner{.x = place.x,
-                       .y = place.y,
+  const std::optional<WorldPoint> hovered = HoveredPlace(editing);
+  PolygonVertex corner{.x = 0,
+                       .y = 0,
                        .z = 1,
                        .rhw = 1,
                        .color = {.blue = 0, .green = 0, .red = 0, .alpha = 255},
                        .u = 0,
                        .v = 0};
-  SetColor(corner.color, state.tool.next.vertexColor);
-  MapToWorld(corner);
-  RecolourHovered(state);
-  ++document.lastPolygon;
-  LastPolygon(document).vertices.fill(corner);
-  state.tool.value = 1;
+  SetPlace(corner, hovered && !SnapsToGrid(editing) ? *hovered : SnappedPlace(editing, input));
+  SetColor(corner.color, editing.tool.next.vertexColor);
+  MapTexture(corner, PlaceOf(corner));
+  if (hovered) RecolourAt(editing, *hovered);
+  polygons.TakeSlot().vertices.fill(corner);
+  editing.activity.SetPlacedCorners(1);
 }
 
 /// A step that was taken while the triangle was built comes back without it: one more, from
 /// which only the triangle is missing.
-void TakeFinishingStep(const Editing& editing) {
-  const UndoJournal& journal = editing.state.journal;
+void TakeFinishingStep(Editing& editing) {
+  const UndoJournal& journal = editing.journal;
   const bool isNewest = journal.undoAvailable >= 0 && journal.NewestAction() == kPolygonAction;
   if (!isNewest) TakeUndoSnapshot(editing, kPolygonAction);
 }
 
-void PlaceNextCorner(const Editing& editing, const MouseInput& input) {
-  EditingState& state = editing.state;
-  if (state.tool.value == 2) TakeFinishingStep(editing);
-  PolygonVertex& corner = NextCorner(state);
-  const CornerPlace place = ConstructionPlace(state, input);
-  corner.x = place.x;
-  corner.y = place.y;
-  const CornerPlace mouse = ExactPlace(state, input);
-  MapToPlace(corner, mouse.x, mouse.y);
-  const PolygonVertex* hovered = HoveredVertex(state);
-  if (hovered != nullptr && !state.shiftDown) {
-    corner.x = hovered->x;
-    corner.y = hovered->y;
-    MapToWorld(corner);
-    RecolourHovered(state);
+void PlaceNextCorner(Editing& editing, const MouseInput& input) {
+  const int number = editing.activity.PlacedCorners();
+  if (number == 2) TakeFinishingStep(editing);
+  PolygonVertex& corner = Corner(editing, number);
+  SetPlace(corner, ConstructionPlace(editing, input));
+  MapTexture(corner, ExactPlace(editing, input));
+  const std::optional<WorldPoint> hovered = HoveredPlace(editing);
+  if (hovered && !editing.shiftDown) {
+    SetPlace(corner, *hovered);
+    MapTexture(corner, *hovered);
+    RecolourAt(editing, *hovered);
   }
-  SetColor(corner.color, state.tool.next.vertexColor);
-  if (++state.tool.value < 3) return;
-  state.tool.value = 0;
-  state.gesture.End();
-  RecomputeNormals(state.document, state.document.lastPolygon);
+  SetColor(corner.color, editing.tool.next.vertexColor);
+  editing.activity.SetPlacedCorners(number + 1);
+  if (number < 2) return;
+  editing.activity.Forget();
+  RecomputeNormals(editing.document.polygons.Last());
 }
 
 /// Finds the vertex under the pointer. Where Shift or the grid place corners no new
 /// one is looked for, and one that the pointer has left is forgotten.
-void Hover(const Editing& editing, const MouseInput& input) {
-  EditingState& state = editing.state;
-  const CornerPlace mouse = ExactPlace(state, input);
-  const float reach = HoverReach(state.view);
-  const PolygonVertex* hovered = HoveredVertex(state);
-  const bool looks = !state.shiftDown && !SnapsToGrid(state);
-  const bool hasLeft = hovered != nullptr && (std::abs(hovered->x - mouse.x) > reach ||
-                                              std::abs(hovered->y - mouse.y) > reach);
-  if (!looks && !hasLeft) return;
-  if (looks) {
-    SelectInBox(editing,
-                {.left = mouse.x - reach,
-                 .right = mouse.x + reach,
-                 .top = mouse.y - reach,
-                 .bottom = mouse.y + reach},
-                false, SelectionKind::kFirstVertex);
+void Hover(Editing& editing, const MouseInput& input) {
+  const SelectionBox box = HoverBox(editing.view, ExactPlace(editing, input));
+  if (!editing.shiftDown && !SnapsToGrid(editing)) {
+    SelectInBox(editing, box, false, SelectionKind::kFirstVertex);
     return;
   }
-  ClearLists(state.selection);
-  editing.ports.display.RefreshInfoPanel();
+  const std::optional<WorldPoint> hovered = HoveredPlace(editing);
+  if (!hovered || box.Contains(*hovered)) return;
+  ClearLists(editing.selection);
+  RefreshInfoPanel(editing);
 }
 
-void FollowPointer(EditingState& state, const MouseInput& input) {
-  PolygonVertex& corner = NextCorner(state);
-  CornerPlace place = ConstructionPlace(state, input);
-  const PolygonVertex* hovered = HoveredVertex(state);
-  if (hovered != nullptr && !state.shiftDown && !SnapsToGrid(state)) {
-    place = {hovered->x, hovered->y};
-  }
-  corner.x = place.x;
-  corner.y = place.y;
-  SetColor(corner.color, state.tool.next.vertexColor);
+void CarryNextCorner(Editing& editing, const MouseInput& input) {
+  PolygonVertex& corner = NextCorner(editing);
+  const std::optional<WorldPoint> hovered = HoveredPlace(editing);
+  const bool sticks = hovered && !editing.shiftDown && !SnapsToGrid(editing);
+  SetPlace(corner, sticks ? *hovered : ConstructionPlace(editing, input));
+  SetColor(corner.color, editing.tool.next.vertexColor);
 }
 
-void FollowAsPreview(EditingState& state, const MouseInput& input) {
-  const MapDocument& document = state.document;
-  if (!state.selection.Empty() || document.lastPolygon >= kPolygonCapacity - 1) return;
+void ShowPreview(Editing& editing, const MouseInput& input) {
+  MapDocument& document = editing.document;
+  if (!editing.selection.Empty() || document.polygons.Full()) return;
   // With the grid it is the spawn table, not the polygons', that must have room: a quirk
   // that is kept.
-  if (SnapsToGrid(state) && document.lastSpawn >= kSpawnCapacity - 1) return;
-  const CornerPlace place = SnappedPlace(state, input);
-  PolygonVertex& corner =
-      state.document.polygons[static_cast<std::size_t>(document.lastPolygon + 1)].vertices[0];
-  corner.x = place.x;
-  corner.y = place.y;
+  if (SnapsToGrid(editing) && document.spawns.Full()) return;
+  SetPlace(document.polygons.Free().front().vertices[0], SnappedPlace(editing, input));
 }
 
 }  // namespace
 
-void PressInAddPolygon(const Editing& editing, const MouseInput& input) {
-  if (IsConstructing(editing.state)) {
+void PressInAddPolygon(Editing& editing, const MouseInput& input) {
+  if (IsConstructing(editing)) {
     PlaceNextCorner(editing, input);
   } else {
     PlaceFirstCorner(editing, input);
   }
-  if (!IsConstructing(editing.state)) FollowAsPreview(editing.state, input);
+  if (!IsConstructing(editing)) ShowPreview(editing, input);
   RefreshAll(editing);
 }
 
-void MoveInAddPolygon(const Editing& editing, const MouseInput& input) {
+void MoveInAddPolygon(Editing& editing, const MouseInput& input) {
   Hover(editing, input);
-  if (IsConstructing(editing.state)) {
-    FollowPointer(editing.state, input);
+  if (IsConstructing(editing)) {
+    CarryNextCorner(editing, input);
   } else {
-    FollowAsPreview(editing.state, input);
+    ShowPreview(editing, input);
   }
-  editing.ports.display.RedrawMap();
+  RedrawMap(editing);
 }
 
 }  // namespace vesmora

@@ -1,87 +1,69 @@
-#include "tools/add_waypoint.h"
-
-#include <algorithm>
-
 #include "document/numbers.h"
+#include "document/waypoint_links.h"
 #include "tools/picking.h"
+#include "tools/tool_handlers.h"
 
 namespace vesmora {
 namespace {
 
-Waypoint& WaypointAt(MapDocument& document, int slot) {
-  return document.waypoints[static_cast<std::size_t>(slot)];
-}
-
-/// False, with nothing changed, when `from` has no room. A count that a damaged
-/// file left below 0 counts as 0.
-bool AddConnection(Waypoint& from, int targetSlot) {
-  const int count = std::max(from.connectionCount, 0);
-  if (count >= kConnectionCapacity) return false;
-  from.connections[static_cast<std::size_t>(count)] = targetSlot + 1;
-  from.connectionCount = count + 1;
-  return true;
-}
-
-void Connect(const Editing& editing, int hovered) {
-  EditingState& state = editing.state;
-  std::int16_t& anchor = state.selection.connectionAnchor;
+void Connect(Editing& editing, int hovered) {
+  auto& waypoints = editing.document.waypoints;
+  const int anchor = editing.activity.Anchor();
   if (anchor != kNoIndex) {
-    if (hovered != kNoIndex) AddConnection(WaypointAt(state.document, anchor), hovered);
-    anchor = kNoIndex;
+    if (hovered != kNoIndex) AddConnection(waypoints[anchor], hovered);
+    editing.activity.Forget();
     return;
   }
-  if (WaypointAt(state.document, hovered).connectionCount >= kConnectionCapacity) {
+  if (waypoints[hovered].connectionCount >= kConnectionCapacity) {
     Refuse(editing, "Selected waypoint have max number of connections.");
     return;
   }
   TakeUndoSnapshot(editing, "Waypoint");
-  anchor = static_cast<std::int16_t>(hovered);
+  editing.activity.Begin(ActivityKind::kConnection, editing, hovered);
 }
 
-void Create(const Editing& editing, const MouseInput& input) {
-  EditingState& state = editing.state;
-  MapDocument& document = state.document;
-  if (document.lastWaypoint >= kWaypointCapacity - 1) {
+void Create(Editing& editing, const MouseInput& input) {
+  auto& waypoints = editing.document.waypoints;
+  if (waypoints.Full()) {
     Refuse(editing, "Max number of waypoints reached.");
     return;
   }
   TakeUndoSnapshot(editing, "Waypoint");
-  const int slot = ++document.lastWaypoint;
-  Waypoint& waypoint = WaypointAt(document, slot);
+  Waypoint& waypoint = waypoints.TakeSlot();
   waypoint.active = 1;
-  waypoint.id = slot + 1;
-  waypoint.x = ToFixedPoint(state.view.LaskeRuutu2X(input.x));
-  waypoint.y = ToFixedPoint(state.view.LaskeRuutu2Y(input.y));
-  waypoint.botSettings = state.tool.next.botSettings;
-  waypoint.path = state.tool.value;
+  waypoint.id = waypoints.last + 1;
+  waypoint.x = ToFixedPoint(editing.view.LaskeRuutu2X(input.x));
+  waypoint.y = ToFixedPoint(editing.view.LaskeRuutu2Y(input.y));
+  waypoint.botSettings = editing.tool.next.botSettings;
+  waypoint.path = editing.tool.value;
   waypoint.connectionCount = 0;
-  const bool isChain = state.ctrlDown || state.shiftDown;
-  if (isChain && slot >= 1) AddConnection(WaypointAt(document, slot - 1), slot);
+  const bool isChain = editing.ctrlDown || editing.shiftDown;
+  if (isChain && waypoints.last >= 1) AddConnection(waypoints[waypoints.last - 1], waypoints.last);
   RefreshAll(editing);
 }
 
 }  // namespace
 
-void PressInAddWaypoint(const Editing& editing, const MouseInput& input) {
-  const Selection& selection = editing.state.selection;
-  const int hovered = selection.waypoints.Empty() ? kNoIndex : selection.waypoints.Items().front();
-  if (hovered == kNoIndex && selection.connectionAnchor == kNoIndex) {
+void PressInAddWaypoint(Editing& editing, const MouseInput& input) {
+  const auto& listed = editing.selection.waypoints;
+  const int hovered = listed.Empty() ? kNoIndex : listed[0];
+  if (hovered == kNoIndex && editing.activity.Anchor() == kNoIndex) {
     Create(editing, input);
     return;
   }
   Connect(editing, hovered);
-  editing.ports.display.RedrawMap();
+  RedrawMap(editing);
 }
 
-void MoveInAddWaypoint(const Editing& editing, const MouseInput& input) {
-  const ViewTransform& view = editing.state.view;
-  const float x = view.LaskeRuutu2X(input.x);
-  const float y = view.LaskeRuutu2Y(input.y);
-  const float reach = HoverReach(view);
-  SelectInBox(editing,
-              {.left = x - reach, .right = x + reach, .top = y - reach, .bottom = y + reach}, false,
-              SelectionKind::kFirstWaypoint);
-  editing.ports.display.RedrawMap();
+void MoveInAddWaypoint(Editing& editing, const MouseInput& input) {
+  const WorldPoint mouse = editing.view.ToWorld(input.x, input.y);
+  SelectInBox(editing, HoverBox(editing.view, mouse), false, SelectionKind::kFirstWaypoint);
+  const auto& listed = editing.selection.waypoints;
+  // The one under the pointer lends its settings to the next one.
+  if (!listed.Empty()) {
+    editing.tool.next.botSettings = editing.document.waypoints[listed[0]].botSettings;
+  }
+  RedrawMap(editing);
 }
 
 }  // namespace vesmora

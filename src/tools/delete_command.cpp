@@ -1,10 +1,8 @@
 #include <algorithm>
 
-#include "document/scenery_types.h"
+#include "document/waypoint_links.h"
 #include "tools/edit_commands.h"
-#include "tools/slot.h"
 #include "tools/tool_change.h"
-#include "tools/waypoint_links.h"
 
 namespace vesmora {
 namespace {
@@ -14,151 +12,113 @@ using Slots = WaypointSlots;  // of any table: that of the waypoints is the larg
 template <typename List>
 Slots SlotsOf(const List& list) {
   Slots slots;
-  for (const auto slot : list.Items()) slots.set(static_cast<std::size_t>(slot));
+  for (const auto entry : list.Used()) slots.set(static_cast<std::size_t>(SlotOf(entry)));
   return slots;
 }
 
-/// Closes up the first `count` slots. Those that become free hold what the last one held,
-/// as if the others had moved down one by one.
-template <typename Table>
-void RemoveSlots(Table& table, const Slots& removed, int count) {
-  const auto last = SlotAt(table, count - 1);
-  int kept = 0;
-  for (int slot = 0; slot < count; ++slot) {
-    if (!removed[static_cast<std::size_t>(slot)]) SlotAt(table, kept++) = SlotAt(table, slot);
+/// Closes up records. The places that become free hold what the last one held, as if the
+/// others had moved down one by one.
+template <typename Record>
+void CloseUp(std::span<Record> records, const Slots& removed) {
+  const Record last = records.back();
+  std::size_t kept = 0;
+  for (std::size_t slot = 0; slot < records.size(); ++slot) {
+    if (!removed[slot]) records[kept++] = records[slot];
   }
-  std::fill(table.begin() + kept, table.begin() + count, last);
+  std::ranges::fill(records.subspan(kept), last);
 }
 
-void Forget(Polygon& polygon) {
-  for (PolygonVertex& vertex : polygon.vertices) vertex.color.alpha = 0;
-}
-
-void Forget(SpawnPoint& spawn) {
-  spawn.active = 0;
+void VacateRest(SpawnPoint& spawn) {
   spawn.team = 0;
   spawn.ySign = 0;
-  spawn.x = 0;
-  spawn.y = 0;
 }
-
-void Forget(SceneryObject& scenery) {
-  scenery.active = 0;
+void VacateRest(SceneryObject& scenery) {
   scenery.type = 0;
-  scenery.x = 0;
-  scenery.y = 0;
   scenery.scaleX = 0;
   scenery.scaleY = 0;
 }
-
-void Forget(Collider& collider) {
-  collider.active = 0;
-  collider.x = 0;
-  collider.y = 0;
-  collider.radius = 0;
-}
-
-void Forget(Waypoint& waypoint) {
-  waypoint.active = 0;
+void VacateRest(Collider& collider) { collider.radius = 0; }
+void VacateRest(Waypoint& waypoint) {
   waypoint.path = 0;
-  waypoint.x = 0;
-  waypoint.y = 0;
   waypoint.id = 0;
 }
 
-template <typename Table>
-void DeleteRecords(Table& table, std::int16_t& last, const Slots& deleted) {
+/// What a free slot no longer says; all else in it stays.
+template <typename Record>
+void Vacate(Record& record) {
+  record.active = 0;
+  record.x = 0;
+  record.y = 0;
+  VacateRest(record);
+}
+void Vacate(Polygon& polygon) {
+  for (PolygonVertex& vertex : polygon.vertices) vertex.color.alpha = 0;
+}
+
+template <typename TableType>
+void DeleteRecords(TableType& table, const Slots& deleted) {
   if (deleted.none()) return;
-  RemoveSlots(table, deleted, last + 1);
-  last = static_cast<std::int16_t>(last - static_cast<int>(deleted.count()));
-  Forget(SlotAt(table, last + 1));
+  CloseUp(table.Used(), deleted);
+  table.SetCount(table.Count() - static_cast<int>(deleted.count()));
+  Vacate(table.Free().front());
 }
 
-void DeletePolygons(EditingState& state) {
-  MapDocument& document = state.document;
-  Slots deleted;
-  for (const VertexReference& vertex : state.selection.vertices.Items()) {
-    deleted.set(static_cast<std::size_t>(vertex.polygon));
-  }
-  if (deleted.any()) RemoveSlots(document.normals, deleted, document.lastPolygon + 1);
-  DeleteRecords(document.polygons, document.lastPolygon, deleted);
-}
-
-void DeleteWaypoints(EditingState& state) {
-  MapDocument& document = state.document;
-  const Slots deleted = SlotsOf(state.selection.waypoints);
+void DeleteWaypoints(EditedMap& map, const Slots& deleted) {
   if (deleted.none()) return;
-  const int count = document.lastWaypoint + 1;
-  FollowDeletion(std::span(document.waypoints).first(static_cast<std::size_t>(count)), deleted);
-  DeleteRecords(document.waypoints, document.lastWaypoint, deleted);
-  RemoveSlots(state.waypointKeys, deleted, count);
-  const int left = document.lastWaypoint + 1;
-  for (int slot = 0; slot < left; ++slot) SlotAt(document.waypoints, slot).id = slot + 1;
-  std::fill(state.waypointKeys.begin() + left, state.waypointKeys.begin() + count, 0);
+  auto& waypoints = map.document.waypoints;
+  const auto keys = std::span(map.waypointKeys).first(waypoints.Used().size());
+  CloseUp(keys, deleted);
+  std::ranges::fill(keys.last(deleted.count()), 0);
+  FollowDeletion(waypoints.Used(), deleted);
+  DeleteRecords(waypoints, deleted);
+  for (int slot = 0; slot <= waypoints.last; ++slot) waypoints[slot].id = slot + 1;
 }
 
-void DeleteSelection(const Editing& editing) {
-  EditingState& state = editing.state;
-  MapDocument& document = state.document;
-  Selection& selection = state.selection;
-  DeletePolygons(state);
-  DeleteRecords(document.spawns, document.lastSpawn, SlotsOf(selection.spawns));
-  DeleteRecords(document.sceneries, document.lastScenery, SlotsOf(selection.sceneries));
-  DeleteRecords(document.colliders, document.lastCollider, SlotsOf(selection.colliders));
-  DeleteWaypoints(state);
-  ClearSelection(selection, editing.ports.display);
+void DeleteSelection(Editing& editing) {
+  MapDocument& document = editing.document;
+  const Selection& selection = editing.selection;
+  DeleteRecords(document.polygons, SlotsOf(selection.vertices));
+  DeleteRecords(document.spawns, SlotsOf(selection.spawns));
+  DeleteRecords(document.sceneries, SlotsOf(selection.sceneries));
+  DeleteRecords(document.colliders, SlotsOf(selection.colliders));
+  DeleteWaypoints(editing, SlotsOf(selection.waypoints));
+  ClearSelection(editing);
 }
 
 /// Takes back the last placed corner of the polygon under construction: what
 /// follows the pointer moves down to the corner that is free now.
-void TakeBackCorner(EditingState& state) {
-  if (state.tool.value == 1) {
-    EndConstruction(state);
-    state.gesture.End();
+void TakeBackCorner(Editing& editing) {
+  Activity& triangle = editing.activity;
+  if (triangle.PlacedCorners() == 1) {
+    triangle.Finish(editing);
     return;
   }
-  auto& corners = SlotAt(state.document.polygons, state.document.lastPolygon).vertices;
+  auto& corners = editing.document.polygons.Last().vertices;
   corners[1].x = corners[2].x;
   corners[1].y = corners[2].y;
   corners[2].x = corners[0].x;
   corners[2].y = corners[0].y;
   corners[1].u = 0;
   corners[1].v = 0;
-  --state.tool.value;
+  triangle.SetPlacedCorners(triangle.PlacedCorners() - 1);
 }
 
-template <typename Table>
-void TakeBackLast(Table& table, std::int16_t& last) {
-  if (last >= 0) Forget(SlotAt(table, last--));
+template <typename TableType>
+void TakeBackLast(TableType& table) {
+  if (table.Empty()) return;
+  Vacate(table.Last());
+  table.DropLast();
 }
 
-void TakeBackPolygon(EditingState& state) {
-  MapDocument& document = state.document;
-  if (IsConstructing(state)) {
-    TakeBackCorner(state);
-  } else {
-    TakeBackLast(document.polygons, document.lastPolygon);
-  }
-}
-
-void TakeBackScenery(EditingState& state) {
-  const bool wasPending = state.tool.value == kNoToolValue;
-  TakeBackLast(state.document.sceneries, state.document.lastScenery);
-  if (wasPending) {
-    state.tool.value = kLianaType;
-    state.gesture.End();
-  }
-}
-
-void TakeBackWaypoint(const Editing& editing) {
-  EditingState& state = editing.state;
-  Selection& selection = state.selection;
-  if (selection.connectionAnchor != kNoIndex) {
-    selection.connectionAnchor = kNoIndex;
+void TakeBackWaypoint(Editing& editing) {
+  Selection& selection = editing.selection;
+  const auto& waypoints = editing.document.waypoints;
+  if (editing.activity.Is(ActivityKind::kConnection)) {
+    editing.activity.Forget();
     return;
   }
-  if (selection.waypoints.Empty() && state.document.lastWaypoint >= 0) {
-    selection.waypoints.Add(state.document.lastWaypoint);
+  if (selection.waypoints.Empty() && !waypoints.Empty()) {
+    selection.waypoints.Append(waypoints.last);
   }
   // Deleting is Edit's: choosing that tool keeps the selection, coming back clears it.
   ChangeTool(editing, ToolMode::kEdit);
@@ -166,18 +126,19 @@ void TakeBackWaypoint(const Editing& editing) {
   ChangeTool(editing, ToolMode::kAddWaypoint);
 }
 
-void TakeBack(const Editing& editing) {
-  EditingState& state = editing.state;
-  MapDocument& document = state.document;
+void TakeBack(Editing& editing) {
+  MapDocument& document = editing.document;
   switch (document.toolIndex) {
     case ToolMode::kAddPolygon:
-      return TakeBackPolygon(state);
+      if (editing.activity.PlacedCorners() > 0) return TakeBackCorner(editing);
+      return TakeBackLast(document.polygons);
     case ToolMode::kAddSpawn:
-      return TakeBackLast(document.spawns, document.lastSpawn);
+      return TakeBackLast(document.spawns);
     case ToolMode::kAddScenery:
-      return TakeBackScenery(state);
+      editing.activity.Forget();  // a liana without a direction, the last one
+      return TakeBackLast(document.sceneries);
     case ToolMode::kAddCollider:
-      return TakeBackLast(document.colliders, document.lastCollider);
+      return TakeBackLast(document.colliders);
     case ToolMode::kAddWaypoint:
       return TakeBackWaypoint(editing);
     case ToolMode::kEdit:
@@ -187,14 +148,14 @@ void TakeBack(const Editing& editing) {
 
 }  // namespace
 
-void MenuDelete(const Editing& editing) {
-  EditingState& state = editing.state;
-  EndMouseWork(state);
+void MenuDelete(Editing& editing) {
+  const bool isEdit = editing.IsTool(ToolMode::kEdit);
+  if (isEdit) EndActivity(editing);
   TakeUndoSnapshot(editing, "Delete");
-  if (state.document.toolIndex != ToolMode::kEdit) {
+  if (!isEdit) {
     TakeBack(editing);
-    DropMissing(state.selection, state.document);  // the hovered one may have gone
-  } else if (state.selection.Empty()) {
+    DropMissing(editing.selection, editing.document);  // the hovered one may have gone
+  } else if (editing.selection.Empty()) {
     editing.ports.dialogs.Show({.text = "You need select something at first.",
                                 .title = "Problem",
                                 .icon = MessageIcon::kInformation});

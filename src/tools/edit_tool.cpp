@@ -1,5 +1,3 @@
-#include "tools/edit_tool.h"
-
 #include "document/geometry.h"
 #include "document/numbers.h"
 #include "document/scenery_types.h"
@@ -7,38 +5,30 @@
 #include "tools/move_selection.h"
 #include "tools/picking.h"
 #include "tools/placement.h"
+#include "tools/tool_handlers.h"
 
 namespace vesmora {
 namespace {
 
-struct WorldPosition {
-  float x;
-  float y;
-};
-
-WorldPosition ToWorld(const ViewTransform& view, const MouseInput& input) {
-  return {view.LaskeRuutu2X(input.x), view.LaskeRuutu2Y(input.y)};
-}
-
 /// The scenery that has handles: the selected one, when there is just one.
-SceneryObject* SceneryWithHandles(EditingState& state) {
-  if (state.selection.sceneries.Count() != 1) return nullptr;
-  return &state.document.sceneries[state.selection.sceneries.Items().front()];
+SceneryObject* SceneryWithHandles(Editing& editing) {
+  const auto& listed = editing.selection.sceneries;
+  return listed.Count() == 1 ? &editing.document.sceneries[listed[0]] : nullptr;
 }
 
-bool IsOnHandle(const SceneryObject& scenery, SceneryHandle handle, WorldPosition point) {
+bool IsOnHandle(const SceneryObject& scenery, SceneryHandle handle, WorldPoint point) {
   if (handle == SceneryHandle::kRotate && scenery.type == kLianaType) return false;
   return HandleHitTest(handle, scenery, RoundToInt16(point.x), RoundToInt16(point.y));
 }
 
-bool IsStrictlyInside(const SelectionBox& box, WorldPosition point) {
+bool IsStrictlyInside(const SelectionBox& box, WorldPoint point) {
   return box.Complete() && point.x > box.left && point.x < box.right && point.y > box.top &&
          point.y < box.bottom;
 }
 
 /// A press beside a selection only deselects when it is released where it is, so
 /// the far corner stays unset until the mouse moves.
-void BeginBox(SelectionBox& box, WorldPosition point) {
+void BeginBox(SelectionBox& box, WorldPoint point) {
   const bool hadBox = box != SelectionBox{};
   box = {.left = point.x,
          .right = hadBox ? kUnsetCoordinate : point.x,
@@ -46,137 +36,121 @@ void BeginBox(SelectionBox& box, WorldPosition point) {
          .bottom = hadBox ? kUnsetCoordinate : point.y};
 }
 
-void Rotate(const EditingState& state, SceneryObject& scenery, WorldPosition mouse) {
-  float angle = OffsetToPolar(mouse.x - scenery.x, mouse.y - scenery.y).angle;
-  if (state.shiftDown) angle = SnapAngle45(angle);
-  // A mirrored scenery keeps pointing at the mouse.
-  if (scenery.scaleX < 0) angle += kPi;
-  scenery.rotation = angle;
+/// The pointer as seen from a scenery's place.
+PolarOffset PullOf(const SceneryObject& scenery, WorldPoint mouse) {
+  return OffsetToPolar(mouse.x - scenery.x, mouse.y - scenery.y);
 }
 
-void Resize(SceneryObject& scenery, WorldPosition mouse) {
+void Rotate(SceneryObject& scenery, WorldPoint mouse, bool snaps) {
+  const float pulled = PullOf(scenery, mouse).angle;
+  const float angle = snaps ? SnapAngle45(pulled) : pulled;
+  // A mirrored scenery keeps pointing at the mouse.
+  scenery.rotation = scenery.scaleX < 0 ? angle + kPi : angle;
+}
+
+void Resize(SceneryObject& scenery, WorldPoint mouse) {
   const SceneryType& type = SceneryTypeOf(scenery.type);
   if (type.width == 0 || type.height == 0) return;  // an unknown type has no size to scale
-  const PolarOffset pull = OffsetToPolar(mouse.x - scenery.x, mouse.y - scenery.y);
+  const PolarOffset pull = PullOf(scenery, mouse);
   // The mouse as the unrotated scenery sees it.
-  const WorldOffset own = PolarToOffset(pull.angle - scenery.rotation, pull.length, false);
+  const WorldPoint own = PolarToOffset(pull.angle - scenery.rotation, pull.length, false);
   scenery.scaleX = own.x / static_cast<float>(type.width);
   scenery.scaleY = own.y / static_cast<float>(type.height);
 }
 
-void DragSelection(const Editing& editing, const MouseInput& input) {
-  EditingState& state = editing.state;
-  const ViewTransform& view = state.view;
-  state.selection.box = Normalised(state.selection.box);
-  MoveSelection(editing, (input.x - view.lastMouseX) / view.zoom,
-                (input.y - view.lastMouseY) / view.zoom);
-}
-
-void Drag(const Editing& editing, const MouseInput& input) {
-  EditingState& state = editing.state;
-  Selection& selection = state.selection;
-  const WorldPosition mouse = ToWorld(state.view, input);
-  SceneryObject* scenery = SceneryWithHandles(state);
-  if (selection.moving) {
-    DragSelection(editing, input);
-  } else if (selection.rotating || selection.sizing) {
-    if (scenery == nullptr) return;
-    if (selection.rotating) {
-      Rotate(state, *scenery, mouse);
-    } else {
-      Resize(*scenery, mouse);
-    }
-  } else {
-    selection.box.right = mouse.x;
-    selection.box.bottom = mouse.y;
-    SelectInBox(editing, selection.box, false, SelectionKind::kAll);
+void Drag(Editing& editing, const MouseInput& input) {
+  Selection& selection = editing.selection;
+  const ViewTransform& view = editing.view;
+  const WorldPoint mouse = view.ToWorld(input.x, input.y);
+  SceneryObject* scenery = SceneryWithHandles(editing);
+  switch (editing.activity.Kind()) {
+    case ActivityKind::kMove:
+      selection.box = Normalised(selection.box);
+      MoveSelection(editing, {(input.x - view.lastMouseX) / view.zoom,
+                              (input.y - view.lastMouseY) / view.zoom});
+      break;
+    case ActivityKind::kRotate:
+      if (scenery != nullptr) Rotate(*scenery, mouse, editing.shiftDown);
+      break;
+    case ActivityKind::kResize:
+      if (scenery != nullptr) Resize(*scenery, mouse);
+      break;
+    default:
+      selection.box.right = mouse.x;
+      selection.box.bottom = mouse.y;
+      SelectInBox(editing, selection.box, false, SelectionKind::kAll);
   }
-  editing.ports.display.RedrawMap();
+  RedrawMap(editing);
 }
 
 /// Tells by the pointer what a press would do.
-void ShowPointer(const Editing& editing, WorldPosition mouse) {
-  EditingState& state = editing.state;
-  const SelectionBox& box = state.selection.box;
-  if (box.Complete() && !state.selection.buttonHeld) {
-    editing.ports.display.SetPointer(IsStrictlyInside(box, mouse) ? PointerShape::kMove
-                                                                  : PointerShape::kDefault);
+void ShowPointer(Editing& editing, WorldPoint mouse) {
+  const SelectionBox& box = editing.selection.box;
+  if (box.Complete() && !editing.activity.HoldsButton()) {
+    editing.pointer = IsStrictlyInside(box, mouse) ? PointerShape::kMove : PointerShape::kDefault;
   }
-  const SceneryObject* scenery = SceneryWithHandles(state);
+  const SceneryObject* scenery = SceneryWithHandles(editing);
   if (scenery == nullptr) return;
   if (IsOnHandle(*scenery, SceneryHandle::kRotate, mouse)) {
-    editing.ports.display.SetPointer(PointerShape::kCross);
+    editing.pointer = PointerShape::kCross;
   } else if (IsOnHandle(*scenery, SceneryHandle::kSize, mouse)) {
-    editing.ports.display.SetPointer(PointerShape::kSizeDiagonal);
+    editing.pointer = PointerShape::kSizeDiagonal;
   }
 }
 
-void FinishPick(const Editing& editing) {
-  Selection& selection = editing.state.selection;
-  SelectionBox& box = selection.box;
+void FinishPick(Editing& editing) {
+  SelectionBox& box = editing.selection.box;
   if (box.right == kUnsetCoordinate && box.bottom == kUnsetCoordinate) {
-    ClearSelection(selection, editing.ports.display);
-    editing.ports.display.RefreshInfoPanel();
+    ClearSelection(editing);
+    RefreshInfoPanel(editing);
   } else if (box.left != box.right || box.top != box.bottom) {
     box = Normalised(box);
     SelectInBox(editing, box, false, SelectionKind::kAll);
   } else {
     PickAtPoint(editing);
   }
-  editing.ports.display.RedrawMap();
+  RedrawMap(editing);
 }
 
 }  // namespace
 
-void PressInEdit(const Editing& editing, const MouseInput& input) {
-  EditingState& state = editing.state;
-  Selection& selection = state.selection;
-  if (selection.placing) {
-    EndPlacement(state);  // the click only drops what was placed
+void PressInEdit(Editing& editing, const MouseInput& input) {
+  if (editing.activity.Is(ActivityKind::kPlacement)) {
+    editing.activity.Finish(editing);  // the click only drops what was placed
     return;
   }
-  const WorldPosition mouse = ToWorld(state.view, input);
-  const SceneryObject* scenery = SceneryWithHandles(state);
-  state.gesture.Begin(state);
-  EndDrag(selection);
-  selection.buttonHeld = true;
+  const WorldPoint mouse = editing.view.ToWorld(input.x, input.y);
+  const SceneryObject* scenery = SceneryWithHandles(editing);
+  const auto begin = [&editing](ActivityKind kind) { editing.activity.Begin(kind, editing); };
   if (scenery != nullptr && IsOnHandle(*scenery, SceneryHandle::kRotate, mouse)) {
+    begin(ActivityKind::kRotate);
     TakeUndoSnapshot(editing, "Rotate");
-    selection.rotating = true;
   } else if (scenery != nullptr && IsOnHandle(*scenery, SceneryHandle::kSize, mouse)) {
+    begin(ActivityKind::kResize);
     TakeUndoSnapshot(editing, "Size");
-    selection.sizing = true;
-  } else if (IsStrictlyInside(selection.box, mouse)) {
-    selection.moving = true;
+  } else if (IsStrictlyInside(editing.selection.box, mouse)) {
+    begin(ActivityKind::kMove);
   } else {
-    BeginBox(selection.box, mouse);
+    begin(ActivityKind::kBand);
+    BeginBox(editing.selection.box, mouse);
   }
 }
 
-void MoveInEdit(const Editing& editing, const MouseInput& input) {
-  if (editing.state.selection.placing) {
-    FollowPointer(editing, input);
+void MoveInEdit(Editing& editing, const MouseInput& input) {
+  if (editing.activity.Is(ActivityKind::kPlacement)) {
+    CarryAlong(editing, input);
     return;
   }
-  if (editing.state.selection.buttonHeld) Drag(editing, input);
-  ShowPointer(editing, ToWorld(editing.state.view, input));
+  if (editing.activity.HoldsButton()) Drag(editing, input);
+  ShowPointer(editing, editing.view.ToWorld(input.x, input.y));
 }
 
-void ReleaseInEdit(const Editing& editing) {
-  Selection& selection = editing.state.selection;
-  if (selection.placing) return;  // the press was on something else, a dialog's button perhaps
-  const bool wasHeld = editing.state.gesture.InProgress();
-  editing.state.gesture.End();
-  selection.buttonHeld = false;
-  if (selection.moving) {
-    selection.moving = false;
-  } else if (selection.rotating) {
-    selection.rotating = false;
-  } else if (selection.sizing) {
-    selection.sizing = false;
-  } else if (wasHeld) {
-    FinishPick(editing);
-  }
+void ReleaseInEdit(Editing& editing) {
+  // A release during a placement belongs to a press on something else, a dialog's button perhaps.
+  if (!editing.activity.HoldsButton()) return;
+  const bool wasBand = editing.activity.Is(ActivityKind::kBand);
+  editing.activity.Finish(editing);
+  if (wasBand) FinishPick(editing);
 }
 
 }  // namespace vesmora

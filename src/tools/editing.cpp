@@ -1,58 +1,62 @@
 #include "tools/editing.h"
 
-#include "tools/picking.h"
-#include "tools/slot.h"
-#include "tools/tool_change.h"
-#include "tools/waypoint_links.h"
+#include "document/snapshot.h"
 
 namespace vesmora {
 
-MapFileContext MapFileContextOf(const Editing& editing) {
-  return {.document = editing.state.document,
-          .selection = editing.state.selection,
-          .files = editing.ports.files,
-          .dialogs = editing.ports.dialogs,
-          .display = editing.ports.display,
-          .random = editing.ports.random};
-}
-
-void TakeUndoSnapshot(const Editing& editing, const std::string& actionName) {
-  GiveWaypointKeys(editing.state);
+void TakeUndoSnapshot(Editing& editing, const std::string& actionName) {
   // A triangle that is being built is no part of the map that undo brings back.
-  const std::int16_t unfinished = IsConstructing(editing.state) ? 1 : 0;
-  std::int16_t& lastPolygon = editing.state.document.lastPolygon;
-  lastPolygon = static_cast<std::int16_t>(lastPolygon - unfinished);
-  UndoJournal& journal = editing.state.journal;
-  if (TakeUndoSnapshot(journal, MapFileContextOf(editing), actionName)) {
-    SlotAt(journal.waypointKeys, journal.undoSlot) = editing.state.waypointKeys;
+  const int unfinished = editing.activity.PlacedCorners() > 0 ? 1 : 0;
+  auto& polygons = editing.document.polygons;
+  polygons.SetCount(polygons.Count() - unfinished);
+  const auto failure =
+      FileSnapshot(editing, editing.ports.files, editing.ports.random(), actionName);
+  polygons.SetCount(polygons.Count() + unfinished);
+  bool& failureTold = editing.journal.failureTold;
+  if (failure && !failureTold) {
+    editing.ports.dialogs.Show({.text = "File '" + failure->path +
+                                        "' could not be written: " + failure->reason +
+                                        "\nThe edit goes on, but it cannot be undone.",
+                                .title = "File error",
+                                .icon = MessageIcon::kExclamation});
   }
-  lastPolygon = static_cast<std::int16_t>(lastPolygon + unfinished);
+  failureTold = failure.has_value();
 }
 
 void Refuse(const Editing& editing, const std::string& reason) {
   editing.ports.dialogs.Show({.text = reason, .title = "Problem", .icon = MessageIcon::kCritical});
 }
 
-void RefreshAll(const Editing& editing) {
-  editing.ports.display.RefreshInfoPanel();
-  editing.ports.display.RedrawMap();
+void RefreshInfoPanel(Editing& editing) {
+  editing.tool.next.visibility.reset();
+  editing.ports.window.PanelChanged();
 }
 
-void EndMouseWork(EditingState& state) {
-  if (state.document.toolIndex != ToolMode::kEdit) return;
-  Selection& selection = state.selection;
-  EndDrag(selection);
-  state.gesture.End();
-  // A rubber band that was still drawn becomes a box to work about, or goes.
-  CompleteSelectionBox(selection, state.document);
-  selection.box = selection.Empty() ? SelectionBox{} : Normalised(selection.box);
+void RedrawMap(const Editing& editing) { editing.ports.window.MapChanged(); }
+
+void RefreshAll(Editing& editing) {
+  RefreshInfoPanel(editing);
+  RedrawMap(editing);
 }
 
-bool SnapsToGrid(const EditingState& state) { return state.view.gridSize >= 1 && !state.ctrlDown; }
+void ClearSelection(Editing& editing) {
+  ClearLists(editing.selection);
+  editing.selection.box = SelectionBox{};
+  editing.selection.moveSnapshotTaken = false;
+  editing.activity.Forget();
+  editing.pointer = PointerShape::kDefault;
+}
 
-WorldPoint PlacedPoint(const EditingState& state, float screenX, float screenY) {
-  if (SnapsToGrid(state)) return state.view.SnapToGrid(screenX, screenY);
-  return {state.view.LaskeRuutu2X(screenX), state.view.LaskeRuutu2Y(screenY)};
+void EndActivity(Editing& editing) {
+  editing.activity.Finish(editing);
+  if (editing.IsTool(ToolMode::kEdit)) SettleBox(editing.selection, editing.document);
+}
+
+bool SnapsToGrid(const Editing& editing) { return editing.view.gridSize >= 1 && !editing.ctrlDown; }
+
+WorldPoint PlacedPoint(const Editing& editing, float screenX, float screenY) {
+  return SnapsToGrid(editing) ? editing.view.SnapToGrid(screenX, screenY)
+                              : editing.view.ToWorld(screenX, screenY);
 }
 
 }  // namespace vesmora

@@ -7,14 +7,14 @@
 
 namespace vesmora {
 
-void PressMouse(const Editing& editing, const MouseInput& input);
-void MoveMouse(const Editing& editing, const MouseInput& input);
-void ReleaseMouse(const Editing& editing, const MouseInput& input);
+void PressMouse(Editing& editing, const MouseInput& input);
+void MoveMouse(Editing& editing, const MouseInput& input);
+void ReleaseMouse(Editing& editing, const MouseInput& input);
 
 /// What the pointer was over is elsewhere now, or the pointer has left the map.
-void ForgetHover(const Editing& editing);
+void ForgetHover(Editing& editing);
 
 /// Escape: ends what is in progress and leaves the map as it was before.
-void CancelGesture(const Editing& editing);
+void CancelGesture(Editing& editing);
 
 }  // namespace vesmora

@@ -1,15 +1,20 @@
-// Shifting everything that is selected.
+// Shifting what is selected.
 #pragma once
 
 #include "tools/editing.h"
 
 namespace vesmora {
 
+/// Shifts what is listed, and the box as far as it is set. `keepsTexture`: corners keep their
+/// texture coordinates instead of the texture its place on the map.
+void ShiftSelected(MapDocument& document, Selection& selection, WorldPoint offset,
+                   bool keepsTexture);
+
 /// Moves the selection and its box by world units. The first move of a selection
 /// takes the snapshot "Move"; neither redraws nor refreshes the panel.
-void MoveSelection(const Editing& editing, float dx, float dy);
+void MoveSelection(Editing& editing, WorldPoint offset);
 
 /// Moves the selection so that its box lies in the middle of the drawing area.
-void CenterSelection(const Editing& editing);
+void CenterSelection(Editing& editing);
 
 }  // namespace vesmora

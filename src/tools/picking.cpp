@@ -1,9 +1,6 @@
 #include "tools/picking.h"
 
-#include <utility>
-
 #include "document/numbers.h"
-#include "tools/tool_change.h"
 #include "view/scenery_shape.h"
 
 namespace vesmora {
@@ -11,125 +8,77 @@ namespace {
 
 constexpr float kHandleReach = 3;  // world units to each side
 
-void PutInOrder(float& low, float& high) {
-  if (!(low > high)) return;
-  const float farEdge = RoundToInt16(low);
-  low = high;
-  high = farEdge;
+template <typename Record>
+bool PassesPathFilter(const ShowOptions& /*show*/, const Record& /*record*/) {
+  return true;
 }
-
-bool Contains(const SelectionBox& box, float x, float y) {
-  return x >= box.left && x <= box.right && y >= box.top && y <= box.bottom;
-}
-
-/// Polygons that can be picked: not the one that is being built.
-int PickablePolygons(const EditingState& state) {
-  return state.document.lastPolygon + 1 - (IsConstructing(state) ? 1 : 0);
-}
-
-void FindVertices(EditingState& state, const SelectionBox& box, bool firstOnly) {
-  auto& list = state.selection.vertices;
-  const auto polygons = static_cast<std::int16_t>(PickablePolygons(state));
-  for (std::int16_t polygon = 0; polygon < polygons; ++polygon) {
-    const auto& corners = state.document.polygons[static_cast<std::size_t>(polygon)].vertices;
-    constexpr std::uint8_t kCorners = 3;
-    for (std::uint8_t corner = 0; corner < kCorners; ++corner) {
-      if (!Contains(box, corners[corner].x, corners[corner].y)) continue;
-      if (!list.Add({polygon, corner})) {
-        state.selection.buttonHeld = false;  // ends the rubber band
-        return;
-      }
-      if (firstOnly) return;
-    }
-  }
-}
-
-/// Adds every used record whose point lies in the box.
-template <typename Table, typename List, typename PointOf>
-void FindRecords(const Table& table, std::int16_t last, List& list, const SelectionBox& box,
-                 PointOf pointOf) {
-  using Index = typename decltype(list.entries)::value_type;
-  for (int i = 0; i <= last; ++i) {
-    const auto [x, y] = pointOf(table[static_cast<std::size_t>(i)]);
-    if (Contains(box, x, y)) list.Add(static_cast<Index>(i));
-  }
-}
-
-struct Point {
-  float x;
-  float y;
-};
-
-void FindWaypoints(EditingState& state, const SelectionBox& box, bool firstOnly) {
-  for (std::int16_t i = 0; i <= state.document.lastWaypoint; ++i) {
-    const Waypoint& waypoint = state.document.waypoints[static_cast<std::size_t>(i)];
-    if (!Contains(box, FromFixedPoint(waypoint.x), FromFixedPoint(waypoint.y))) continue;
-    if (!state.show.ShowsPath(waypoint.path)) continue;
-    state.selection.waypoints.Add(i);
-    if (firstOnly) return;
-  }
-}
-
-void FindEverythingElse(EditingState& state, const SelectionBox& box) {
-  const MapDocument& document = state.document;
-  Selection& selection = state.selection;
-  if (state.show.Shows(ShowFlag::kSpawns)) {
-    FindRecords(document.spawns, document.lastSpawn, selection.spawns, box,
-                [](const SpawnPoint& spawn) {
-                  return Point{FromFixedPoint(spawn.x), FromFixedPoint(spawn.y)};
-                });
-  }
-  if (state.show.Shows(ShowFlag::kSceneries)) {
-    FindRecords(document.sceneries, document.lastScenery, selection.sceneries, box,
-                [](const SceneryObject& scenery) {
-                  return Point{scenery.x - 0.5f, scenery.y - 0.5f};
-                });
-  }
-  if (state.show.Shows(ShowFlag::kColliders)) {
-    FindRecords(document.colliders, document.lastCollider, selection.colliders, box,
-                [](const Collider& collider) {
-                  return Point{collider.x, collider.y};
-                });
-  }
+bool PassesPathFilter(const ShowOptions& show, const Waypoint& waypoint) {
+  return show.ShowsPath(waypoint.path);
 }
 
 }  // namespace
 
-SelectionBox Normalised(SelectionBox box) {
-  PutInOrder(box.left, box.right);
-  PutInOrder(box.top, box.bottom);
-  return box;
+void ListInBox(const MapDocument& document, const ShowOptions& show, const SelectionBox& box,
+               SelectionKind kind, Selection& selection) {
+  ClearLists(selection);
+  const bool all = kind == SelectionKind::kAll;
+  const auto listShown = [&]<typename Entry, int kEntries>(ShowFlag flag, const auto& table,
+                                                           Table<Entry, kEntries>& list) {
+    if (!show.Shows(flag)) return;
+    VisitEntries(table, 0, [&](auto entry, const auto& record) {
+      if (!box.Contains(PlaceOf(record)) || !PassesPathFilter(show, record)) return true;
+      return list.Append(static_cast<Entry>(entry)) && all;
+    });
+  };
+  if (all || kind == SelectionKind::kFirstVertex) {
+    listShown(ShowFlag::kPolygons, document.polygons, selection.vertices);
+  }
+  if (all) {
+    listShown(ShowFlag::kSpawns, document.spawns, selection.spawns);
+    listShown(ShowFlag::kSceneries, document.sceneries, selection.sceneries);
+    listShown(ShowFlag::kColliders, document.colliders, selection.colliders);
+  }
+  if (all || kind == SelectionKind::kFirstWaypoint) {
+    listShown(ShowFlag::kWaypoints, document.waypoints, selection.waypoints);
+  }
 }
 
-void SelectInBox(const Editing& editing, const SelectionBox& box, bool keep, SelectionKind kind) {
-  EditingState& state = editing.state;
-  Selection& selection = state.selection;
-  ClearLists(selection);
-  const SelectionBox ordered = Normalised(box);
-  const bool all = kind == SelectionKind::kAll;
-  if (state.show.Shows(ShowFlag::kPolygons) && kind != SelectionKind::kFirstWaypoint) {
-    FindVertices(state, ordered, !all);
+void SelectInBox(Editing& editing, const SelectionBox& box, bool keep, SelectionKind kind) {
+  Selection& selection = editing.selection;
+  ListInBox(editing.document, editing.show, Normalised(box), kind, selection);
+  // A triangle that is being built, the last polygon, cannot be picked.
+  auto& vertices = selection.vertices;
+  const std::int16_t unfinished = editing.document.polygons.last;
+  const bool isBuilding = editing.activity.PlacedCorners() > 0;
+  while (isBuilding && !vertices.Empty() && vertices.Last().polygon == unfinished) {
+    vertices.DropLast();
   }
-  if (all) FindEverythingElse(state, ordered);
-  if (state.show.Shows(ShowFlag::kWaypoints) && kind != SelectionKind::kFirstVertex) {
-    FindWaypoints(state, ordered, !all);
+  if (!keep && selection.Empty() && !editing.activity.HoldsButton()) {
+    selection.box = SelectionBox{};
   }
-  if (!keep && selection.Empty() && !selection.buttonHeld) selection.box = SelectionBox{};
-  editing.ports.display.RefreshInfoPanel();
+  RefreshInfoPanel(editing);
 }
 
 float HoverReach(const ViewTransform& view) { return 5 / ((view.zoom + 1) / 2); }
 
-void PickAtPoint(const Editing& editing) {
-  SelectionBox& box = editing.state.selection.box;
-  const std::int16_t steps = RoundToInt16(HoverReach(editing.state.view));
+SelectionBox HoverBox(const ViewTransform& view, WorldPoint center) {
+  const float reach = HoverReach(view);
+  return {.left = center.x - reach,
+          .right = center.x + reach,
+          .top = center.y - reach,
+          .bottom = center.y + reach};
+}
+
+void PickAtPoint(Editing& editing) {
+  SelectionBox& box = editing.selection.box;
+  const std::int16_t steps = RoundToInt16(HoverReach(editing.view));
   for (std::int16_t i = 2; i <= steps; ++i) {
     box.left -= i;
     box.top -= i;
     box.right += i;
     box.bottom += i;
     SelectInBox(editing, box, true, SelectionKind::kAll);
-    if (!editing.state.selection.Empty()) break;
+    if (!editing.selection.Empty()) break;
   }
   SelectInBox(editing, box, false, SelectionKind::kAll);
 }

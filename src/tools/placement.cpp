@@ -4,25 +4,16 @@
 
 namespace vesmora {
 
-void BeginPlacement(const Editing& editing) {
-  EditingState& state = editing.state;
+void BeginPlacement(Editing& editing) {
   CenterSelection(editing);
-  state.gesture.Begin(state);
-  state.selection.placing = true;
+  editing.activity.Begin(ActivityKind::kPlacement, editing);
 }
 
-void FollowPointer(const Editing& editing, const MouseInput& input) {
-  const ViewTransform& view = editing.state.view;
-  const SelectionBox& box = editing.state.selection.box;
-  MoveSelection(editing, view.LaskeRuutu2X(input.x) - (box.left + box.right) / 2,
-                view.LaskeRuutu2Y(input.y) - (box.top + box.bottom) / 2);
-  editing.ports.display.RedrawMap();
-}
-
-void EndPlacement(EditingState& state) {
-  if (!state.selection.placing) return;
-  state.selection.placing = false;
-  state.gesture.End();
+void CarryAlong(Editing& editing, const MouseInput& input) {
+  const WorldPoint mouse = editing.view.ToWorld(input.x, input.y);
+  const WorldPoint center = editing.selection.box.Center();
+  MoveSelection(editing, {mouse.x - center.x, mouse.y - center.y});
+  RedrawMap(editing);
 }
 
 }  // namespace vesmora

@@ -1,4 +1,4 @@
-// A placement: the selection follows the pointer until a click drops it.
+// A placement: the selection follows the pointer until a press drops it.
 #pragma once
 
 #include "tools/editing.h"
@@ -7,11 +7,9 @@
 namespace vesmora {
 
 /// Centres the selection in the view and lets it follow the pointer from there.
-void BeginPlacement(const Editing& editing);
+void BeginPlacement(Editing& editing);
 
 /// Carries the selection along, the middle of its box under the pointer.
-void FollowPointer(const Editing& editing, const MouseInput& input);
-
-void EndPlacement(EditingState& state);
+void CarryAlong(Editing& editing, const MouseInput& input);
 
 }  // namespace vesmora

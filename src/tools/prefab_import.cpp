@@ -1,5 +1,7 @@
 #include "tools/prefab_import.h"
 
+#include <algorithm>
+
 #include "document/prefab_file.h"
 #include "platform/text.h"
 #include "tools/move_selection.h"
@@ -11,50 +13,34 @@ namespace {
 
 constexpr float kSpaceWidth = 20;  // world units
 
-/// Last used slots, to tell later what has been appended.
-struct TableEnds {
-  std::int16_t polygon;
-  std::int16_t scenery;
-  std::int16_t collider;
+/// What the tables held, to tell later what has been appended.
+struct TableCounts {
+  int polygons;
+  int sceneries;
+  int colliders;
 };
 
-TableEnds EndsOf(const MapDocument& document) {
-  return {document.lastPolygon, document.lastScenery, document.lastCollider};
+TableCounts CountsOf(const MapDocument& document) {
+  return {document.polygons.Count(), document.sceneries.Count(), document.colliders.Count()};
 }
 
-void SelectAppended(EditingState& state, const TableEnds& before) {
-  const MapDocument& document = state.document;
-  Selection& selection = state.selection;
+void SelectAppended(Editing& editing, const TableCounts& before) {
+  const MapDocument& document = editing.document;
+  Selection& selection = editing.selection;
   ClearLists(selection);
-  for (int slot = before.polygon + 1; slot <= document.lastPolygon; ++slot) {
-    for (std::uint8_t corner = 0; corner < 3; ++corner) {
-      selection.vertices.Add({static_cast<std::int16_t>(slot), corner});
-    }
-  }
-  for (int slot = before.scenery + 1; slot <= document.lastScenery; ++slot) {
-    selection.sceneries.Add(static_cast<std::uint8_t>(slot));
-  }
-  for (int slot = before.collider + 1; slot <= document.lastCollider; ++slot) {
-    selection.colliders.Add(static_cast<std::uint8_t>(slot));
-  }
+  ListFrom(before.polygons, document.polygons, selection.vertices);
+  ListFrom(before.sceneries, document.sceneries, selection.sceneries);
+  ListFrom(before.colliders, document.colliders, selection.colliders);
 }
 
 /// False when not all records fitted.
-template <typename Table, typename Records>
-bool Append(Table& table, std::int16_t& last, const Records& records) {
-  for (const auto& record : records) {
-    if (last >= static_cast<int>(table.size()) - 1) return false;
-    table[static_cast<std::size_t>(++last)] = record;
-  }
-  return true;
-}
-
 bool AppendPrefab(MapDocument& document, const Prefab& prefab) {
-  std::int16_t lastNormals = document.lastPolygon;
-  Append(document.normals, lastNormals, prefab.normals);
-  const bool polygonsFit = Append(document.polygons, document.lastPolygon, prefab.polygons);
-  const bool sceneriesFit = Append(document.sceneries, document.lastScenery, prefab.sceneries);
-  const bool collidersFit = Append(document.colliders, document.lastCollider, prefab.colliders);
+  const auto append = [](auto& table, const auto& records) {
+    return std::ranges::all_of(records, [&](const auto& record) { return table.Append(record); });
+  };
+  const bool polygonsFit = append(document.polygons, prefab.polygons);
+  const bool sceneriesFit = append(document.sceneries, prefab.sceneries);
+  const bool collidersFit = append(document.colliders, prefab.colliders);
   return polygonsFit && sceneriesFit && collidersFit;
 }
 
@@ -72,7 +58,7 @@ std::optional<Prefab> LoadPrefab(const Editing& editing, const std::string& path
   }
   if (!ReadPrefabHeader(file.bytes).isKnownVersion) {
     problem = "File '" + path + "' is not Vesmora " VESMORA_VERSION " prop file.";
-    if (!editing.state.shiftDown) return std::nullopt;
+    if (!editing.shiftDown) return std::nullopt;
   }
   std::optional<Prefab> prefab = ReadPrefab(file.bytes);
   if (!prefab && problem.empty()) {
@@ -81,31 +67,27 @@ std::optional<Prefab> LoadPrefab(const Editing& editing, const std::string& path
   return prefab;
 }
 
-/// Moves the newest letter before the text so far: onto the line, and everything
-/// to the left by the letter's width.
-void SetLetter(const Editing& editing, const TableEnds& before) {
-  EditingState& state = editing.state;
-  if (state.selection.Empty()) return;
-  const SelectionBox letter = BoundsOf(state.selection, state.document);
-  MoveSelection(editing, -letter.left, -letter.top);
-  MoveSelection(editing, 0, -(letter.bottom - letter.top) / 2);
-  SelectAppended(state, before);
-  MoveSelection(editing, -BoundsOf(state.selection, state.document).right, 0);
+/// Letters are set where they belong; placing the text is what is undone.
+void Shift(Editing& editing, WorldPoint offset) {
+  ShiftSelected(editing.document, editing.selection, offset, editing.tool.next.noTextureCorrection);
 }
 
-void LeaveSpace(const Editing& editing, const TableEnds& before) {
-  SelectAppended(editing.state, before);
-  if (!editing.state.selection.Empty()) MoveSelection(editing, -kSpaceWidth, 0);
+/// Moves the newest letter before the text so far: onto the line, and everything
+/// to the left by the letter's width.
+void SetLetter(Editing& editing, const TableCounts& before) {
+  if (editing.selection.Empty()) return;
+  const SelectionBox letter = BoundsOf(editing.selection, editing.document);
+  Shift(editing, {-letter.left, -letter.top});
+  Shift(editing, {0, -(letter.bottom - letter.top) / 2});
+  SelectAppended(editing, before);
+  Shift(editing, {-BoundsOf(editing.selection, editing.document).right, 0});
 }
 
 }  // namespace
 
-void ImportPrefab(const Editing& editing, const std::string& path, ImportManner manner) {
-  EditingState& state = editing.state;
-  ResetDragState(state.selection);
-  state.gesture.End();
+void ImportPrefab(Editing& editing, const std::string& path, ImportManner manner) {
   ChangeTool(editing, ToolMode::kEdit);
-  ClearSelection(state.selection, editing.ports.display);
+  ClearSelection(editing);
 
   std::string problem;
   const std::optional<Prefab> prefab = LoadPrefab(editing, path, problem);
@@ -115,39 +97,35 @@ void ImportPrefab(const Editing& editing, const std::string& path, ImportManner 
   }
   if (!prefab) return;
 
-  const TableEnds before = EndsOf(state.document);
-  const bool allFitted = AppendPrefab(state.document, *prefab);
-  SelectAppended(state, before);
+  const TableCounts before = CountsOf(editing.document);
+  const bool allFitted = AppendPrefab(editing.document, *prefab);
+  SelectAppended(editing, before);
   if (!allFitted && manner == ImportManner::kPlaced) {
     Refuse(editing, "Some of imported objects couldn't be pasted");
   }
-  UpdateSelectionBox(state.selection, state.document);
-  if (manner == ImportManner::kPlaced && !state.selection.Empty()) BeginPlacement(editing);
+  UpdateSelectionBox(editing.selection, editing.document);
+  if (manner == ImportManner::kPlaced && !editing.selection.Empty()) BeginPlacement(editing);
 }
 
-void PlaceAuthorText(const Editing& editing, const std::string& text,
-                     const std::string& alphabetFolder) {
-  EditingState& state = editing.state;
-  EndConstruction(state);
-  EndDrag(state.selection);
-  state.gesture.End();
-  const TableEnds before = EndsOf(state.document);
+void PlaceAuthorText(Editing& editing, const std::string& text, const std::string& alphabetFolder) {
+  editing.activity.Finish(editing);
+  Selection& selection = editing.selection;
+  const TableCounts before = CountsOf(editing.document);
   for (const char character : LowerCaseSingleByte(text)) {
     const int code = static_cast<unsigned char>(character);
     const std::string letter = alphabetFolder + std::to_string(code) + ".pre";
     if (FileExists(editing.ports.files, letter)) {
       ImportPrefab(editing, letter, ImportManner::kQuiet);
-      state.selection.moveSnapshotTaken = true;  // the whole text is one undo step
       SetLetter(editing, before);
     } else {
-      state.selection.moveSnapshotTaken = true;
-      LeaveSpace(editing, before);
+      SelectAppended(editing, before);
+      Shift(editing, {-kSpaceWidth, 0});
     }
   }
-  SelectAppended(state, before);
-  UpdateSelectionBox(state.selection, state.document);
-  state.selection.moveSnapshotTaken = !state.selection.Empty();
-  if (!state.selection.Empty()) BeginPlacement(editing);
+  SelectAppended(editing, before);
+  UpdateSelectionBox(selection, editing.document);
+  selection.moveSnapshotTaken = !selection.Empty();  // the step "Author" is the one
+  if (!selection.Empty()) BeginPlacement(editing);
 }
 
 }  // namespace vesmora

@@ -8,8 +8,8 @@ namespace vesmora {
 
 /// The rectangle's two sides as offsets from the scenery's position.
 struct ScenerySides {
-  WorldOffset along;   // ends at the rotate handle
-  WorldOffset across;  // both together end at the size handle
+  WorldPoint along;   // ends at the rotate handle
+  WorldPoint across;  // both together end at the size handle
 };
 
 ScenerySides SidesOf(const SceneryObject& scenery);

@@ -20,13 +20,6 @@ int IndexIn(const List& list, Value value) {
   return static_cast<int>(std::ranges::find(list, value) - list.begin());
 }
 
-bool StepZoom(ViewTransform& view, int step) {
-  const int index = ZoomIndex(view) + step;
-  if (index < 0 || index >= static_cast<int>(kZoomLevels.size())) return false;
-  view.zoom = kZoomLevels[static_cast<std::size_t>(index)];
-  return true;
-}
-
 bool GridIsTooDense(const ViewTransform& view) {
   if (view.gridSize < 1) return false;
   if (view.zoom < 1 && view.gridSize < 25) return true;
@@ -34,9 +27,9 @@ bool GridIsTooDense(const ViewTransform& view) {
 }
 
 /// Nearest multiple of the grid to a coordinate that is rounded first.
-double SnapToWorldGrid(float world, std::int16_t gridSize) {
+float SnapToWorldGrid(float world, std::int16_t gridSize) {
   const double whole = RoundToInt16(world);
-  return RoundToInt32(whole / gridSize) * static_cast<double>(gridSize);
+  return static_cast<float>(RoundToInt32(whole / gridSize) * gridSize);
 }
 
 float SnapToWindowGrid(float screen, double spacing) {
@@ -71,7 +64,7 @@ WorldPoint ViewTransform::SnapToGrid(float screenX, float screenY) const {
           SnapToWorldGrid(LaskeRuutu2Y(screenY), gridSize)};
 }
 
-WorldOffset PolarToOffset(float angle, float radius, bool swapAxes) {
+WorldPoint PolarToOffset(float angle, float radius, bool swapAxes) {
   if (swapAxes) {
     return {static_cast<float>(std::sin(double{angle}) * radius),
             static_cast<float>(std::cos(double{angle}) * radius)};
@@ -92,15 +85,16 @@ int ZoomIndex(const ViewTransform& view) { return IndexIn(kZoomLevels, view.zoom
 
 int GridIndex(const ViewTransform& view) { return IndexIn(kGridSizes, view.gridSize); }
 
-bool ZoomIn(ViewTransform& view) { return StepZoom(view, -1); }
-
-bool ZoomOut(ViewTransform& view) { return StepZoom(view, 1); }
+bool StepZoomLevel(ViewTransform& view, int step) {
+  const int index = ZoomIndex(view) + step;
+  if (index < 0 || index >= static_cast<int>(kZoomLevels.size())) return false;
+  view.zoom = kZoomLevels[static_cast<std::size_t>(index)];
+  return true;
+}
 
 bool ZoomByWheel(ViewTransform& view, int delta) {
   constexpr int kNotch = 120;
-  if (delta == kNotch) return ZoomIn(view);
-  if (delta == -kNotch) return ZoomOut(view);
-  return false;
+  return std::abs(delta) == kNotch && StepZoomLevel(view, -delta / kNotch);
 }
 
 bool CoarsenGrid(ViewTransform& view) {

@@ -5,14 +5,9 @@
 #include <array>
 #include <cstdint>
 
-#include "view/canvas.h"
+#include "document/world_point.h"
 
 namespace vesmora {
-
-struct WorldPoint {
-  double x = 0;
-  double y = 0;
-};
 
 /// Sizes of the client area and of the panels over its edges, in pixels.
 struct DrawingArea {
@@ -47,19 +42,17 @@ struct ViewTransform {
   float LaskeRuutu2X(float screenX) const;
   float LaskeRuutu2Y(float screenY) const;
 
+  WorldPoint ToWorld(float screenX, float screenY) const {
+    return {LaskeRuutu2X(screenX), LaskeRuutu2Y(screenY)};
+  }
+
   /// The grid point nearest to a window position. Only with gridSize >= 1.
   WorldPoint SnapToGrid(float screenX, float screenY) const;
 };
 
-/// World units.
-struct WorldOffset {
-  float x = 0;
-  float y = 0;
-};
-
 /// Offset of a point at `radius` in direction `angle` (radians, counter-clockwise
 /// on a screen whose y points down); `swapAxes` gives the direction at right angles.
-WorldOffset PolarToOffset(float angle, float radius, bool swapAxes);
+WorldPoint PolarToOffset(float angle, float radius, bool swapAxes);
 
 struct PolarOffset {
   float angle = 0;  // radians, in (-pi/2, 3 pi/2)
@@ -72,9 +65,8 @@ PolarOffset OffsetToPolar(float dx, float dy);
 int ZoomIndex(const ViewTransform& view);
 int GridIndex(const ViewTransform& view);
 
-/// True, with the zoom changed, when there is a next larger or smaller one.
-bool ZoomIn(ViewTransform& view);
-bool ZoomOut(ViewTransform& view);
+/// One zoom larger (-1) or smaller (1) in the list; false, with nothing changed, at its ends.
+bool StepZoomLevel(ViewTransform& view, int step);
 
 /// The wheel moves one zoom step per whole notch of +-120; anything else is no notch.
 bool ZoomByWheel(ViewTransform& view, int delta);

@@ -52,7 +52,7 @@ void WorldPainter::PiirraReitti(float x1, float y1, float x2, float y2) {
   if (IsNearWindow(ToScreen(middleX, middleY), 2 * kBarbLength * view_.zoom)) {
     const float angle = OffsetToPolar(dx, dy).angle;
     for (const float barb : {angle + kBarbAngle, angle - kBarbAngle}) {
-      const WorldOffset offset = PolarToOffset(barb, kBarbLength, false);
+      const WorldPoint offset = PolarToOffset(barb, kBarbLength, false);
       DrawWorldLine(middleX, middleY, middleX - offset.x, middleY - offset.y, false);
     }
   }

@@ -9,7 +9,8 @@
 #include "app/keys.h"
 #include "app/start_up.h"
 #include "app/undo_commands.h"
-#include "panel/map_handlers.h"
+#include "app/window_placement.h"
+#include "panel/panel_handlers.h"
 #include "support/editor_bench.h"
 #include "support/map_builder.h"
 
@@ -24,23 +25,25 @@ class StartUpTest : public testing::Test, protected EditorBench {
  protected:
   /// The messages of a start with these arguments.
   std::vector<Message> Start(const std::string& arguments) {
-    state.redrawSuppressed = true;
+    editor.redrawSuppressed = true;
     events.clear();
     FirstActivation(editor, arguments);
     return TakeMessages();
   }
 
   const std::string game_ = folder / "game/Soldat.exe";
-  Slots& recent_ = state.recent.slots;
+  Slots& recent_ = editor.recent.slots;
 };
 
 TEST_F(StartUpTest, TheFirstActivationTellsWhatIsMissing) {
+  int drawn = 0;
+  window.onRedraw = [&] { drawn += editor.redrawSuppressed ? 0 : 1; };
   EXPECT_THAT(Start("/no such.pmp"),
               ElementsAre(FileError("File '" + AbsolutePath("/no such.pmp") + "' not found."),
                           Message{game_ + " not found.\nExtract Vesmora in Soldat directory for "
                                           "full effect.",
                                   "Warning", MessageIcon::kExclamation}));
-  EXPECT_EQ(std::ranges::count(events, "RedrawMap"), 1) << "nothing is drawn before the end";
+  EXPECT_EQ(drawn, 1) << "nothing is drawn before the end";
   EXPECT_LT(std::ranges::find(events, "LayOut"), std::ranges::find(events, "Show File error"));
   EXPECT_EQ(WindowTitle("1.2", "BETA") + WindowTitle("1.2", "Beta"),
             "Vesmora  1.2 BETAVesmora  1.2");
@@ -48,22 +51,22 @@ TEST_F(StartUpTest, TheFirstActivationTellsWhatIsMissing) {
 
 TEST_F(StartUpTest, OneArgumentNamesAFile) {
   PutFile(game_, {});
-  const std::string map = PutMap("my map.PmP");
+  const std::string named = PutMap("my map.PmP");
   const Message unknown{"Unknow filetype", "Argument file open", MessageIcon::kCritical};
   const std::string absolute = AbsolutePath("a.pmp");
   using Row = std::tuple<std::string, std::string, std::vector<Message>>;
   for (const auto& [arguments, opened, messages] :
        {Row("  .pmp  ", "", {}), Row("\"   \"", "", {unknown}), Row("map.pmp.txt", "", {unknown}),
         Row("a.pmp", "", {FileError("File '" + absolute + "' not found.")}),
-        Row("  " + map + " ", map, {}), Row(" \"" + map + "\" ", map, {})}) {
+        Row("  " + named + " ", named, {}), Row(" \"" + named + "\" ", named, {})}) {
     EXPECT_EQ(Start(arguments), messages) << arguments;
-    EXPECT_EQ(document.fileName, opened.empty() ? "" : AbsolutePath(opened)) << arguments;
+    EXPECT_EQ(map.fileName, opened.empty() ? "" : AbsolutePath(opened)) << arguments;
   }
   settings.values = {{"Recent/0", "/maps/a.pmp"}};
-  Start(map);
+  Start(named);
   EXPECT_THAT(recent_, ElementsAre("/maps/a.pmp", "", "", "", "")) << "no recent one";
   EXPECT_THAT(Start(PutMap("a.Pre", "bunker.pre")), IsEmpty());
-  EXPECT_GE(document.lastPolygon, 0);
+  EXPECT_GE(map.polygons.last, 0);
   EXPECT_FALSE(selection.Empty() || journal.caption == "&Undo Import");
 }
 
@@ -76,13 +79,13 @@ TEST_F(StartUpTest, RecentFilesOpenOrLeaveTheirSlot) {
   EXPECT_THAT(recent_, ElementsAre(a, "/gone.pmp", c, "", "A"));
   EXPECT_EQ(events.back(), "RefreshInfoPanel") << "the menus are shown anew";
   MenuRekentti(editor, 2);
-  EXPECT_EQ(document.fileName, c);
+  EXPECT_EQ(map.fileName, c);
   EXPECT_THAT(recent_, ElementsAre(c, a, "/gone.pmp", "", ""));
   EXPECT_THAT(settings.values, IsEmpty()) << "kept at the end only";
   files.FailAll("Read", EIO);
   MenuRekentti(editor, 1);
   EXPECT_EQ(recent_[1], a) << "there, but cannot be read now";
-  for (const char* path : {"d", "d", "D"}) AddRecent(state.recent, path);
+  for (const char* path : {"d", "d", "D"}) AddRecent(editor.recent, path);
   EXPECT_THAT(recent_, ElementsAre("D", "d", c, a, "/gone.pmp")) << "letters' case counts";
 }
 
@@ -94,10 +97,10 @@ TEST_F(StartUpTest, TheEndKeepsSettingsAndThenDeletesTheSnapshots) {
   settings.onWrite = [&] { EXPECT_TRUE(std::filesystem::exists(snapshot)); };
   CleanUp(editor);
   EXPECT_FALSE(std::filesystem::exists(snapshot));
-  LoadRecent(state.recent, settings);
+  LoadRecent(editor.recent, settings);
   EXPECT_EQ(recent_, (Slots{"/maps/a b.pmp", "a.pm", "/maps/c.pmp", "", ""}));
-  EXPECT_FALSE(RecentMenuItemOf(state.recent, 1).visible);
-  EXPECT_EQ(RecentMenuItemOf(state.recent, 2).caption, "&3 /maps/c.pmp");
+  EXPECT_FALSE(RecentMenuItemOf(editor.recent, 1).visible);
+  EXPECT_EQ(RecentMenuItemOf(editor.recent, 2).caption, "&3 /maps/c.pmp");
   const WindowPlacement again = LoadPlacement(settings);
   EXPECT_THAT((std::array{again.state, again.top, again.left, again.width, again.height}),
               ElementsAre(2, -7, 8, std::nullopt, 700));
@@ -127,10 +130,10 @@ TEST_F(StartUpTest, AWindowCanAlwaysBeReached) {
 class KeysTest : public testing::Test, protected EditorBench {
  protected:
   const PolygonVertex& AddSelectedTriangle() {
-    AddTriangle(document, {{{0, 0}, {50, 0}, {0, 50}}});
-    SelectEverything(selection, document);
+    AddTriangle(map, {{{0, 0}, {50, 0}, {0, 50}}});
+    SelectEverything(selection, map);
     events.clear();
-    return document.polygons[0].vertices[1];
+    return map.polygons[0].vertices[1];
   }
 };
 
@@ -143,10 +146,10 @@ TEST_F(KeysTest, CommandsKnowTheirToolAndNoShortcutOrMnemonicMeansTwoThings) {
     const std::string_view menu = MenuCaptions()[static_cast<std::size_t>(command.menu)];
     EXPECT_TRUE(shortcuts.insert({menu, command.caption.at(command.caption.find('&') + 1)}).second);
     EXPECT_TRUE(command.shortcut.empty() || shortcuts.insert({command.shortcut, 0}).second) << name;
-    document.toolIndex = ToolMode::kEdit;
-    EXPECT_EQ(IsEnabled(command, state), name != "MenuPaste") << name << ": nothing is copied";
-    document.toolIndex = ToolMode::kAddPolygon;
-    EXPECT_EQ(IsEnabled(command, state), !needEdit.contains(command.name)) << name;
+    map.toolIndex = ToolMode::kEdit;
+    EXPECT_EQ(command.isEnabled(editor), name != "MenuPaste") << name << ": nothing is copied";
+    map.toolIndex = ToolMode::kAddPolygon;
+    EXPECT_EQ(command.isEnabled(editor), !needEdit.contains(command.name)) << name;
   }
 }
 
@@ -156,8 +159,8 @@ TEST_F(KeysTest, ArrowsMoveTheSelectionInStepsOrArePassedOn) {
        {Row(false, false, Key::kLeft, -1, 0), Row(true, false, Key::kUp, 0, -0.1f),
         Row(false, true, Key::kRight, 10, 0), Row(true, true, Key::kDown, 0, 50)}) {
     MenuNew(editor);
-    state.view.zoom = 4;
-    state.view.gridSize = 25;  // neither counts
+    editor.view.zoom = 4;
+    editor.view.gridSize = 25;  // neither counts
     const PolygonVertex& corner = AddSelectedTriangle();
     KeyUp(editor, Key::kShift);
     KeyUp(editor, Key::kCtrl);
@@ -173,7 +176,7 @@ TEST_F(KeysTest, ArrowsMoveTheSelectionInStepsOrArePassedOn) {
     EXPECT_EQ(journal.undoAvailable, 0) << "a move after Undo is a step of its own";
   }
   Choose(ToolMode::kAddPolygon);
-  selection.vertices.Add({0, 1});  // the one under the pointer
+  selection.vertices.Append({0, 1});  // the one under the pointer
   EXPECT_FALSE(Press(Key::kLeft));
   Choose(ToolMode::kEdit);
   ClearLists(selection);
@@ -190,14 +193,13 @@ TEST_F(KeysTest, EscapeTakesBackWhatIsInProgressAndNoMore) {
   Press(Key::kEscape);
   EXPECT_EQ(Status(), "2: 0 1 0 0 0, 2 &Undo Spwan");
   Choose(ToolMode::kAddPolygon);
-  state.tool.next.vertexColor = {1, 2, 3};
+  editor.tool.next.vertexColor = {1, 2, 3};
   Click(300, 300);
   dialogs.chosenColors = {0x030201};
-  const Editing editing = editor.AsEditing();
-  RunHandler({editing, state.panel}, CBtausta1_Click);
+  RunHandler(editor, CBtausta1_Click);
   Press(Key::kEscape);
-  EXPECT_EQ(document.backgroundColor1.blue, 3) << "chosen elsewhere in between";
-  EXPECT_EQ(state.tool.next.vertexColor, (Rgb{1, 2, 3})) << "as chosen for the next one";
+  EXPECT_EQ(map.backgroundColor1.blue, 3) << "chosen elsewhere in between";
+  EXPECT_EQ(editor.tool.next.vertexColor, (Rgb{1, 2, 3})) << "as chosen for the next one";
   EXPECT_EQ(Status(), "1: 0 1 0 0 0, 4 &Undo Background");
   // Finished after such a step, the triangle is a step of its own.
   for (const float x : {300.f, 400.f, 350.f}) {
@@ -209,10 +211,10 @@ TEST_F(KeysTest, EscapeTakesBackWhatIsInProgressAndNoMore) {
   MenuNew(editor);
   const PolygonVertex& corner = AddSelectedTriangle();
   const auto drag = [&] {
-    const float x = state.view.LaskeRuutuX(20);
-    const float y = state.view.LaskeRuutuY(20);
-    PressMouse(editing, {MouseButton::kLeft, x, y});
-    MoveMouse(editing, {MouseButton::kLeft, x + 40, y});
+    const float x = editor.view.LaskeRuutuX(20);
+    const float y = editor.view.LaskeRuutuY(20);
+    PressMouse(editor, {MouseButton::kLeft, x, y});
+    MoveMouse(editor, {MouseButton::kLeft, x + 40, y});
     EXPECT_EQ(corner.x, 90);
   };
   drag();
@@ -226,7 +228,7 @@ TEST_F(KeysTest, EscapeTakesBackWhatIsInProgressAndNoMore) {
   EXPECT_EQ(corner.x, 51);
   // An undo file that cannot be read must not leave Escape looking for its step.
   Snapshot("Color");
-  PressMouse(editing, {MouseButton::kLeft, state.view.LaskeRuutuX(20), 400});
+  PressMouse(editor, {MouseButton::kLeft, editor.view.LaskeRuutuX(20), 400});
   files.FailAll("OpenToRead", EIO);
   MenuUndo(editor);
   Press(Key::kEscape);

@@ -18,19 +18,19 @@ class FileCommandsTest : public testing::Test, protected EditorBench {
  protected:
   /// All that a cancelled or failed command must leave as it was.
   auto Everything() {
-    return std::tuple(StateOf(document), Status(), state.recent.slots, selection.TotalCounter(),
-                      state.view.zoom, state.tool.value, settings.values);
+    return std::tuple(StateOf(map), Status(), editor.recent.slots, selection.TotalCounter(),
+                      editor.view.zoom, editor.tool.value, settings.values);
   }
   /// A view, a tool, a history and a selection far from those of a fresh map.
   void Disturb() {
     Choose(ToolMode::kAddPolygon);
     Click(300, 300);
-    SelectEverything(selection, document);
-    state.view.centerX = state.view.centerY = state.view.zoom = 4;
-    state.view.gridSize = 25;
-    state.show.showFlags = {0, 0, 1, 0, 0, 1, 0};
+    SelectEverything(selection, map);
+    editor.view.centerX = editor.view.centerY = editor.view.zoom = 4;
+    editor.view.gridSize = 25;
+    editor.show.showFlags = {0, 0, 1, 0, 0, 1, 0};
     settings.values["Recent/Path"] = "/last/";
-    state.recent = {};
+    editor.recent = {};
     events.clear();
   }
   Bytes Backup() { return FileBytes(Temp("backup.pmp")); }
@@ -54,26 +54,27 @@ TEST_F(FileCommandsTest, NewAndOpenStartAllOver) {
     dialogs.chosenFiles = {path};
     const std::int16_t slot = journal.undoSlot;
     path.empty() ? MenuNew(editor) : MenuOpen(editor);
-    const ViewTransform& view = state.view;
+    const ViewTransform& view = editor.view;
     EXPECT_THAT((std::array{view.centerX, view.centerY, view.zoom}), ElementsAre(0, 0, 1));
-    EXPECT_EQ(view.gridSize + state.tool.value, 0);
-    EXPECT_THAT(state.show.showFlags, ElementsAre(1, 1, 1, 1, 1, 0, 0));
-    EXPECT_TRUE(selection.Empty() && !selection.box.Complete() && !state.gesture.InProgress());
+    EXPECT_EQ(view.gridSize + editor.tool.value, 0);
+    EXPECT_THAT(editor.show.showFlags, ElementsAre(1, 1, 1, 1, 1, 0, 0));
+    EXPECT_TRUE(selection.Empty() && !selection.box.Complete() &&
+                editor.activity.Is(ActivityKind::kNone));
     EXPECT_TRUE(Status().starts_with("0: " + std::to_string(polygons)) &&
                 Status().ends_with(", 0 &Undo"));
     EXPECT_EQ(journal.undoSlot, slot) << "no snapshot was taken, no slot given back";
-    EXPECT_EQ(document.fileName, polygons > 0 ? path : "");
+    EXPECT_EQ(map.fileName, polygons > 0 ? path : "");
     EXPECT_EQ(TakeMessages(), std::vector(message.empty() ? 0U : 1U, FileError(message)));
-    EXPECT_EQ(state.recent.slots[0], path == small ? small : "") << path;
+    EXPECT_EQ(editor.recent.slots[0], path == small ? small : "") << path;
     if (path.empty()) continue;
     EXPECT_EQ(settings.values["Recent/Path"], path == "/no.pmp" ? "/" : folder.Path()) << path;
     const auto& [directory, fileName, filter] = dialogs.requests.back();
     EXPECT_EQ(directory + fileName + "|" + filter.description + "|" + filter.pattern,
               "/last/|Soldat Map (*.pmp)|*.PMP");
   }
-  state.shiftDown = true;
+  editor.shiftDown = true;
   OpenMap(editor, cut);
-  EXPECT_EQ(document.fileName, cut) << "Shift lets a map of the wrong size in";
+  EXPECT_EQ(map.fileName, cut) << "Shift lets a map of the wrong size in";
 }
 
 TEST_F(FileCommandsTest, CancelledOrUnreadableChangesNothing) {
@@ -96,13 +97,12 @@ TEST_F(FileCommandsTest, SaveKeepsTheHistoryAndOneBackup) {
   const Bytes old = FileBytes(path);
   Disturb();
   MenuSave(editor);
-  EXPECT_THAT(events,
-              ElementsAre("SetPointer 0", "RefreshInfoPanel", "RedrawMap", "RefreshInfoPanel"));
+  EXPECT_THAT(events, ElementsAre("RefreshInfoPanel", "RedrawMap", "RefreshInfoPanel"));
   EXPECT_TRUE(Backup() == old);
   const Bytes first = FileBytes(path);
   EXPECT_EQ(journal.caption, "&Undo Polygon");
   OpenMap(editor, path);
-  EXPECT_EQ(document.lastPolygon, 39) << "the half-built triangle is not in the file";
+  EXPECT_EQ(map.polygons.last, 39) << "the half-built triangle is not in the file";
   MenuSave(editor);
   EXPECT_TRUE(Backup() == first);
   std::filesystem::remove(path);
@@ -112,14 +112,14 @@ TEST_F(FileCommandsTest, SaveKeepsTheHistoryAndOneBackup) {
 }
 
 TEST_F(FileCommandsTest, SaveAsEmptiesTheHistoryAndKeepsTheCaption) {
-  document.spawns[0].team = 1;  // a preview counts for nothing
+  map.spawns[0].team = 1;  // a preview counts for nothing
   for (const char* preset : {"", "ctf_"}) {
     dialogs.chosenFiles = {""};
     MenuSave(editor);
     EXPECT_EQ(dialogs.requests.back().fileName, preset);
-    AddSpawn(document, 1, 2, 1);
+    AddSpawn(map, 1, 2, 1);
   }
-  AddTriangle(document, {{{0, 0}, {0, 0}, {0, 50}}});
+  AddTriangle(map, {{{0, 0}, {0, 0}, {0, 50}}});
   Snapshot("Move");
   const std::string path = PutMap("a.pmp");
   const Bytes old = FileBytes(path);
@@ -128,13 +128,13 @@ TEST_F(FileCommandsTest, SaveAsEmptiesTheHistoryAndKeepsTheCaption) {
   dialogs.onShow = [&](const Message&) { EXPECT_FALSE(FileBytes(path) == old); };
   events.clear();
   MenuSaveAs(editor);
-  EXPECT_THAT(std::span(events).last(5),
-              ElementsAre("RefreshInfoPanel", "Show Polygon warning", "Show Spawn warning",
-                          "Write Recent/Path", "RefreshInfoPanel"));
+  EXPECT_THAT(std::span(events).last(6),
+              ElementsAre("RefreshInfoPanel", "RedrawMap", "Show Polygon warning",
+                          "Show Spawn warning", "Write Recent/Path", "RefreshInfoPanel"));
   events.clear();
-  EXPECT_EQ(document.fileName, path);
+  EXPECT_EQ(map.fileName, path);
   EXPECT_EQ(settings.values["Recent/Path"], folder.Path());
-  EXPECT_EQ(state.recent.slots[0], "");
+  EXPECT_EQ(editor.recent.slots[0], "");
   UndoAs("0: 1 2 0 0 0, 0 &Undo Move");
   EXPECT_THAT(events, IsEmpty());
 }
@@ -146,9 +146,9 @@ TEST_F(FileCommandsTest, AFailedSaveLosesNothing) {
     const std::string path = PutMap("ctf_a.pmp", "full.pmp");
     OpenMap(editor, path);
     Snapshot("Move");
-    AddScenery(document, 1, 2, 3);  // in the last slot, which no file keeps
-    document.author = " ";
-    SelectEverything(selection, document);
+    AddScenery(map, 1, 2, 3);  // in the last slot, which no file keeps
+    map.author = " ";
+    SelectEverything(selection, map);
     const std::string target = saveAs ? other : path;
     PutFile(target, old);
     std::filesystem::remove(Temp("backup.pmp"));
@@ -197,31 +197,31 @@ TEST_F(FileCommandsTest, AFailedSaveLosesNothing) {
 }
 
 TEST_F(FileCommandsTest, UndoBringsBackToolAndSelectionAndNothingHalfBuilt) {
-  document.fileName = "/maps/open.pmp";
+  map.fileName = "/maps/open.pmp";
   Choose(ToolMode::kAddCollider);
   Click(300, 300);
   Click(500, 400);  // on its way there it had a preview behind the first
   UndoAs("4: 0 0 0 0 1, 1 &Undo Collider");
-  EXPECT_EQ(window.pointer, PointerShape::kCross);
+  EXPECT_EQ(Pointer(), PointerShape::kCross);
   Choose(ToolMode::kEdit);
-  SelectEverything(selection, document);
+  SelectEverything(selection, map);
   Press(Key::kLeft);
-  ClearSelection(selection, window);
+  ClearSelection(editor);
   UndoAs("0: 0 0 0 0 1, 1 &Undo Collider");
   EXPECT_EQ(selection.colliders.Count(), 1) << "as it was selected then";
   EXPECT_EQ(events.back(), "RedrawMap");
-  EXPECT_EQ(document.fileName, "/maps/open.pmp");
+  EXPECT_EQ(map.fileName, "/maps/open.pmp");
   for (const char* action : {"Polygon", "Background", "Help"}) {  // of the step taken back
     MenuNew(editor);
     Choose(ToolMode::kAddPolygon);
     for (const float y : {300.0f, 390.0f}) Click(300, y);
     if (action != std::string("Polygon")) Snapshot(action);
     MenuUndo(editor);
-    EXPECT_EQ(state.tool.value, 0);
-    AddTriangle(document, {{{0, 0}, {50, 0}, {0, 50}}});
+    EXPECT_EQ(editor.activity.PlacedCorners(), 0);
+    AddTriangle(map, {{{0, 0}, {50, 0}, {0, 50}}});
     Press(Key::kEscape);
     Choose(ToolMode::kEdit);
-    EXPECT_EQ(document.lastPolygon, 0) << action << ": nothing is dropped twice";
+    EXPECT_EQ(map.polygons.last, 0) << action << ": nothing is dropped twice";
   }
 }
 
@@ -232,7 +232,7 @@ TEST_F(FileCommandsTest, OnlineHelpCannotBeUndone) {
   PutFile(manual, {});
   MenuHelp(editor);
   EXPECT_EQ(events.back(), "OpenFile " + manual);
-  AddSpawn(document, 1, 2, 0);  // behind the journal's back: nothing may be loaded
+  AddSpawn(map, 1, 2, 0);  // behind the journal's back: nothing may be loaded
   UndoAs("0: 0 1 0 0 0, 1 &Undo Help");
   EXPECT_THAT(TakeMessages(),
               ElementsAre(Message{manual + " not found", "Run error", MessageIcon::kCritical},
@@ -241,13 +241,13 @@ TEST_F(FileCommandsTest, OnlineHelpCannotBeUndone) {
 }
 
 TEST_F(FileCommandsTest, AVanishedUndoFileGivesANewMapAndAnUnreadableOneChangesNothing) {
-  AddSpawn(document, 1, 2, 0);
+  AddSpawn(map, 1, 2, 0);
   Snapshot("Move");
   Snapshot("Color");
-  const DocumentState before = StateOf(document);
+  const DocumentState before = StateOf(map);
   files.FailAll("OpenToRead", EACCES);
   UndoAs("0: 0 1 0 0 0, 1 &Undo Move");
-  EXPECT_TRUE(StateOf(document) == before);
+  EXPECT_TRUE(StateOf(map) == before);
   files.FailAll("OpenToRead", 0);
   std::filesystem::remove(journal.NewestFile());
   UndoAs("0: 0 0 0 0 0, 0 &Undo");

@@ -29,10 +29,10 @@ class PrefabCommandsTest : public testing::Test, protected EditorBench {
 };
 
 TEST_F(PrefabCommandsTest, ExportWritesTheWholeMapAndChangesNothing) {
-  AddTriangle(document, {{{0, 0}, {0, 9}, {9, 0}}});  // the wrong way round
-  selection.vertices.Add({0, 0});
-  const DocumentState before = StateOf(document);
-  const Bytes whole = WritePrefab(document);
+  AddTriangle(map, {{{0, 0}, {0, 9}, {9, 0}}});  // the wrong way round
+  selection.vertices.Append({0, 0});
+  const DocumentState before = StateOf(map);
+  const Bytes whole = WritePrefab(map);
   const std::string path = folder / "out.pre";
   PutFile(path, Bytes(2000));
   dialogs.chosenFiles = {path, path};
@@ -43,7 +43,7 @@ TEST_F(PrefabCommandsTest, ExportWritesTheWholeMapAndChangesNothing) {
   EXPECT_EQ(FileBytes(path), whole) << "a failed export leaves the old file";
   EXPECT_THAT(events, ElementsAre("ChooseFileToSave", "ChooseFileToSave", "Show File error"));
   EXPECT_THAT(dialogs.messages[0].text, testing::HasSubstr(path));
-  EXPECT_EQ(StateOf(document), before);
+  EXPECT_EQ(StateOf(map), before);
   const FileRequest& request = dialogs.requests[0];
   EXPECT_EQ(request.directory + request.fileName + request.filter.description + "|" +
                 request.filter.pattern,
@@ -56,11 +56,11 @@ TEST_F(PrefabCommandsTest, ImportTakesItsStepAfterTheDialog) {
   window.chosenPrefab = prefabs_ + "one.pre";
   MenuImport(editor);
   EXPECT_EQ(Status(), "0: 1 0 0 0 0, 2 &Undo Move");
-  EXPECT_TRUE(selection.placing && events.back() == "RedrawMap");
+  EXPECT_TRUE(editor.activity.Is(ActivityKind::kPlacement) && events.back() == "RedrawMap");
   MenuUndo(editor);
   EXPECT_EQ(Status(), "0: 1 0 0 0 0, 1 &Undo Import");
-  EXPECT_FALSE(selection.placing);
-  EXPECT_EQ(document.polygons[0].vertices[1].x, 10) << "where the prefab has it";
+  EXPECT_FALSE(editor.activity.Is(ActivityKind::kPlacement));
+  EXPECT_EQ(map.polygons[0].vertices[1].x, 10) << "where the prefab has it";
   MenuUndo(editor);
   EXPECT_EQ(Status(), "0: 0 0 0 0 0, 0 &Undo");
 }
@@ -72,25 +72,27 @@ TEST_F(PrefabCommandsTest, TheAuthorIsAskedForAndWritten) {
         Row("", "b", "Unknow", false), Row("aa", "New", "New", false),
         Row("a", "\xC3\x84\xC3\xA4", "\xC4\xE4", false),
         Row("New", "123456789a123456789b", "123456789a123456789", true)}) {
-    document.author = before;
+    map.author = before;
     dialogs.texts.emplace_back(answer);
     events.clear();
     CBauthor_Click(editor);
-    EXPECT_EQ(document.author, author) << answer;
-    EXPECT_TRUE((document.lastPolygon >= 0) == isPlaced && selection.placing == isPlaced) << answer;
+    EXPECT_EQ(map.author, author) << answer;
+    EXPECT_TRUE((map.polygons.last >= 0) == isPlaced &&
+                editor.activity.Is(ActivityKind::kPlacement) == isPlaced)
+        << answer;
     EXPECT_EQ(events.front() + " " + events.back(), "AskText RedrawMap");
     MenuUndo(editor);
     EXPECT_EQ(Status(), "0: 0 0 0 0 0, 0 &Undo") << "one step takes it all back";
   }
   // Escape does not take the author back; a half-built triangle is gone.
-  document.author = "aa";
+  map.author = "aa";
   Choose(ToolMode::kAddPolygon);
   Click(300, 300);
   dialogs.texts.emplace_back("New");
   CBauthor_Click(editor);
   Press(Key::kEscape);
-  EXPECT_EQ(document.author + " " + Status(), "New 1: 0 0 0 0 0, 2 &Undo Author");
-  document.author = "Caf\xE9";
+  EXPECT_EQ(map.author + " " + Status(), "New 1: 0 0 0 0 0, 2 &Undo Author");
+  map.author = "Caf\xE9";
   dialogs.texts.emplace_back("");
   dialogs.before = [this] { EXPECT_EQ(journal.undoAvailable, 2) << "the step comes first"; };
   CBauthor_Click(editor);

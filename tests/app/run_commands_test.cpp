@@ -83,14 +83,14 @@ TEST_F(RunCommandsTest, AllGoesOnlyAsFarAsItSucceeds) {
   PutFile(game_ + "Soldat.exe", {});
   MenuRunAll(editor_);
   EXPECT_THAT(Landmarks(), ElementsAre("Show Problem")) << "nothing to compile";
-  AddTriangle(bench_.document, {{{0, 0}, {60, 0}, {0, 60}}});
+  AddTriangle(bench_.map, {{{0, 0}, {60, 0}, {0, 60}}});
   const std::string path = bench_.folder / "map.pmp";
   bench_.dialogs.chosenFiles = {bench_.folder / "no such folder/map.pmp", path};
   MenuRunAll(editor_);
   EXPECT_THAT(Landmarks(), ElementsAre("ChooseFileToSave", "Show File error"));
   MenuRunAll(editor_);
   EXPECT_THAT(Landmarks(), Contains("Start " + game_ + "Soldat.exe in " + game_));
-  EXPECT_EQ(bench_.document.sectorDivision, 2) << "compiled";
+  EXPECT_EQ(bench_.map.sectorDivision, 2) << "compiled";
 }
 
 /// Inside the game's folder, installed for the system, or alone, where it stays so that

@@ -8,8 +8,8 @@
 
 #include "document/map_image.h"
 #include "document/prefab_file.h"
+#include "support/bench.h"
 #include "support/map_builder.h"
-#include "support/map_workbench.h"
 
 namespace vesmora {
 namespace {
@@ -25,7 +25,7 @@ Bytes WithoutRandomId(Bytes bytes) {
   return bytes;
 }
 
-class MapFileTest : public testing::Test, protected MapWorkbench {};
+class MapFileTest : public testing::Test, protected Bench {};
 
 TEST_F(MapFileTest, SavingAForeignMapGivesTheExpectedBytes) {
   for (const auto& [opened, expected] : {std::pair{"terrain.pmp", "terrain_saved.pmp"},
@@ -38,10 +38,10 @@ TEST_F(MapFileTest, SavingAForeignMapGivesTheExpectedBytes) {
     ASSERT_EQ(saved.size(), wanted.size());
     const auto difference = std::ranges::mismatch(saved, wanted).in1 - saved.begin();
     EXPECT_EQ(static_cast<std::size_t>(difference), kMapFileSize) << opened << " differs there";
-    MapWorkbench reopened;
+    Bench reopened;
     reopened.Load(folder / "saved.pmp");
-    reopened.document.fileName = document.fileName;
-    EXPECT_EQ(StateOf(document), StateOf(reopened.document)) << "the changes stay in memory";
+    reopened.map.fileName = map.fileName;
+    EXPECT_EQ(StateOf(map), StateOf(reopened.map)) << "the changes stay in memory";
   }
 }
 
@@ -51,21 +51,20 @@ TEST_F(MapFileTest, ADamagedPolygonCountIsToldOnceAndClamped) {
     std::memcpy(&file[48000], &count, 2);
     dialogs.messages.clear();
     EXPECT_EQ(LoadBytes(file), LoadOutcome::kLoaded);
-    EXPECT_EQ(document.lastPolygon, used - 1);
-    EXPECT_EQ(document.lastSpawn, 13) << "loading goes on";
+    EXPECT_EQ(map.polygons.last, used - 1);
+    EXPECT_EQ(map.spawns.last, 13) << "loading goes on";
     const std::string damage = " is damaged: it names " + std::to_string(count) + " polygons, " +
                                std::to_string(used) + " are used.";
-    EXPECT_EQ(dialogs.messages,
-              std::vector(count == used ? 0U : 1U,
-                          FileError("File '" + document.fileName + "'" + damage)));
+    EXPECT_EQ(dialogs.messages, std::vector(count == used ? 0U : 1U,
+                                            FileError("File '" + map.fileName + "'" + damage)));
   }
 }
 
 TEST_F(MapFileTest, EveryFileHasWholeWaypointsAndItsNumberAndNoLastScenery) {
   for (const bool isUndo : {false, true}) {
     for (const auto& [memory, file] : {std::pair{2688, 10}, {2944, 12}, {-2944, -12}}) {
-      document.lastWaypoint = -1;
-      Waypoint& waypoint = AddWaypoint(document, 0, 0, 1);
+      map.waypoints.last = -1;
+      Waypoint& waypoint = AddWaypoint(map, 0, 0, 1);
       waypoint.x = waypoint.y = memory;
       const Bytes bytes = Saved("saved.pmp", isUndo);
       EXPECT_TRUE(Peek(bytes, 444072) == file && Peek(bytes, 444076) == file) << memory;
@@ -75,40 +74,42 @@ TEST_F(MapFileTest, EveryFileHasWholeWaypointsAndItsNumberAndNoLastScenery) {
       nextRandom = drawn;
       EXPECT_EQ(Peek(Saved("saved.pmp", isUndo), 444060), id);
     }
-    document.lastScenery = -1;
-    for (int i = 0; i < kSceneryCapacity; ++i) AddScenery(document, 1, 1, 1);
+    map.sceneries.last = -1;
+    for (int i = 0; i < kSceneryCapacity; ++i) AddScenery(map, 1, 1, 1);
     selection.sceneries.Clear();
-    selection.sceneries.Add(254);
-    UpdateSelectionBox(selection, document);
+    selection.sceneries.Append(254);
+    UpdateSelectionBox(selection, map);
     Saved("saved.pmp", isUndo);
-    EXPECT_EQ(document.lastScenery, 253);
+    EXPECT_EQ(map.sceneries.last, 253);
     EXPECT_TRUE(selection.Empty() && selection.box == SelectionBox{});
   }
 }
 
 TEST_F(MapFileTest, SelectedCornersStayInTheirPlaces) {
-  for (int i = 0; i < 3; ++i) AddTriangle(document, {{{0, 0}, {10, 0}, {0, 10}}});  // turned
-  AddTriangle(document, {{{0, 0}, {0, 10}, {10, 0}}});
+  for (int i = 0; i < 3; ++i) AddTriangle(map, {{{0, 0}, {10, 0}, {0, 10}}});  // turned
+  AddTriangle(map, {{{0, 0}, {0, 10}, {10, 0}}});
   using Corner = VertexReference;
   for (const Corner vertex : {Corner{0, 0}, {0, 2}, {1, 1}, {2, 0}, {2, 1}, {3, 0}}) {
-    selection.vertices.Add(vertex);
+    selection.vertices.Append(vertex);
   }
   Saved();
   const std::vector<Corner> after = {{0, 1}, {0, 2}, {1, 0}, {2, 0}, {2, 1}, {3, 0}};
-  EXPECT_TRUE(std::ranges::equal(selection.vertices.Items(), after));
+  EXPECT_TRUE(std::ranges::equal(selection.vertices.Used(), after));
 }
 
 TEST_F(MapFileTest, TheFirstInactiveSlotEndsATable) {
   // Of spawns, sceneries, waypoints and colliders; two have a single byte.
   for (const auto& [active, lasts] :
        {std::pair{0, "0000"}, {1, "1111"}, {-1, "1000"}, {257, "1101"}}) {
-    document.spawns[0].active = document.waypoints[0].active = 1;
-    document.sceneries[0].active = document.colliders[0].active = 1;
-    document.spawns[1].active = document.waypoints[1].active = active;
-    document.sceneries[1].active = document.colliders[1].active = static_cast<std::uint8_t>(active);
+    map.spawns[0].active = map.waypoints[0].active = 1;
+    map.sceneries[0].active = map.colliders[0].active = 1;
+    map.spawns[1].active = map.waypoints[1].active = active;
+    map.sceneries[1].active = map.colliders[1].active = static_cast<std::uint8_t>(active);
+    FindTableEnds(map);
     std::string found;
-    for (auto* find : {FindLastSpawn, FindLastScenery, FindLastWaypoint, FindLastCollider}) {
-      found += std::to_string(find(document));
+    for (const int last :
+         {map.spawns.last, map.sceneries.last, map.waypoints.last, map.colliders.last}) {
+      found += std::to_string(last);
     }
     EXPECT_EQ(found, lasts) << active;
   }
@@ -117,12 +118,12 @@ TEST_F(MapFileTest, TheFirstInactiveSlotEndsATable) {
 TEST_F(MapFileTest, NewKeepsWhatItDoesNotSet) {
   Bytes file(kMapFileSize);
   for (std::size_t i = 0; i < file.size(); ++i) file[i] = static_cast<std::byte>(i % 251 + 1);
-  EXPECT_EQ(ReadMapImage(file, document, nullptr).divisionPosition, 434868U);
-  EXPECT_EQ(static_cast<std::byte>(document.backgroundColor1.blue), file[434872]);
-  document.lastSpawn = document.lastScenery = document.lastWaypoint = document.lastCollider = 7;
-  document.fileName = "/maps/old.pmp";
-  document.toolIndex = ToolMode::kAddSpawn;
-  ResetToNewMap(document);
+  EXPECT_EQ(ReadMapImage(file, map, nullptr).divisionPosition, 434868U);
+  EXPECT_EQ(static_cast<std::byte>(map.backgroundColor1.blue), file[434872]);
+  VisitTables(map, [](auto& table) { table.last = 7; });
+  map.fileName = "/maps/old.pmp";
+  map.toolIndex = ToolMode::kAddSpawn;
+  ResetToNewMap(map);
   Bytes expected(kMapFileSize);
   // Loose bytes 1 and 2; block, sector grid, loose bytes 4 and 5; the number, new at every save.
   for (const auto& [offset, size] : {std::pair{48002, 2}, {48511, 386357}, {444060, 4}}) {
@@ -131,7 +132,7 @@ TEST_F(MapFileTest, NewKeepsWhatItDoesNotSet) {
   std::memcpy(&expected[48004], "\nbanana.bmp", 11);
   expected[434868] = std::byte{30};
   std::memset(&expected[434872], 255, 8);
-  EXPECT_EQ(StateOf(document), DocumentState(expected, {-1, -1, -1, -1, -1}, "", "New", 0));
+  EXPECT_EQ(StateOf(map), DocumentState(expected, {-1, -1, -1, -1, -1}, "", "New", 0));
 }
 
 TEST_F(MapFileTest, TextsAreCutToTheirFields) {
@@ -140,14 +141,14 @@ TEST_F(MapFileTest, TextsAreCutToTheirFields) {
   using Row = std::pair<std::string, std::string>;
   for (const auto& [author, stored] :
        {Row(" A\xE4 b ", " A\xE4 b "), Row(longest + "yy", longest), Row("   ", "Unknow")}) {
-    for (Collider& collider : document.colliders) collider.authorChar = 'z';
-    document.author = author;
-    StoreAuthor(document);
+    for (Collider& collider : map.colliders.slots) collider.authorChar = 'z';
+    map.author = author;
+    StoreAuthor(map);
     // One zero ends the name; what stood behind it stays.
     const std::string expected = stored + '\0' + std::string(128, 'z');
     for (std::size_t i = 0; i < 128; ++i)
-      EXPECT_EQ(document.colliders[i].authorChar, static_cast<std::uint8_t>(expected[i])) << i;
-    EXPECT_EQ(ReadAuthor(document), stored.substr(0, 21));
+      EXPECT_EQ(map.colliders.slots[i].authorChar, static_cast<std::uint8_t>(expected[i])) << i;
+    EXPECT_EQ(ReadAuthor(map), stored.substr(0, 21));
   }
 }
 
@@ -159,14 +160,12 @@ TEST(PrefabFileTest, SoundPrefabsOfOthersAreReadWholeAndWrittenAsTheyWere) {
     const std::optional<Prefab> prefab = ReadPrefab(whole);
     ASSERT_TRUE(prefab) << name;
     const auto map = std::make_unique<MapDocument>();
-    const auto take = [](const auto& from, auto& table, std::int16_t& last) {
-      std::ranges::copy(from, table.begin());
-      last = static_cast<std::int16_t>(from.size() - 1);
+    const auto take = [](const auto& from, auto& table) {
+      for (const auto& record : from) ASSERT_TRUE(table.Append(record));
     };
-    take(prefab->polygons, map->polygons, map->lastPolygon);
-    take(prefab->normals, map->normals, map->lastPolygon);
-    take(prefab->sceneries, map->sceneries, map->lastScenery);
-    take(prefab->colliders, map->colliders, map->lastCollider);
+    take(prefab->polygons, map->polygons);
+    take(prefab->sceneries, map->sceneries);
+    take(prefab->colliders, map->colliders);
     map->author = header.author;
     EXPECT_EQ(WritePrefab(*map), whole) << name;
     map->author = "12345678901234567890+";

@@ -8,8 +8,8 @@
 #include "document/geometry.h"
 #include "document/save_checks.h"
 #include "document/save_preparation.h"
+#include "support/bench.h"
 #include "support/map_builder.h"
-#include "support/map_workbench.h"
 
 namespace vesmora {
 namespace {
@@ -37,7 +37,7 @@ const Message kNotRedBlue = {kSaved +
                                  "first spawpoint is red flag and second spawpoint is blue flag.",
                              "Spawn warning", MessageIcon::kExclamation};
 
-class SavingTest : public testing::Test, protected MapWorkbench {};
+class SavingTest : public testing::Test, protected Bench {};
 
 TEST_F(SavingTest, OrderFollowsTheAnglesFromTheFirstCorner) {
   using Row = std::tuple<float, float, float, float, bool>;
@@ -47,34 +47,36 @@ TEST_F(SavingTest, OrderFollowsTheAnglesFromTheFirstCorner) {
         Row(-10, 1, -10, -1, false), Row(-10, -1, -10, 1, true),
         // No area: all on one spot or on one line, exactly at the borders.
         Row(0, 0, 0, 0, true), Row(20, 0, 10, 0, false), Row(10, 0, -10, 0, false)}) {
-    document.lastPolygon = -1;
-    AddTriangle(document, {{{0, 0}, {x1, y1}, {x2, y2}}});
-    EXPECT_EQ(PolygonIsOrdered(document, 0), ordered) << x1 << "," << y1 << " " << x2 << "," << y2;
+    map.polygons.last = -1;
+    AddTriangle(map, {{{0, 0}, {x1, y1}, {x2, y2}}});
+    EXPECT_EQ(PolygonIsOrdered(map.polygons[0]), ordered)
+        << x1 << "," << y1 << " " << x2 << "," << y2;
   }
 }
 
 TEST_F(SavingTest, WindingFixSwapsOnlyWhatBelongsToThePlace) {
   const PolygonVertex third = {0, 10, 23, 24, {25, 26, 27, 28}, 29, 30};
-  document.polygons[0].vertices = {
+  map.polygons[0].vertices = {
       {{0, 0, 3, 4, {5, 6, 7, 8}, 9, 10}, {10, 0, 13, 14, {15, 16, 17, 18}, 19, 20}, third}};
-  document.lastPolygon = 0;  // passable: turned all the same
-  KorjaaSuunnat(document);
+  map.polygons.last = 0;  // passable: turned all the same
+  KorjaaSuunnat(map);
   const PolygonVertex one = {10, 0, 3, 4, {15, 16, 17, 8}, 19, 20};
   const PolygonVertex two = {0, 0, 13, 14, {5, 6, 7, 18}, 9, 10};
-  EXPECT_EQ(document.polygons[0].vertices, (std::array{one, two, third}));
+  EXPECT_EQ(map.polygons[0].vertices, (std::array{one, two, third}));
 }
 
 TEST_F(SavingTest, NormalsAreNewAndNeverZeroUnlessNoneHasAnY) {
-  const PolygonNormals passable = {{{{1, 0, 5}, {0, -0.0f, 6}, {0, 0, 7}}}};
-  for (int i = 0; i < 2; ++i) AddTriangle(document, {{{0, 0}, {10, 0}, {0, 10}}});
-  document.normals[0] = passable;
-  document.normals[1] = {{{{0, 0, 5}, {7, 0, 6}, {0, 1e-30f, 7}}}};
-  PrepareForSave(document);
-  EXPECT_EQ(document.normals[0], passable);
+  using Edges = std::array<Normal, 3>;
+  const Edges passable = {{{1, 0, 5}, {0, -0.0f, 6}, {0, 0, 7}}};
+  for (int i = 0; i < 2; ++i) AddTriangle(map, {{{0, 0}, {10, 0}, {0, 10}}});
+  map.polygons[0].edges = passable;
+  map.polygons[1].edges = {{{0, 0, 5}, {7, 0, 6}, {0, 1e-30f, 7}}};
+  PrepareForSave(map, selection);
+  EXPECT_EQ(map.polygons[0].edges, passable);
   const float diagonal = std::sqrt(0.5f);
-  EXPECT_EQ(document.normals[1],
-            (PolygonNormals{{{{1e-15f, -1, 5}, {-1, -1e-15f, 6}, {diagonal, diagonal, 7}}}}));
-  const EdgeDirection tiny = EdgeNormal(0, -1e-45f);
+  EXPECT_EQ(map.polygons[1].edges,
+            (Edges{{{1e-15f, -1, 5}, {-1, -1e-15f, 6}, {diagonal, diagonal, 7}}}));
+  const WorldPoint tiny = EdgeNormal(0, -1e-45f);
   EXPECT_TRUE(tiny.x != 0 && tiny.y == -1);
 }
 
@@ -86,33 +88,34 @@ TEST_F(SavingTest, SpawnsSnapToWholeUnitsAndStayThere) {
         Row(128, 384, 0, 512, 0), Row(-384, 127, -512, -1, 255), Row(-384, 128, -512, 255, 0),
         Row(0, -129, 0, -256, 255), Row(kMax, kMax, kMax, kMax, 0),
         Row(kMin, kMin, kMin, kMin, 255)}) {
-    document.spawns[0] = {256, x, y, 77, 2, {8, 9}};
-    document.lastSpawn = 0;
-    for (int times = 0; times < 2; ++times) SnapSpawns(document);
+    map.spawns[0] = {256, x, y, 77, 2, {8, 9}};
+    map.spawns.last = 0;
+    for (int times = 0; times < 2; ++times) SnapSpawns(map);
     const auto sign = static_cast<std::uint8_t>(ySign);
-    EXPECT_EQ(document.spawns[0], (SpawnPoint{256, snappedX, snappedY, sign, 2, {8, 9}}))
-        << x << "," << y << " became " << document.spawns[0].x << "," << document.spawns[0].y;
+    EXPECT_EQ(map.spawns[0], (SpawnPoint{256, snappedX, snappedY, sign, 2, {8, 9}}))
+        << x << "," << y << " became " << map.spawns[0].x << "," << map.spawns[0].y;
   }
 }
 
 TEST_F(SavingTest, CornersOnOneSpotAreSelectedAndTold) {
-  AddTriangle(document, {{{0, 0}, {0, 1e-30f}, {9, 0}}});
-  AddTriangle(document, {{{1, 1}, {8, 8}, {1, 1}}});  // this pair is never compared
-  selection.vertices.Add({0, 2});
-  CheckDuplicateVertices(document, selection, display, dialogs);
+  AddTriangle(map, {{{0, 0}, {0, 1e-30f}, {9, 0}}});
+  AddTriangle(map, {{{1, 1}, {8, 8}, {1, 1}}});  // this pair is never compared
+  selection.vertices.Append({0, 2});
+  EXPECT_FALSE(CheckDuplicateVertices(map, selection));
   EXPECT_EQ(selection.vertices.Count(), 1) << "sound polygons keep the selection";
+  TellSaveFindings(editor, {});
   EXPECT_THAT(events, IsEmpty());
-  AddTriangle(document, {{{5, 5}, {5, 5}, {9, 0}}});
-  AddTriangle(document, {{{0, 0}, {7, 7}, {7, 7}}});
-  AddTriangle(document, {{{2, 2}, {2, 2}, {2, 2}}});  // each corner once
-  CheckDuplicateVertices(document, selection, display, dialogs);
+  AddTriangle(map, {{{5, 5}, {5, 5}, {9, 0}}});
+  AddTriangle(map, {{{0, 0}, {7, 7}, {7, 7}}});
+  AddTriangle(map, {{{2, 2}, {2, 2}, {2, 2}}});  // each corner once
+  EXPECT_TRUE(CheckDuplicateVertices(map, selection));
   using Corner = VertexReference;
-  EXPECT_THAT(selection.vertices.Items(),
+  EXPECT_THAT(selection.vertices.Used(),
               ElementsAre(Corner{2, 0}, Corner{2, 1}, Corner{3, 1}, Corner{3, 2}, Corner{4, 0},
                           Corner{4, 1}, Corner{4, 2}));
   EXPECT_EQ(selection.box, (SelectionBox{2, 7, 2, 7}));
-  EXPECT_THAT(events,
-              ElementsAre("SetPointer 0", "RedrawMap", "RefreshInfoPanel", "Show Polygon warning"));
+  TellSaveFindings(editor, {.duplicateVertices = true});
+  EXPECT_THAT(events, ElementsAre("RefreshInfoPanel", "RedrawMap", "Show Polygon warning"));
   EXPECT_THAT(dialogs.messages, ElementsAre(kPolygonWarning));
 }
 
@@ -124,12 +127,11 @@ TEST_F(SavingTest, SpawnsMustFitTheNameOfTheMap) {
         Row("C:\\Soldat\\Ctf_a.pmp", "02", {kNotRedBlue}), Row("/maps/ctf_a.pmp", "0", none),
         Row("/maps/a.pmp", "", none), Row("/maps/a.pmp", "01", none),
         Row("/maps/ctf", "12", {kNotDeathmatch}), Row("/ctf_m\\a_ctf_", "3", {kNotDeathmatch})}) {
-    document.lastSpawn = -1;
-    document.spawns[0].team = 1;  // left over, but not in use
-    for (const char team : teams) AddSpawn(document, 0, 0, static_cast<std::uint8_t>(team - '0'));
-    dialogs.messages.clear();
-    CheckCtfSpawns(document, path, dialogs);
-    EXPECT_EQ(dialogs.messages, warnings) << path;
+    map.spawns.last = -1;
+    map.spawns[0].team = 1;  // left over, but not in use
+    for (const char team : teams) AddSpawn(map, 0, 0, static_cast<std::uint8_t>(team - '0'));
+    TellSaveFindings(editor, {.spawns = CheckCtfSpawns(map, path)});
+    EXPECT_EQ(TakeMessages(), warnings) << path;
   }
 }
 

@@ -1,3 +1,4 @@
+// The files of the undo steps and the ring they make.
 #include "document/undo_journal.h"
 
 #include <gmock/gmock.h>
@@ -5,62 +6,64 @@
 #include <cerrno>
 #include <filesystem>
 
-#include "support/faulty_file_calls.h"
-#include "support/map_workbench.h"
+#include "document/snapshot.h"
+#include "support/bench.h"
 
 namespace vesmora {
 namespace {
 
 using testing::ElementsAre;
 
-class UndoJournalTest : public testing::Test, protected MapWorkbench {
+class UndoJournalTest : public testing::Test, protected Bench {
  protected:
   UndoJournalTest() { Restart(folder.Path()); }
 
   void Restart(const std::string& path) {
-    journal_ = UndoJournal{};
-    journal_.folder = path;
-    files_ = std::make_unique<FaultyFileCalls>();
+    journal = UndoJournal{};
+    journal.folder = path;
+    files.FailCall(0, 0);
+    files.LimitFileSize(~std::uint64_t{0});
     dialogs.messages.clear();
   }
   /// Snapshots of maps that their marks tell apart; whether the last was taken.
   bool Take(int first, int last) {
     bool isTaken = false;
     for (int mark = first; mark <= last; ++mark) {
-      document.sectorDivision = mark;
-      isTaken = TakeUndoSnapshot(journal_, Context(*files_), "Step" + std::to_string(mark));
+      map.sectorDivision = mark;
+      const std::int16_t before = journal.undoSlot;
+      TakeUndoSnapshot(editor, "Step" + std::to_string(mark));
+      isTaken = journal.undoSlot != before;
     }
     return isTaken;
   }
   /// Undoes all that is offered and returns the marks that came back.
   std::vector<int> TakeBackAll() {
     std::vector<int> marks;
-    while (journal_.undoAvailable >= 0) {
-      EXPECT_EQ(LoadMap(Context(), journal_.NewestFile(), true), LoadOutcome::kLoaded);
-      marks.push_back(document.sectorDivision);
-      EXPECT_EQ(journal_.caption, "&Undo Step" + std::to_string(marks.back()));
-      ConsumeUndoStep(journal_);
+    while (journal.undoAvailable >= 0) {
+      const LoadReport report =
+          LoadMap(map, selection, SystemFileCalls(), journal.NewestFile(), true);
+      EXPECT_EQ(report.outcome, LoadOutcome::kLoaded);
+      marks.push_back(map.sectorDivision);
+      EXPECT_EQ(journal.caption, "&Undo Step" + std::to_string(marks.back()));
+      ConsumeUndoStep(journal);
     }
-    EXPECT_EQ(journal_.caption, "&Undo");
+    EXPECT_EQ(journal.caption, "&Undo");
     return marks;
   }
-  std::vector<std::string> Files() { return ListFiles(SystemFileCalls(), journal_.folder).names; }
-
-  UndoJournal journal_;
-  std::unique_ptr<FaultyFileCalls> files_;
+  std::vector<std::string> Files() { return ListFiles(SystemFileCalls(), journal.folder).names; }
 };
 
 TEST_F(UndoJournalTest, TwelveSnapshotsKeepTheLastTen) {
   Take(1, 1);
-  EXPECT_EQ(journal_.NewestFile(), folder / "VesmoraUndo0.tmp");
-  EXPECT_EQ(std::filesystem::file_size(journal_.NewestFile()), 507172U);
+  EXPECT_EQ(journal.NewestFile(), folder / "VesmoraUndo0.tmp");
+  EXPECT_EQ(std::filesystem::file_size(journal.NewestFile()), 507172U);
   Take(2, 12);
-  EXPECT_EQ(journal_.NewestFile(), folder / "VesmoraUndo1.tmp");
+  EXPECT_EQ(journal.NewestFile(), folder / "VesmoraUndo1.tmp");
   EXPECT_EQ(Files().size(), 11U) << "ten steps and a spare";
   EXPECT_THAT(TakeBackAll(), ElementsAre(12, 11, 10, 9, 8, 7, 6, 5, 4, 3));
   Take(13, 13);
-  ClearHistory(journal_);
-  EXPECT_EQ(journal_.caption, "&Undo");
+  ClearHistory(journal);
+  EXPECT_EQ(journal.caption, "&Undo");
   Take(14, 14);
   EXPECT_THAT(TakeBackAll(), ElementsAre(14));
 }
@@ -72,16 +75,16 @@ TEST_F(UndoJournalTest, AFailedSnapshotIsToldAndCostsNoStep) {
       Restart(folder.Path());
       Take(1, held);
       const auto lasting = static_cast<FaultyFileCalls::Lasting>(way % 2);
-      if (way < 12) files_->FailCall(files_->Count() + 1 + way / 2, EIO, lasting);
-      if (way >= 12) files_->LimitFileSize(507159U + static_cast<unsigned>(way));
+      if (way < 12) files.FailCall(files.Count() + 1 + way / 2, EIO, lasting);
+      if (way >= 12) files.LimitFileSize(507159U + static_cast<unsigned>(way));
       const bool isTaken = Take(100, 100);
       failures += isTaken ? 0 : 1;
       EXPECT_EQ(dialogs.messages.size(), isTaken ? 0U : 1U);
-      EXPECT_EQ(document.sectorDivision, 100) << "the edit goes on with the map";
+      EXPECT_EQ(map.sectorDivision, 100) << "the edit goes on with the map";
       std::vector<int> marks;
       if (isTaken) marks.push_back(100);
       for (int mark = held; mark > 0 && marks.size() < 10; --mark) marks.push_back(mark);
-      EXPECT_EQ(TakeBackAll(), marks) << held << " steps, " << files_->Names().back();
+      EXPECT_EQ(TakeBackAll(), marks) << held << " steps, " << files.Names().back();
     }
     EXPECT_GE(failures, 9);  // open, write, close and rename; no room
   }
@@ -90,11 +93,11 @@ TEST_F(UndoJournalTest, AFailedSnapshotIsToldAndCostsNoStep) {
 TEST_F(UndoJournalTest, OneMessageForARowOfFailures) {
   Take(1, 1);
   for (const std::size_t told : {1U, 2U}) {
-    files_->FailAll("Write", ENOSPC);
+    files.FailAll("Write", ENOSPC);
     Take(2, 4);
     EXPECT_EQ(dialogs.messages.size(), told);
     EXPECT_EQ(Files().size(), told) << "no half-written file stays";
-    files_->FailAll("Write", 0);
+    files.FailAll("Write", 0);
     Take(5, 5);
   }
   EXPECT_THAT(TakeBackAll(), ElementsAre(5, 5, 1));
@@ -111,11 +114,10 @@ TEST_F(UndoJournalTest, TheEndDeletesEverySnapshotFileAndNothingElse) {
   const std::vector<std::string> kept = {"VesmoraUndo3", "backup.pmp", "xVesmoraUndo1.tmp"};
   for (const std::string& name : kept) PutFile(folder / name, {});
   for (const char* name : {"VesmoraUndo77.bak", "VesmoraUndo.tmp"}) PutFile(folder / name, {});
-  FaultyFileCalls files;
-  files.FailCall(2, EACCES);
-  DeleteSnapshotFiles(journal_, files);
+  files.FailCall(files.Count() + 2, EACCES);
+  DeleteSnapshotFiles(journal, files);
   EXPECT_EQ(Files().size(), kept.size() + 1) << "one that stays does not keep the others";
-  DeleteSnapshotFiles(journal_, files);
+  DeleteSnapshotFiles(journal, files);
   EXPECT_EQ(Files(), kept);
 }
 

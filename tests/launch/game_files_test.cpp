@@ -7,8 +7,8 @@
 #include <optional>
 #include <span>
 
+#include "support/bench.h"
 #include "support/faulty_file_calls.h"
-#include "support/map_workbench.h"
 
 namespace vesmora {
 namespace {

@@ -21,7 +21,7 @@ using testing::ElementsAre;
 class SectorCompilerTest : public testing::Test {
  protected:
   const Sector& At(int column, int row) const {
-    return bench_.editor.state.document.sectors.at(static_cast<std::size_t>(column * 31 + row));
+    return bench_.editor.document.sectors.at(static_cast<std::size_t>(column * 31 + row));
   }
   /// Columns and rows of the sectors that hold a polygon, as "first-last,first-last", or "".
   std::string PlacesOf(std::int16_t number) const {
@@ -46,7 +46,7 @@ class SectorCompilerTest : public testing::Test {
   bool Compile() { return MenuRunCompile(bench_.editor); }
 
   EditorBench bench_;
-  MapDocument& document_ = bench_.document;
+  MapDocument& document_ = bench_.map;
 };
 
 /// What is computed may differ in the last bits; takes that over, to compare the rest.
@@ -55,12 +55,15 @@ void TakeOverWhatIsNear(MapDocument& wanted, const MapDocument& got) {
     if (std::abs(value - other) <= tolerance) value = other;
   };
   constexpr float kFourUnits = 0x1p-22F;  // in the last place, at most
-  for (std::size_t i = 0; i < wanted.polygons.size() * 3; ++i) {
-    Normal& normal = wanted.normals[i / 3].edges[i % 3];
-    take(normal.x, got.normals[i / 3].edges[i % 3].x, std::abs(normal.x) * kFourUnits);
-    take(normal.y, got.normals[i / 3].edges[i % 3].y, std::abs(normal.y) * kFourUnits);
-    take(wanted.polygons[i / 3].vertices[i % 3].u, got.polygons[i / 3].vertices[i % 3].u, 4e-6F);
-    take(wanted.polygons[i / 3].vertices[i % 3].v, got.polygons[i / 3].vertices[i % 3].v, 4e-6F);
+  for (int i = 0; i < kPolygonCapacity; ++i) {
+    for (std::size_t k = 0; k < 3; ++k) {
+      Normal& normal = wanted.polygons[i].edges[k];
+      PolygonVertex& vertex = wanted.polygons[i].vertices[k];
+      take(normal.x, got.polygons[i].edges[k].x, std::abs(normal.x) * kFourUnits);
+      take(normal.y, got.polygons[i].edges[k].y, std::abs(normal.y) * kFourUnits);
+      take(vertex.u, got.polygons[i].vertices[k].u, 4e-6F);
+      take(vertex.v, got.polygons[i].vertices[k].v, 4e-6F);
+    }
   }
   wanted.randomId = got.randomId;
 }
@@ -70,13 +73,13 @@ TEST_F(SectorCompilerTest, ForeignMapsCompileToTheExpectedFiles) {
     OpenMap(bench_.editor, bench_.PutMap(name + ".pmp", name + ".pmp"));
     ASSERT_TRUE(Compile()) << name;
     ASSERT_TRUE(MenuSave(bench_.editor)) << name;
-    MapWorkbench got;
-    MapWorkbench wanted;
+    Bench got;
+    Bench wanted;
     got.Load(bench_.folder / (name + ".pmp"));
     wanted.Load(DataPath(name + "_compiled.pmp"));
-    TakeOverWhatIsNear(wanted.document, got.document);
-    EXPECT_EQ(got.document.sectors, wanted.document.sectors) << name;
-    EXPECT_EQ(ImageOf(got.document), ImageOf(wanted.document)) << name;
+    TakeOverWhatIsNear(wanted.map, got.map);
+    EXPECT_EQ(got.map.sectors, wanted.map.sectors) << name;
+    EXPECT_EQ(ImageOf(got.map), ImageOf(wanted.map)) << name;
   }
 }
 
@@ -101,16 +104,16 @@ TEST_F(SectorCompilerTest, TheDivisionIsAThirtiethRoundedToEven) {
     EXPECT_EQ(PlacesOf(1), row.places) << row.division;
   }
   AddTriangle(document_, {{{20000, 0}, {21000, 0}, {20000, 0}}});
-  bench_.selection.moving = true;
+  bench_.editor.activity.Begin(ActivityKind::kMove, bench_.editor);
   EXPECT_TRUE(Compile());
   EXPECT_EQ(PlacesOf(2), "24-25,15-15");
-  EXPECT_FALSE(bench_.selection.moving) << "a drag ends";
+  EXPECT_TRUE(bench_.editor.activity.Is(ActivityKind::kNone)) << "a drag ends";
 }
 
 TEST_F(SectorCompilerTest, ARefusalChangesNothing) {
   AddSpawn(document_, 100, 100, 1);
   document_.sectors[7].count = 3;
-  ChangeTool(bench_.editor.AsEditing(), ToolMode::kAddWaypoint);
+  ChangeTool(bench_.editor, ToolMode::kAddWaypoint);
   for (const char* text :
        {"There are no polygons to compile.", "The map is too small to compile."}) {
     const auto before = StateOf(document_);
@@ -122,27 +125,28 @@ TEST_F(SectorCompilerTest, ARefusalChangesNothing) {
     AddTriangle(document_, {{{9, 9}, {24, 9}, {9, 24}}});
   }
   MenuNew(bench_.editor);
-  ChangeTool(bench_.editor.AsEditing(), ToolMode::kAddPolygon);
+  ChangeTool(bench_.editor, ToolMode::kAddPolygon);
   bench_.Click(300, 300);
   EXPECT_FALSE(Compile()) << "half a triangle is no part of the map";
-  EXPECT_EQ(document_.lastPolygon, -1);
-  EXPECT_FALSE(bench_.state.gesture.InProgress()) << "nothing that Escape could bring back";
+  EXPECT_EQ(document_.polygons.last, -1);
+  EXPECT_TRUE(bench_.editor.activity.Is(ActivityKind::kNone))
+      << "nothing that Escape could bring back";
 }
 
 TEST_F(SectorCompilerTest, AllThatLiesInTheMapMovesAndUndoBringsItBack) {
   AddTriangle(document_, {{{0, 0}, {301, 0}, {0, 600}}});
   AddTriangle(document_, {{{10, 10}, {20, 10}, {10, 20}}});
-  document_.normals[1].edges.fill({1, 0, 1});  // passable
-  AddSpawn(document_, 302, 0, 0);              // on the edge of the enlarged box
-  AddSpawn(document_, 303, 0, 0);              // beyond it
+  document_.polygons[1].edges.fill({1, 0, 1});  // passable
+  AddSpawn(document_, 302, 0, 0);               // on the edge of the enlarged box
+  AddSpawn(document_, 303, 0, 0);               // beyond it
   AddScenery(document_, 5, 5, 1);
   AddCollider(document_, 5, 601, 10);
   for (const int path : {1, 2, 0}) AddWaypoint(document_, 5, 5, path);
   document_.sectors[960].polygons[199] = 77;  // behind the count, too
   document_.sectors[960].count = 150;
-  ChangeTool(bench_.editor.AsEditing(), ToolMode::kAddSpawn);
-  bench_.state.show.showFlags.fill(0);
-  bench_.state.show.pathFilter = 2;
+  ChangeTool(bench_.editor, ToolMode::kAddSpawn);
+  bench_.editor.show.showFlags.fill(0);
+  bench_.editor.show.pathFilter = 2;
   bench_.Snapshot("Type");  // which spreads the author's name
   const auto before = StateOf(document_);
   ASSERT_TRUE(Compile());
@@ -153,11 +157,11 @@ TEST_F(SectorCompilerTest, AllThatLiesInTheMapMovesAndUndoBringsItBack) {
   EXPECT_EQ(document_.spawns[1].x, 303 * 256);
   EXPECT_EQ(document_.sceneries[0].x, -145.5f);
   EXPECT_EQ(document_.colliders[0].y, 301);
-  for (std::size_t i = 0; i < 3; ++i) EXPECT_EQ(document_.waypoints[i].y, -295 * 256) << i;
+  for (int i = 0; i < 3; ++i) EXPECT_EQ(document_.waypoints[i].y, -295 * 256) << i;
   EXPECT_EQ(PlacesOf(1), "8-22,0-30");
   EXPECT_EQ(PlacesOf(2), "");
   EXPECT_EQ(document_.sectors[960], Sector{});
-  EXPECT_THAT(bench_.state.show.showFlags, testing::Each(0)) << "as it was";
+  EXPECT_THAT(bench_.editor.show.showFlags, testing::Each(0)) << "as it was";
   EXPECT_TRUE(bench_.selection.Empty() && !bench_.selection.box.Complete());
   EXPECT_EQ(bench_.Status(), "0: 2 2 1 3 1, 2 &Undo Move");
   EXPECT_EQ(bench_.events.back(), "RedrawMap");
@@ -181,7 +185,7 @@ TEST_F(SectorCompilerTest, WhatTheSectorsCannotHoldIsCountedInOneMessage) {
   EXPECT_EQ(PlacesOf(1), "0-30,0-30");
 
   // 2.47 is rounded to 2: both ends lie beyond the grid.
-  document_.polygons = {};
+  for (Polygon& polygon : document_.polygons.Used()) polygon.vertices = {};
   document_.polygons[9].vertices[0].x = 74;
   EXPECT_TRUE(Compile());
   EXPECT_THAT(bench_.TakeMessages(),
@@ -203,7 +207,7 @@ TEST_F(SectorCompilerTest, NothingInAMapLeadsOutOfTheGrid) {
       for (const Sector& sector : document_.sectors) {
         ASSERT_TRUE(sector.count >= 0 && sector.count <= 200);
         for (const std::int16_t number : sector.polygons) {
-          ASSERT_TRUE(number >= 0 && number <= document_.lastPolygon + 1);
+          ASSERT_TRUE(number >= 0 && number <= document_.polygons.last + 1);
         }
       }
     }

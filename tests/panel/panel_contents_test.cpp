@@ -33,7 +33,7 @@ std::string Signs(const Controls& controls) {
 class PanelContentsTest : public testing::Test, protected PanelBench {
  protected:
   /// Color, Connect, Disconnect, No texture correction, Restore, Delete, Passable and the blue
-  /// of the colour; lists as "<tag> <text>", in brackets when disabled; path and bot settings.
+  /// of the colour; lists as "<list> <text>", in brackets when disabled; path and bot settings.
   std::string Objects() const {
     std::string text = {Sign(shown.CBverticevari), Sign(shown.CByhista),
                         Sign(shown.CBerota),       Sign(shown.CBtexEiKorjaus),
@@ -43,7 +43,7 @@ class PanelContentsTest : public testing::Test, protected PanelBench {
     text += color ? std::to_string(color->blue) : "";
     for (const auto* combo :
          {&shown.CBspawn, &shown.CBscenery, &shown.CBscenery2, &shown.CBcollider}) {
-      const std::string held = std::to_string(static_cast<int>(combo->tag)) + " " + combo->text;
+      const std::string held = std::to_string(static_cast<int>(combo->list)) + " " + combo->text;
       text += combo->enabled                 ? ", " + held
               : held == "0 " || held == "1 " ? ","
                                              : ", (" + held + ")";
@@ -69,9 +69,9 @@ TEST_F(PanelContentsTest, NamesAndLevels) {
   }
   map.author = "  \xC9ric B  ";
   map.backgroundColor1 = {1, 2, 3, 4};
-  map.lastPolygon = 399;
-  map.lastSpawn = -1;
-  map.lastScenery = 253;
+  map.polygons.last = 399;
+  map.spawns.last = -1;
+  map.sceneries.last = 253;
   Show(ToolMode::kAddSpawn, "c0 c1 w0");
   EXPECT_EQ(shown.lAuthor, "\xC3\x89ric B");
   EXPECT_EQ(shown.CBtausta1, (ButtonContents{true, Rgb{3, 2, 1}}));
@@ -86,13 +86,13 @@ TEST_F(PanelContentsTest, ShowBoxesFollowTheFlagsAndAllNeedsTheSeventhClear) {
   for (const unsigned bits : {0U, 21U, 62U, 63U, 127U}) {
     std::string signs = bits == 63 ? "+" : ".";
     for (std::size_t i = 0; i < 7; ++i) {
-      state.show.showFlags[i] = static_cast<std::int16_t>(bits >> i & 1U);
-      if (i < 6) signs += state.show.showFlags[i] == 0 ? '.' : '+';
+      editor.show.showFlags[i] = static_cast<std::int16_t>(bits >> i & 1U);
+      if (i < 6) signs += editor.show.showFlags[i] == 0 ? '.' : '+';
     }
     Show(kEdit);
     EXPECT_EQ(Signs(shown.CBnayta), signs) << bits;
   }
-  state.show = {};
+  editor.show = {};
   int tool = 1;
   for (const char* signs : {"-x++++.", "-+x+++.", "-++x++.", "-+++x+.", "-++++x."}) {
     Show(static_cast<ToolMode>(tool++));
@@ -101,9 +101,9 @@ TEST_F(PanelContentsTest, ShowBoxesFollowTheFlagsAndAllNeedsTheSeventhClear) {
 }
 
 TEST_F(PanelContentsTest, WhatTheSelectedShareAndWhatTheNextOneGets) {
-  map.normals[0].edges[1] = {0, 0, 1};  // of corner 1 alone
-  map.normals[1].edges[0] = {0, -0.5f, 0};
-  for (auto& polygon : map.polygons) {
+  map.polygons[0].edges[1] = {0, 0, 1};  // of corner 1 alone
+  map.polygons[1].edges[0] = {0, -0.5f, 0};
+  for (auto& polygon : map.polygons.Used()) {
     for (auto& corner : polygon.vertices) corner.color = {30, 20, 10, 255};
   }
   map.polygons[0].vertices[2].color.alpha = 7;
@@ -111,41 +111,47 @@ TEST_F(PanelContentsTest, WhatTheSelectedShareAndWhatTheNextOneGets) {
   map.polygons[1].vertices[1].color.green = 21;
   map.polygons[1].vertices[2].color.red = 11;
   map.spawns[2].team = 2;
-  AddSpawn(map, 9, 9, 7);
+  AddSpawn(map, 9, 9, 3);                // a team of no name
   AddScenery(map, 0, 0, 22).level = 64;  // a type of no name
   AddScenery(map, 0, 0, 17).level = 128;
   AddCollider(map, 0, 0, 0.1f);
   map.waypoints[2].botSettings = {1, 0, 0, 1, 1};
   AddWaypoint(map, 0, 0, 3).botSettings = {0, 0, 0, 0, 2};
   using Row = std::tuple<int, const char*, const char*>;
-  state.tool.value = 2;
-  state.tool.next = {.vertexColor = {9, 8, 7}, .noTextureCorrection = true};
-  state.tool.next.colliderSize = "24";
-  state.tool.next.botSettings = {0, 1, 0, 0, 1};
+  editor.tool.value = 2;
+  editor.tool.next = {.vertexColor = {9, 8, 7},
+                      .visibility = {},
+                      .colliderSize = "24",
+                      .botSettings = {0, 1, 0, 0, 1},
+                      .noTextureCorrection = true};
   for (const auto& [tool, listed, objects] :
        {Row(0, "", "---x---,,,,, -- -----"),
-        Row(0, "v0.1 s0 o0 c0 w0", ".--+..+30, 2 Normal, 1 Grass, 1 100%, 1 12, +. +.+.."),
-        Row(0, "v1.0 s1 o1 c1 w1", ".--+...31, 2 CTF Red, 1 Barrel, 1 78%, 1 20.5, .+ +..+."),
+        Row(0, "v0.1 s0 o0 c0 w0", ".--+..+30, 1 Normal, 1 Grass, 1 100%, 1 12, +. +.+.."),
+        Row(0, "v1.0 s1 o1 c1 w1", ".--+...31, 1 CTF Red, 1 Barrel, 1 78%, 1 20.5, .+ +..+."),
         Row(0, "v0.1 v0.1 s0 s1 o0 o1 c0 c1 w0 w1",
-            "...+..+30, 1 Many types, 2 Many types, 2 Many types, 1 , .. +.~~."),
+            "...+..+30, 2 Many types, 2 Many types, 2 Many types, 1 , .. +.~~."),
         Row(0, "v0.1 v0.0 v0.1 s2 s1 o1 o4 c3 w2 w3 w0",
-            "...+..~30, 1 Many types, 2 Barrel, 2 Many types, 1 0.1, .. ~.~~~"),
-        Row(0, "v0.0 v1.0 s3 o3 w3", "...+..., 2 , 1 , 1 25%,, .. ....+"),
+            "...+..~30, 2 Many types, 2 Barrel, 2 Many types, 1 0.1, .. ~.~~~"),
+        Row(0, "v0.0 v1.0 s3 o3 w3", "...+..., 1 , 1 , 1 25%,, .. ....+"),
         Row(0, "v0.0 v1.1 o4", "...+...,, 1 Barrel, 1 50%,, -- -----"),
-        Row(1, "v0.1", ".--x---7,,,,, -- -----"), Row(2, "s0", "---x---, 3 CTF Blue,,,, -- -----"),
-        Row(3, "o0", "---x---,, 1 Short Grass, 3 50%,, -- -----"),
+        Row(1, "v0.1", ".--x---7,,,,, -- -----"), Row(2, "s0", "---x---, 1 CTF Blue,,,, -- -----"),
+        Row(3, "o0", "---x---,, 1 Short Grass, 1 50%,, -- -----"),
         Row(4, "c0", "---x---,,,, 1 24, -- -----"), Row(5, "", "---x---,,,,, .+ .+..+"),
-        Row(5, "w0", "---x---,,,,, +. +.+.."), Row(5, "", "---x---,,,,, .+ +.+..")}) {
+        Row(5, "w0", "---x---,,,,, +. .+..+")}) {
     Show(static_cast<ToolMode>(tool), listed);
     EXPECT_EQ(Objects(), objects) << tool << " " << listed;
   }
-  EXPECT_EQ(state.tool.next.visibility, "50%");
-  state.tool.value = kNoToolValue;
-  map.lastScenery = -1;
+  Move(0, 250);  // the waypoint under the pointer lends its settings to the next one
+  Move(500, 500);
+  BringUpToDate();
+  EXPECT_EQ(Listed() + Objects(), "---x---,,,,, .+ +.+..");
+  EXPECT_EQ(NextVisibility(editor), "50%");
+  editor.activity.Begin(ActivityKind::kDirection, editor);
+  map.sceneries.last = -1;
   Show(ToolMode::kAddScenery);
   EXPECT_FALSE(shown.CBscenery.enabled || shown.CBscenery2.enabled);
-  EXPECT_EQ(state.tool.next.visibility, "100%");
-  map.lastWaypoint = -1;
+  EXPECT_EQ(NextVisibility(editor), "100%");
+  map.waypoints.last = -1;
   Choose(kAddWaypoint);
   EXPECT_EQ(Signs(shown.CBbotValinta), ".....") << "clean after another tool";
 }
@@ -156,13 +162,13 @@ TEST_F(PanelContentsTest, ThePathBeingAddedToCannotBeHidden) {
        {Row(kAddWaypoint, 1, 0, "+.-", 0), Row(kAddWaypoint, 1, 1, ".+-", 1),
         Row(kAddWaypoint, 1, 2, "+.-", 0), Row(kAddWaypoint, 2, 1, "+-.", 0),
         Row(kEdit, 1, 2, "..+", 2), Row(ToolMode::kAddScenery, 2, 1, ".+.", 1)}) {
-    state.tool.value = path;
-    state.show.pathFilter = filter;
-    Show(tool);
+    map.waypoints.Last().path = path;
+    editor.show.pathFilter = filter;
+    Choose(tool);
     EXPECT_EQ(Signs(shown.OBbotNayta), signs);
-    EXPECT_EQ(state.show.pathFilter, after);
+    EXPECT_EQ(editor.show.pathFilter, after);
   }
-  state.show.showFlags[4] = 0;
+  editor.show.showFlags[4] = 0;
   Show(kEdit, "w1");
   EXPECT_EQ(Signs(shown.OBbotNayta), "-x-");
 }

@@ -1,13 +1,12 @@
 // What the panel's controls do: the order of check, undo step, dialog, change and redraw.
+#include "panel/panel_handlers.h"
+
 #include <gmock/gmock.h>
 
 #include <tuple>
 #include <utility>
 
 #include "document/geometry.h"
-#include "panel/map_handlers.h"
-#include "panel/object_handlers.h"
-#include "panel/vertex_handlers.h"
 #include "support/panel_bench.h"
 
 namespace vesmora {
@@ -28,7 +27,7 @@ const Message kPassableQuestion = {
 
 class PanelHandlersTest : public testing::Test, protected PanelBench {
  protected:
-  PolygonVertex& Corner(std::size_t polygon, std::size_t corner) {
+  PolygonVertex& Corner(int polygon, std::size_t corner) {
     return map.polygons[polygon].vertices[corner];
   }
 };
@@ -37,7 +36,7 @@ TEST_F(PanelHandlersTest, RefusalStepChangeAndRedrawInEdit) {
   dialogs.answers.assign(1, true);
   dialogs.chosenColors = {0x0A0B0C};
   Corner(0, 1).color = Corner(1, 2).color = {3, 2, 1, 77};
-  for (auto& polygon : map.normals) polygon.edges.fill({0, 2, 3});
+  for (auto& polygon : map.polygons.Used()) polygon.edges.fill({0, 2, 3});
   for (auto& corner : map.polygons[0].vertices) corner.u = corner.v = 7;
   const auto corners = [](auto change) {
     return [=](MapDocument& m) { std::ranges::for_each(m.polygons[0].vertices, change); };
@@ -63,10 +62,10 @@ TEST_F(PanelHandlersTest, RefusalStepChangeAndRedrawInEdit) {
             CBverticevari_Click, recolor),
         Row("v0.1", "Ask Warning, Step Passable, RedrawMap", With(CBverticeLapi_Click, true),
             [](MapDocument& m) {
-              m.normals[0].edges.fill({0, 0, 3});
+              m.polygons[0].edges.fill({0, 0, 3});
             }),
         Row("v0.1", "Step Passable, RedrawMap", With(CBverticeLapi_Click, false),
-            [](MapDocument& m) { RecomputeNormals(m, 0); }),
+            [](MapDocument& m) { RecomputeNormals(m.polygons[0]); }),
         Row("v0.1", "Step Texture, RedrawMap", CBtexPalauta_Click, corners(world)),
         Row("v0.1 v0.2", "Step Texture, RedrawMap", CBtexPoista_Click, corners(none)),
         Row("s0 s1", "Step Type, RedrawMap", With(CBspawn_Click, "CTF Blue"), spawns(2)),
@@ -82,24 +81,23 @@ TEST_F(PanelHandlersTest, RefusalStepChangeAndRedrawInEdit) {
             [](MapDocument& m) {
               m.waypoints[0].botSettings[4] = m.waypoints[2].botSettings[4] = 1;
             }),
-        Row("w0 w1", "Step Path, RedrawMap, RefreshInfoPanel", With(OBbotKumpi_Click, 2),
+        Row("w0 w1", "Step Path, RefreshInfoPanel, RedrawMap", With(OBbotKumpi_Click, 2),
             [](MapDocument& m) { m.waypoints[0].path = 2; })}) {
     SCOPED_TRACE(listed + ": " + asked);
     Show(kEdit, listed);
     const PanelContents contents = shown;
-    panel.panelRefreshing = true;
-    act(context);
+    editor.panel.panelRefreshing = true;
+    Handle(act);
     EXPECT_TRUE(shown == contents && TakeAsked().empty()) << "not while it is refreshed";
-    panel.panelRefreshing = false;
+    editor.panel.panelRefreshing = false;
     Show(kEdit, "");
     const bool isStepFirst = asked.starts_with("Step Size") || asked.starts_with("Step Editing");
     Expect(act, (isStepFirst ? asked.substr(0, asked.find("Redraw")) : "") + "Show Problem");
     ExpectRefusal(std::string("You need select at least 1 ") + needed.at(listed[0]));
     Show(kEdit, listed);
     Expect(act, asked, change);
-    EXPECT_EQ(std::exchange(dialogs.messages, {}),
-              std::vector(asked.starts_with("Ask") ? 1U : 0U, kPassableQuestion));
-    EXPECT_EQ(drawnUnderGuard, listed[0] == 's' || asked.starts_with("Step Visibility"));
+    EXPECT_EQ(TakeMessages(), std::vector(asked.starts_with("Ask") ? 1U : 0U, kPassableQuestion));
+    EXPECT_TRUE(drawnUnderGuard) << "no handler inside another";
   }
   EXPECT_THAT(dialogs.colorRequests, ElementsAre(0x030201));
 }
@@ -109,7 +107,7 @@ TEST_F(PanelHandlersTest, ConnectJoinsCornersOneAxisAfterTheOther) {
   Corner(0, 1) = {30, 6, 1, 1, {}, 1, 1};
   Corner(0, 2) = {10, 2, 1, 1, {}, 0, 1};  // without a texture
   Show(kEdit, "v0.0 v0.1 v0.0 v0.2");      // one listed twice weighs twice
-  CByhista_Click(context);
+  Handle(CByhista_Click);
   EXPECT_EQ(TakeAsked(), "Step Connect, RefreshInfoPanel, RedrawMap");
   EXPECT_EQ(Corner(0, 0), (PolygonVertex{10, 2, 1, 1, {}, 0, 1}));
   EXPECT_EQ(Corner(0, 1), (PolygonVertex{10, 2, 1, 1, {}, 1 - 20 / 160.f, 1 - 4 / 120.f}));
@@ -124,17 +122,19 @@ TEST_F(PanelHandlersTest, ConnectJoinsCornersOneAxisAfterTheOther) {
 TEST_F(PanelHandlersTest, DisconnectSpreadsCornersInItsPattern) {
   constexpr std::array<float, 6> kX = {4, -28, 52, -76, 100, -124};
   constexpr std::array<float, 6> kY = {-2, 0, 26, -38, 0, 62};
-  state.view.zoom = 0.25f;
-  for (std::size_t i = 0; i < 6; ++i) Corner(i / 3, i % 3) = {0, 0, 1, 1, {}, 1, 1};
+  editor.view.zoom = 0.25f;
+  for (Polygon& polygon : map.polygons.Used()) polygon.vertices.fill({0, 0, 1, 1, {}, 1, 1});
   Corner(1, 1).v = 0;
   Show(kEdit, "v0.0 v0.1 v0.2 v1.0 v1.1 v1.2");
-  CBerota_Click(context);
-  EXPECT_EQ(TakeAsked(), "Step Disconnect, SetPointer 0, RedrawMap, RefreshInfoPanel");
+  editor.pointer = PointerShape::kMove;
+  Handle(CBerota_Click);
+  EXPECT_EQ(TakeAsked(), "Step Disconnect, RefreshInfoPanel, RedrawMap");
+  EXPECT_EQ(Pointer(), PointerShape::kDefault);
   EXPECT_EQ(Listed() + shown.Lvalinta, "Nothing");
   for (std::size_t i = 0; i < 6; ++i) {
     const float u = i == 4 ? 1 : 1 + kX[i] / 160;
     const float v = i == 4 ? 0 : 1 + kY[i] / 120;
-    EXPECT_EQ(Corner(i / 3, i % 3), (PolygonVertex{kX[i], kY[i], 1, 1, {}, u, v})) << i;
+    EXPECT_EQ(Corner(i < 3 ? 0 : 1, i % 3), (PolygonVertex{kX[i], kY[i], 1, 1, {}, u, v})) << i;
   }
 }
 
@@ -165,7 +165,7 @@ TEST_F(PanelHandlersTest, TypedVisibilityAndSize) {
            [to = size](MapDocument& m) { m.colliders[1].radius = to; });
     EXPECT_EQ(shown.CBcollider.text, size == 77 ? "12" : typed);
     if (asked == "Show Problem") ExpectRefusal(outOfLimit);
-    for (const Message& question : std::exchange(dialogs.messages, {})) {
+    for (const Message& question : TakeMessages()) {
       EXPECT_EQ(question, kSizeQuestion);
     }
   }
@@ -186,28 +186,33 @@ TEST_F(PanelHandlersTest, AddToolsOnlyPrepareTheNextObject) {
         Row(ToolMode::kAddCollider, With(CBcollider_Click, "24"), 24, "RedrawMap"),
         Row(ToolMode::kAddCollider, With(CBcollider_Enter, "13.5"), 14, "Ask Warning, RedrawMap"),
         Row(ToolMode::kAddCollider, With(CBcollider_Enter, "33"), 20, "Ask Warning"),
-        Row(ToolMode::kAddWaypoint, With(OBbotKumpi_Click, 1), 1, "RedrawMap, RefreshInfoPanel"),
+        Row(ToolMode::kAddWaypoint, With(OBbotKumpi_Click, 1), 1, "RefreshInfoPanel, RedrawMap"),
         Row(ToolMode::kAddWaypoint, With(CBbotValinta_Click, 1, true), 2, "RedrawMap"),
         Row(ToolMode::kAddScenery, With(CBscenery2_Enter, "40"), 17, "RedrawMap")}) {
     Choose(tool);
     Expect(act, asked);
-    EXPECT_EQ(state.tool.value, value);
+    EXPECT_EQ(editor.tool.value, value);
   }
-  EXPECT_EQ(state.tool.next.vertexColor, (Rgb{5, 4, 3}));
-  EXPECT_EQ(state.tool.next.visibility + " " + state.tool.next.colliderSize, "40% 12");
-  EXPECT_THAT(state.tool.next.botSettings, ElementsAre(1, 1, 0, 1, 0));
+  EXPECT_EQ(editor.tool.next.vertexColor, (Rgb{5, 4, 3}));
+  EXPECT_EQ(NextVisibility(editor) + " " + editor.tool.next.colliderSize, "40% 12");
+  EXPECT_THAT(editor.tool.next.botSettings, ElementsAre(1, 1, 0, 1, 0));
   Expect(With(CBscenery2_Enter, "101"), "Show Problem");
-  EXPECT_EQ(state.tool.next.visibility, "100%");
+  EXPECT_EQ(NextVisibility(editor), "100%");
   Expect(With(CBscenery2_Change, "7"), "");  // what is being typed
-  EXPECT_EQ(state.tool.next.visibility, "7");
+  EXPECT_EQ(NextVisibility(editor), "7");
+  RefreshInfoPanel(editor);  // and gives way to the last one's
+  BringUpToDate();
+  EXPECT_EQ(NextVisibility(editor) + shown.CBscenery2.text, "78%78%");
   Show(kEdit, "v0.0 w0");
   Expect(With(CBtexEiKorjaus_Click, true), "");
-  EXPECT_TRUE(state.tool.next.noTextureCorrection && shown.CBtexEiKorjaus.tick == Tick::kOn);
-  panel.panelRefreshing = true;
-  OBbotNayta_Click(context, 2);  // a forced choice must take effect
-  EXPECT_EQ(state.show.pathFilter, 2);
+  EXPECT_TRUE(editor.tool.next.noTextureCorrection && shown.CBtexEiKorjaus.tick == Tick::kOn);
+  Expect(With(OBbotNayta_Click, 2), "RedrawMap");
+  EXPECT_EQ(editor.show.pathFilter, 2);
   EXPECT_TRUE(shown.OBbotNayta[2].chosen && !shown.OBbotNayta[0].chosen);
-  EXPECT_EQ(TakeAsked(), "");
+  Choose(ToolMode::kAddWaypoint);
+  Expect(With(OBbotKumpi_Click, 1), "RefreshInfoPanel, RedrawMap");
+  EXPECT_EQ(editor.show.pathFilter, 0) << "what is added may not be hidden";
+  EXPECT_TRUE(shown.OBbotNayta[0].chosen && !shown.OBbotNayta[2].enabled);
 }
 
 }  // namespace

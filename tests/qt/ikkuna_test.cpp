@@ -3,7 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QApplication>
+#include <QComboBox>
 #include <QMessageBox>
 #include <QTest>
 #include <QTimer>
@@ -17,12 +19,11 @@
 #include "document/prefab_file.h"
 #include "support/editor_bench.h"
 #include "support/map_builder.h"
-#include "support/map_workbench.h"
 
 namespace vesmora {
 namespace {
 
-class IkkunaTest : public testing::Test, protected MapWorkbench {
+class IkkunaTest : public testing::Test, protected Bench {
  protected:
   /// A window of 1000 x 700 on an empty map that lies in `path_`.
   IkkunaTest() {
@@ -32,8 +33,8 @@ class IkkunaTest : public testing::Test, protected MapWorkbench {
       if (box != nullptr) box->accept();
     });
     boxCloser_.start(5);
-    ResetToNewMap(document);
-    EXPECT_TRUE(WriteMap(Context(), path_, false).Ok());
+    ResetToNewMap(map);
+    EXPECT_TRUE(Write(path_).Ok());
     window_ = std::make_unique<Ikkuna>();
     window_->resize(1000, 700);
     window_->show();
@@ -82,7 +83,7 @@ class IkkunaTest : public testing::Test, protected MapWorkbench {
   const MapDocument& Saved() {
     Run("MenuSave");
     EXPECT_EQ(Load(path_), LoadOutcome::kLoaded);
-    return document;
+    return map;
   }
 
   static constexpr std::array kFolders = {"XDG_CONFIG_HOME", "TMPDIR", "VESMORA_GAME"};
@@ -106,11 +107,11 @@ TEST_F(IkkunaTest, WhatIsDrawnReachesTheFile) {
     Place(tool, x, y);
   }
   Saved();
-  EXPECT_EQ(document.polygons[0].vertices[2].y, 60);
-  EXPECT_EQ(document.spawns[0].x, -100 * 256);
-  EXPECT_EQ(document.sceneries[0].x, -149.5F);
-  EXPECT_EQ(document.colliders[0].y, -30);
-  EXPECT_EQ(document.waypoints[0].connections[0], 2);
+  EXPECT_EQ(map.polygons[0].vertices[2].y, 60);
+  EXPECT_EQ(map.spawns[0].x, -100 * 256);
+  EXPECT_EQ(map.sceneries[0].x, -149.5F);
+  EXPECT_EQ(map.colliders[0].y, -30);
+  EXPECT_EQ(map.waypoints[0].connections[0], 2);
   window_->close();
   int backups = 0;
   for (const auto& entry : std::filesystem::recursive_directory_iterator(folder.Path())) {
@@ -122,10 +123,15 @@ TEST_F(IkkunaTest, WhatIsDrawnReachesTheFile) {
 }
 
 TEST_F(IkkunaTest, ASelectionIsDraggedMovedByKeysAndUndone) {
+  const QImage empty = map_->grab().toImage();
   Place(4, 0, 0);
+  EXPECT_EQ(map_->cursor().shape(), Qt::CrossCursor);
   Place(0, 200, 200);
+  EXPECT_EQ(map_->cursor().shape(), Qt::ArrowCursor);
+  EXPECT_NE(map_->grab().toImage(), empty);
   Drag(At(-20, -20), At(20, 20));
   Drag(At(0, 0), At(40, 10));
+  EXPECT_EQ(map_->cursor().shape(), Qt::SizeAllCursor);
   QWidget* focused = QApplication::focusWidget();
   QTest::keyPress(focused, Qt::Key_Control);
   Key(Qt::Key_Left);
@@ -135,7 +141,7 @@ TEST_F(IkkunaTest, ASelectionIsDraggedMovedByKeysAndUndone) {
   QTest::keyRelease(focused, Qt::Key_Shift);
   Key(Qt::Key_Left);
   EXPECT_EQ(Saved().colliders[0].x, 29);
-  EXPECT_EQ(document.colliders[0].y, -40);
+  EXPECT_EQ(map.colliders[0].y, -40);
   Run("MenuUndo");
   EXPECT_EQ(Saved().colliders[0].x, 0);
 }
@@ -154,7 +160,7 @@ TEST_F(IkkunaTest, TheViewZoomsAndPansAndEveryControlGivesTheKeyboardBack) {
   Drag(At(0, 0), At(30, 20), Qt::RightButton);
   Place(4, 0, 0);
   EXPECT_EQ(Saved().colliders[0].x, -30);
-  EXPECT_EQ(document.colliders[0].y, -20);
+  EXPECT_EQ(map.colliders[0].y, -20);
 
   QWidget* rest = Find("Pala");
   for (const char* name : {"OBvalinta0", "CBfixed", "CBnayta1", "CBzoom"}) {
@@ -189,14 +195,31 @@ TEST_F(IkkunaTest, TheGameRunsAndTheWindowStepsAside) {
   if (!before[1].isEmpty()) qputenv("DISPLAY", before[1]);
 }
 
+TEST_F(IkkunaTest, ABoxOpensOverWhatIsUpToDate) {
+  Place(4, 0, 0);
+  std::filesystem::remove(path_);
+  std::filesystem::create_directory(path_);
+  std::ofstream(path_ + "/inside") << "keeps the map from being saved";
+  QTest::mouseMove(Find("Pala"));  // leaving the map would show it, too
+  bool isShown = false;
+  boxCloser_.stop();
+  QTimer::singleShot(0, window_.get(), [&] {
+    const auto* edit = window_->findChild<QAbstractButton*>("OBvalinta0");
+    isShown = QApplication::activeModalWidget() != nullptr && edit->isChecked();
+    boxCloser_.start();
+  });
+  Run("MenuSave");  // chooses Edit first
+  EXPECT_TRUE(isShown);
+}
+
 TEST(ImportDialogTest, OnlyAChosenPrefabIsImported) {
   EditorBench bench;
   const std::string folder = PrefabFolder(bench.editor.ports);
   const std::string latin = "b\xE4.PRE";  // no UTF-8
   std::filesystem::create_directory(folder);
-  AddTriangle(bench.document, {{{0, 0}, {10, 0}, {0, 10}}});
+  AddTriangle(bench.map, {{{0, 0}, {10, 0}, {0, 10}}});
   for (const std::string& name : {std::string("a.pre"), latin, std::string("readme.txt")}) {
-    PutFile(folder + name, WritePrefab(bench.document));
+    PutFile(folder + name, WritePrefab(bench.map));
   }
   PutFile(folder + "z.pre", FileBytes(DataPath("hostile/prefab-version_0.pre")));
   Import dialog(bench.editor, nullptr);

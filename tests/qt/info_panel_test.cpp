@@ -3,10 +3,14 @@
 
 #include <gmock/gmock.h>
 
+#include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QAccessible>
 #include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
 #include <QLineEdit>
+#include <QRadioButton>
 #include <QScrollArea>
 #include <QSet>
 #include <QTest>
@@ -27,17 +31,13 @@ class InfoPanelTest : public testing::Test, protected PanelBench {
     QObject::connect(&widget, &InfoPanel::Triggered, &widget,
                      [this](const InfoPanel::Handler& handler) {
                        ++triggered;
-                       handler(context);
+                       Handle(handler);
                        widget.Apply(shown);
                      });
-    display.onRefresh = [this] {
-      RefreshInfoPanel(context);
-      widget.Apply(shown);
-    };
     widget.resize(ComputeLayout(MinimumWindowSize().width, 700).ppalkki.width, 1000);
-    window.resize(widget.size());
-    window.show();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    parent.resize(widget.size());
+    parent.show();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&parent));
     Refresh(kEdit, "");
   }
 
@@ -60,8 +60,8 @@ class InfoPanelTest : public testing::Test, protected PanelBench {
     auto* combo = Find<QComboBox>(name);
     combo->setFocus();
     combo->lineEdit()->selectAll();
-    QTest::keyClicks(window.focusWidget(), text);  // where the window system sends keys
-    QTest::keyClick(window.focusWidget(), last);
+    QTest::keyClicks(parent.focusWidget(), text);  // where the window system sends keys
+    QTest::keyClick(parent.focusWidget(), last);
   }
   /// What a combo box shows, in the list or not, and the length of the list.
   std::string Text(const char* name) {
@@ -72,13 +72,13 @@ class InfoPanelTest : public testing::Test, protected PanelBench {
   }
   int Tick(const char* name) { return Find<QCheckBox>(name)->checkState(); }
 
-  QWidget window;
-  InfoPanel& widget = *new InfoPanel(&window);
+  QWidget parent;
+  InfoPanel& widget = *new InfoPanel(&parent);
   int triggered = 0;
 };
 
 TEST_F(InfoPanelTest, ShowsItsContents) {
-  map.normals[0].edges[0] = {};
+  map.polygons[0].edges[0] = {};
   map.polygons[0].vertices[0].color = map.polygons[0].vertices[1].color = {30, 20, 10, 0};
   Refresh(kEdit, "v0.0 v0.1 s0 s1 o1 o2 c1 w0 w1");
   EXPECT_EQ(Tick("CBverticeLapi"), Qt::PartiallyChecked);
@@ -112,16 +112,16 @@ TEST_F(InfoPanelTest, ShowsItsContents) {
 TEST_F(InfoPanelTest, ClicksReachTheirHandlers) {
   Refresh(kEdit, "v0.0 v0.1 w0 w1");
   Click("CBnayta6");
-  EXPECT_THAT(state.show.showFlags, ElementsAre(1, 1, 1, 1, 1, 1, 0));
+  EXPECT_THAT(editor.show.showFlags, ElementsAre(1, 1, 1, 1, 1, 1, 0));
   Click("CBnayta0");  // unticks: the others keep theirs
-  EXPECT_THAT(state.show.showFlags, ElementsAre(0, 0, 0, 0, 0, 0, 0));
+  EXPECT_THAT(editor.show.showFlags, ElementsAre(0, 0, 0, 0, 0, 0, 0));
   EXPECT_TRUE(Tick("CBnayta6") && !Tick("CBnayta0"));
   Click("CBnayta0");
   Click("CBbotValinta2");  // grey
   EXPECT_EQ(map.waypoints[1].botSettings[2], 1);
   EXPECT_EQ(Tick("CBbotValinta2"), Qt::Checked);
   Click("OBbotNayta1");
-  EXPECT_EQ(state.show.pathFilter, 1);
+  EXPECT_EQ(editor.show.pathFilter, 1);
   dialogs.answers = {false};
   Click("CBverticeLapi");  // keeps its tick until the next refresh
   EXPECT_TRUE(Tick("CBverticeLapi"));
@@ -133,7 +133,7 @@ TEST_F(InfoPanelTest, ClicksReachTheirHandlers) {
                            "CBtausta2", "CByhista", "CBtexPalauta", "CBtexPoista", "CBerota"}) {
     Click(name);
   }
-  EXPECT_TRUE(state.tool.next.noTextureCorrection && Tick("CBtexEiKorjaus"));
+  EXPECT_TRUE(editor.tool.next.noTextureCorrection && Tick("CBtexEiKorjaus"));
   EXPECT_THAT(dialogs.colorRequests, ElementsAre(0, 0x010203, 0));
   EXPECT_EQ(map.backgroundColor1, (MapColor{1, 2, 3, 4})) << "cancelled";
   EXPECT_EQ(map.backgroundColor2, (MapColor{0x40, 0x50, 0x60, 0}));

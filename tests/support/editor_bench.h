@@ -1,69 +1,34 @@
-// A whole editor without a window: real files in a scratch folder, everything else
-// scripted, and one log of all that was asked for.
+// The editor as it is once its window is open: a new map, the game's folder around it.
 #pragma once
 
 #include <filesystem>
-#include <memory>
 #include <string>
-#include <utility>
 
-#include "app/editor.h"
 #include "app/file_commands.h"
 #include "app/keys.h"
-#include "support/fakes.h"
-#include "support/faulty_file_calls.h"
-#include "support/map_workbench.h"
+#include "support/bench.h"
 #include "tools/mouse_dispatch.h"
 #include "tools/tool_change.h"
 #include "view/layout.h"
 
 namespace vesmora {
 
-struct EditorBench {
-  EventLog events;
-  ScratchFolder folder;
-  ScriptedDialogs dialogs{events};
-  MemorySettings settings{events};
-  FakeShell shell{events};
-  FakePrograms programs{events};
-  FaultyFileCalls files;
-  std::unique_ptr<ProfileFiles> profiles = SystemProfileFiles(files);
-  double nextRandom = 0.5;
-  Editor editor{{},
-                {{files, dialogs, window, [this] { return nextRandom; }},
-                 window,
-                 settings,
-                 shell,
-                 programs,
-                 *profiles,
-                 folder / "temp/",
-                 folder / "game/Vesmora/",
-                 folder / "game/"}};
-  FakeWindow window{events, &editor.state.redrawSuppressed};
-
-  EditorState& state = editor.state;
-  MapDocument& document = state.document;
-  Selection& selection = state.selection;
-  UndoJournal& journal = state.journal;
-
-  /// An open editor with a new map, the game's folder around it and nothing logged.
+struct EditorBench : Bench {
+  /// With nothing logged.
   EditorBench() {
     std::filesystem::create_directories(editor.ports.tempFolder);
     std::filesystem::create_directories(editor.ports.programFolder);
     journal.folder = editor.ports.tempFolder;
-    state.view.area = ComputeDrawingArea(1200, 800);
-    state.redrawSuppressed = false;
+    editor.view.area = ComputeDrawingArea(1200, 800);
     MenuNew(editor);
     events.clear();
   }
-  EditorBench(const EditorBench&) = delete;
-  EditorBench& operator=(const EditorBench&) = delete;
 
   /// "<tool>: <objects of each kind>, <undo steps> <caption>", such as
   /// "0: 1 0 0 0 0, 1 &Undo Move".
   std::string Status() const {
-    std::string text = std::to_string(static_cast<int>(document.toolIndex)) + ":";
-    const auto lasts = std::get<1>(StateOf(document));
+    std::string text = std::to_string(static_cast<int>(map.toolIndex)) + ":";
+    const auto lasts = std::get<1>(StateOf(map));
     for (const std::int16_t last : lasts) text += " " + std::to_string(last + 1);
     return text + ", " + std::to_string(journal.undoAvailable + 1) + " " + journal.caption;
   }
@@ -75,18 +40,15 @@ struct EditorBench {
     return folder / name;
   }
 
-  void Snapshot(const std::string& action) { TakeUndoSnapshot(editor.AsEditing(), action); }
-  void Choose(ToolMode tool) { ChangeTool(editor.AsEditing(), tool); }
+  void Snapshot(const std::string& action) { TakeUndoSnapshot(editor, action); }
+  void Choose(ToolMode tool) { ChangeTool(editor, tool); }
   bool Press(Key key) { return KeyDown(editor, key); }
   /// A left press on the map, the pointer having come there before.
   void Click(float x, float y) {
-    MoveMouse(editor.AsEditing(), {MouseButton::kNone, x, y});
-    PressMouse(editor.AsEditing(), {MouseButton::kLeft, x, y});
-    ReleaseMouse(editor.AsEditing(), {MouseButton::kLeft, x, y});
+    MoveMouse(editor, {MouseButton::kNone, x, y});
+    PressMouse(editor, {MouseButton::kLeft, x, y});
+    ReleaseMouse(editor, {MouseButton::kLeft, x, y});
   }
-  /// The boxes shown, or all that was asked for, since the last call.
-  std::vector<Message> TakeMessages() { return std::exchange(dialogs.messages, {}); }
-  EventLog TakeEvents() { return std::exchange(events, {}); }
 };
 
 }  // namespace vesmora

@@ -14,11 +14,11 @@
 #include <utility>
 #include <vector>
 
-#include "app/window_port.h"
 #include "platform/dialogs.h"
 #include "platform/programs.h"
 #include "platform/settings.h"
 #include "platform/shell.h"
+#include "platform/window_port.h"
 
 namespace vesmora {
 
@@ -26,29 +26,22 @@ using EventLog = std::vector<std::string>;
 
 class FakeWindow final : public WindowPort {
  public:
-  /// As in the real window nothing is drawn while `redrawSuppressed` is true.
-  explicit FakeWindow(EventLog& events, const bool* redrawSuppressed = nullptr)
-      : events_(events), redrawSuppressed_(redrawSuppressed) {}
+  explicit FakeWindow(EventLog& events) : events_(events) {}
 
-  PointerShape pointer = PointerShape::kDefault;
+  bool notes = true;  // into the log
   WindowPlacement placement;
   std::string chosenPrefab;              // in the Import dialog; empty is Cancel
   std::function<void()> before = [] {};  // runs ahead of every note
   std::function<void()> onRedraw = [] {};
   std::function<void()> onRefresh = [] {};
 
-  void RedrawMap() override {
-    if (redrawSuppressed_ != nullptr && *redrawSuppressed_) return;
+  void MapChanged() override {
     Note("RedrawMap");
     onRedraw();
   }
-  void RefreshInfoPanel() override {
+  void PanelChanged() override {
     Note("RefreshInfoPanel");
     onRefresh();
-  }
-  void SetPointer(PointerShape shape) override {
-    pointer = shape;
-    Note("SetPointer " + std::to_string(static_cast<int>(shape)));
   }
   std::string ShowImport() override {
     Note("ShowImport");
@@ -64,13 +57,13 @@ class FakeWindow final : public WindowPort {
   void LayOut() override { Note("LayOut"); }
 
  private:
-  void Note(const std::string& event) {
+  void Note(const char* event) {
+    if (!notes) return;
     before();
     events_.push_back(event);
   }
 
   EventLog& events_;
-  const bool* redrawSuppressed_;
 };
 
 inline std::ostream& operator<<(std::ostream& out, const Message& message) {

@@ -13,35 +13,29 @@
 
 namespace vesmora {
 
-template <typename Table>
-auto& NextSlot(Table& table, std::int16_t& last) {
-  return table.at(static_cast<std::size_t>(++last));
-}
-
 /// Corners in world units; solid edges.
 inline Polygon& AddTriangle(MapDocument& document, const std::array<ScreenPoint, 3>& corners) {
-  Polygon& polygon = NextSlot(document.polygons, document.lastPolygon);
+  Polygon& polygon = document.polygons.TakeSlot();
   for (std::size_t i = 0; i < corners.size(); ++i) {
     polygon.vertices[i].x = corners[i].x;
     polygon.vertices[i].y = corners[i].y;
   }
-  document.normals[static_cast<std::size_t>(document.lastPolygon)].edges.fill({1, 1, 1});
+  polygon.edges.fill({1, 1, 1});
   return polygon;
 }
 
 inline SpawnPoint& AddSpawn(MapDocument& document, float x, float y, std::uint8_t team) {
-  return NextSlot(document.spawns, document.lastSpawn) = {
-             1, ToFixedPoint(x), ToFixedPoint(y), 0, team, {}};
+  return document.spawns.TakeSlot() = {1, ToFixedPoint(x), ToFixedPoint(y), 0, team, {}};
 }
 
 inline SceneryObject& AddScenery(MapDocument& document, float x, float y, std::uint8_t type) {
   const SceneryType& row = SceneryTypeOf(type);
-  return NextSlot(document.sceneries, document.lastScenery) = {
-             1, type, {}, row.width, row.height, x, y, 0, 1, 1, 255, {}};
+  return document.sceneries.TakeSlot() = {1, type, {}, row.width, row.height, x,
+                                          y, 0,    1,  1,         255,        {}};
 }
 
 inline Collider& AddCollider(MapDocument& document, float x, float y, float size) {
-  Collider& collider = NextSlot(document.colliders, document.lastCollider);
+  Collider& collider = document.colliders.TakeSlot();
   const std::uint8_t letter = collider.authorChar;  // the map's
   return collider = {1, {}, letter, x, y, size};
 }
@@ -49,9 +43,9 @@ inline Collider& AddCollider(MapDocument& document, float x, float y, float size
 /// `connections` are ids: slot + 1.
 inline Waypoint& AddWaypoint(MapDocument& document, float x, float y, std::int32_t path,
                              const std::vector<std::int32_t>& connections = {}) {
-  Waypoint& waypoint = NextSlot(document.waypoints, document.lastWaypoint);
+  Waypoint& waypoint = document.waypoints.TakeSlot();
   waypoint.active = 1;
-  waypoint.id = document.lastWaypoint + 1;
+  waypoint.id = document.waypoints.last + 1;
   waypoint.x = ToFixedPoint(x);
   waypoint.y = ToFixedPoint(y);
   waypoint.path = path;
@@ -64,17 +58,7 @@ inline Waypoint& AddWaypoint(MapDocument& document, float x, float y, std::int32
 /// Lists every object of the map and sets the box.
 inline void SelectEverything(Selection& selection, const MapDocument& document) {
   ClearLists(selection);
-  for (std::int16_t i = 0; i <= document.lastPolygon; ++i) {
-    for (std::uint8_t corner = 0; corner < 3; ++corner) selection.vertices.Add({i, corner});
-  }
-  const auto fill = [](auto& list, std::int16_t last) {
-    using Entry = std::remove_cvref_t<decltype(list.entries[0])>;
-    for (int i = 0; i <= last; ++i) list.Add(static_cast<Entry>(i));
-  };
-  fill(selection.spawns, document.lastSpawn);
-  fill(selection.sceneries, document.lastScenery);
-  fill(selection.colliders, document.lastCollider);
-  fill(selection.waypoints, document.lastWaypoint);
+  VisitLists(document, selection, [](const auto& table, auto& list) { ListFrom(0, table, list); });
   UpdateSelectionBox(selection, document);
 }
 
@@ -84,11 +68,9 @@ inline void SelectEverything(Selection& selection, const MapDocument& document) 
 inline void AddNumbered(MapDocument& map, std::uint8_t count) {
   for (std::uint8_t i = 0; i < count; ++i) {
     const float x = 20.0f * i;
-    for (PolygonVertex& vertex : AddTriangle(map, {{{x, 0}, {x + 10, 0}, {x, 10}}}).vertices) {
-      vertex.color = {i, i, i, 255};
-    }
-    map.normals[static_cast<std::size_t>(map.lastPolygon)].edges.fill(
-        {1, 1, static_cast<float>(i)});
+    Polygon& polygon = AddTriangle(map, {{{x, 0}, {x + 10, 0}, {x, 10}}});
+    for (PolygonVertex& vertex : polygon.vertices) vertex.color = {i, i, i, 255};
+    polygon.edges.fill({1, 1, static_cast<float>(i)});
     AddSpawn(map, x, 20, 2).carried = {i, i};
     AddScenery(map, x + 0.5f, 30.5f, 3).carriedTail = {i};
     AddCollider(map, x, 40, 8).carried = {i, i};
@@ -96,39 +78,39 @@ inline void AddNumbered(MapDocument& map, std::uint8_t count) {
   }
 }
 
-/// In their order: polygons, normals, spawns, sceneries, colliders, waypoints.
+/// In their order: polygons, their edges, spawns, sceneries, colliders, waypoints.
 inline std::vector<std::string> NumbersIn(const MapDocument& map) {
-  const auto numbers = [](const auto& table, int last, auto numberOf) {
+  const auto numbers = [](const auto& table, auto numberOf) {
     std::string text;
-    for (std::size_t i = 0; i < static_cast<std::size_t>(last + 1); ++i) {
-      text += std::to_string(static_cast<int>(numberOf(table[i])));
+    for (const auto& record : table.Used()) {
+      text += std::to_string(static_cast<int>(numberOf(record)));
     }
     return text;
   };
   const auto carried = [](const auto& record) { return record.carried[0]; };
-  return {numbers(map.polygons, map.lastPolygon, [](auto& p) { return p.vertices[1].color.red; }),
-          numbers(map.normals, map.lastPolygon, [](auto& n) { return n.edges[1].z; }),
-          numbers(map.spawns, map.lastSpawn, carried),
-          numbers(map.sceneries, map.lastScenery, [](auto& s) { return s.carriedTail[0]; }),
-          numbers(map.colliders, map.lastCollider, carried),
-          numbers(map.waypoints, map.lastWaypoint, carried)};
+  return {numbers(map.polygons, [](auto& p) { return p.vertices[1].color.red; }),
+          numbers(map.polygons, [](auto& p) { return p.edges[1].z; }),
+          numbers(map.spawns, carried),
+          numbers(map.sceneries, [](auto& s) { return s.carriedTail[0]; }),
+          numbers(map.colliders, carried),
+          numbers(map.waypoints, carried)};
 }
 
 inline void ListSlots(Selection& selection, const std::vector<std::uint8_t>& slots) {
   for (const std::uint8_t slot : slots) {
-    selection.spawns.Add(slot);
-    selection.sceneries.Add(slot);
-    selection.colliders.Add(slot);
-    selection.waypoints.Add(slot);
+    selection.spawns.Append(slot);
+    selection.sceneries.Append(slot);
+    selection.colliders.Append(slot);
+    selection.waypoints.Append(slot);
   }
 }
 
 inline void ListVertices(Selection& selection, const std::vector<VertexReference>& vertices) {
-  for (const VertexReference vertex : vertices) selection.vertices.Add(vertex);
+  for (const VertexReference vertex : vertices) selection.vertices.Append(vertex);
 }
 
 inline std::vector<std::int32_t> LinksOf(const MapDocument& map, int slot) {
-  const Waypoint& waypoint = map.waypoints[static_cast<std::size_t>(slot)];
+  const Waypoint& waypoint = map.waypoints[slot];
   return {waypoint.connections.begin(), waypoint.connections.begin() + waypoint.connectionCount};
 }
 

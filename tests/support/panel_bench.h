@@ -1,5 +1,5 @@
-// The property panel without its widgets, over a small map: a refresh recomputes the
-// contents, and the event log also holds the undo steps in their place ("Step Type").
+// The property panel without its widgets, over a small map: as in the window, its contents are
+// recomputed at the end. The event log also holds the undo steps in their place ("Step Type").
 #pragma once
 
 #include <gtest/gtest.h>
@@ -8,40 +8,40 @@
 #include <memory>
 #include <sstream>
 #include <string>
+#include <utility>
 
-#include "panel/panel_state.h"
+#include "panel/panel_editing.h"
+#include "panel/refresh_panel.h"
 #include "support/map_builder.h"
 #include "support/tool_bench.h"
 #include "tools/tool_change.h"
 
 namespace vesmora {
 
-using Act = std::function<void(const PanelContext&)>;
+using Act = std::function<void(PanelEditing&)>;
 using Change = std::function<void(MapDocument&)>;
 
-/// A handler that takes something besides the context, with it.
+/// A handler that takes something besides the editor, with it.
 template <typename Handler, typename... Arguments>
 Act With(Handler handler, Arguments... arguments) {
-  return [=](const PanelContext& context) { handler(context, arguments...); };
+  return [=](PanelEditing& editing) { handler(editing, arguments...); };
 }
 
 class PanelBench : public ToolBench {
  public:
-  PanelState panel;
-  PanelContents& shown = panel.contents;
-  const PanelContext context{editing, panel};
+  PanelContents& shown = editor.panel.contents;
   DocumentState drawn;           // the map at the last redraw
   bool drawnUnderGuard = false;  // panelRefreshing at the last redraw
 
   /// Two triangles, and three of every other kind: the second and third are alike, the
   /// first is not.
   PanelBench() {
-    dialogs.before = display.before = [this] { NoteStep(); };
-    display.onRedraw = [this] {
+    dialogs.before = window.before = [this] { NoteStep(); };
+    window.onRedraw = [this] {
       drawn = StateOf(map);
-      drawnUnderGuard = panel.panelRefreshing;
+      drawnUnderGuard = editor.panel.panelRefreshing;
     };
-    display.onRefresh = [this] { RefreshInfoPanel(context); };
+    window.onRefresh = [this] { isStale_ = true; };
     map = {};
     // As a snapshot leaves them, so that it changes nothing.
     map.author = "Ann";
@@ -68,20 +68,30 @@ class PanelBench : public ToolBench {
       if (kind == 'v') entries >> kind >> corner;  // the dot
       const auto slot = static_cast<std::int16_t>(index);
       const auto byte = static_cast<std::uint8_t>(index);
-      if (kind == '.') selection.vertices.Add({slot, static_cast<std::uint8_t>(corner)});
-      if (kind == 's') selection.spawns.Add(byte);
-      if (kind == 'o') selection.sceneries.Add(byte);
-      if (kind == 'c') selection.colliders.Add(byte);
-      if (kind == 'w') selection.waypoints.Add(slot);
+      if (kind == '.') selection.vertices.Append({slot, static_cast<std::uint8_t>(corner)});
+      if (kind == 's') selection.spawns.Append(byte);
+      if (kind == 'o') selection.sceneries.Append(byte);
+      if (kind == 'c') selection.colliders.Append(byte);
+      if (kind == 'w') selection.waypoints.Append(slot);
     }
     EXPECT_EQ(Listed(), listed);
     UpdateSelectionBox(selection, map);
-    RefreshInfoPanel(context);
+    RefreshPanel(shown, editor);
+  }
+  /// Brings up to date what is out of date.
+  void BringUpToDate() {
+    if (std::exchange(isStale_, false)) RefreshPanel(shown, editor);
   }
   /// Chooses the tool as a user does.
   void Choose(ToolMode tool) {
-    ChangeTool(editing, tool);
+    ChangeTool(editor, tool);
+    BringUpToDate();
     TakeAsked();
+  }
+  /// Runs a handler as a user's click does.
+  void Handle(const Act& act) {
+    RunHandler(editor, act);
+    BringUpToDate();
   }
   /// What was asked since the last time: "Step Type, RedrawMap".
   std::string TakeAsked() {
@@ -98,11 +108,11 @@ class PanelBench : public ToolBench {
     if (change) change(*expected);
     drawn = StateOf(*expected);
     TakeAsked();
-    act(context);
+    Handle(act);
     EXPECT_EQ(TakeAsked(), asked);
     EXPECT_TRUE(StateOf(map) == StateOf(*expected)) << "the map is not as it should be";
     EXPECT_TRUE(drawn == StateOf(*expected)) << "drawn too early";
-    EXPECT_FALSE(panel.panelRefreshing);
+    EXPECT_FALSE(editor.panel.panelRefreshing);
     if (asked.find("Step") != std::string::npos) {
       EXPECT_TRUE(BeforeNewestStep() == before) << "undoing does not bring back what was";
     }
@@ -110,12 +120,13 @@ class PanelBench : public ToolBench {
 
  private:
   void NoteStep() {
-    if (state.journal.undoSlot == notedSlot_) return;
-    notedSlot_ = state.journal.undoSlot;
-    events.push_back("Step " + state.journal.NewestAction());
+    if (editor.journal.undoSlot == notedSlot_) return;
+    notedSlot_ = editor.journal.undoSlot;
+    events.push_back("Step " + editor.journal.NewestAction());
   }
 
-  std::int16_t notedSlot_ = state.journal.undoSlot;
+  bool isStale_ = false;
+  std::int16_t notedSlot_ = editor.journal.undoSlot;
 };
 
 }  // namespace vesmora

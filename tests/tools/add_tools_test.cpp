@@ -29,12 +29,12 @@ struct PolygonBench : ToolBench {
         vertex.color = kOld;
       }
     }
-    ChangeTool(editing, ToolMode::kAddPolygon);
-    state.tool.next.vertexColor = {10, 20, 30};
+    ChangeTool(editor, ToolMode::kAddPolygon);
+    editor.tool.next.vertexColor = {10, 20, 30};
   }
 
   PolygonVertex& Corner(std::size_t i) {
-    return map.polygons[static_cast<std::size_t>(map.lastPolygon)].vertices[i];
+    return map.polygons[static_cast<std::size_t>(map.polygons.last)].vertices[i];
   }
 };
 
@@ -61,12 +61,12 @@ TEST_F(AddPolygonTest, ACornerGoesToTheVertexTheGridOrAnEighthOfATurn) {
     const auto has = [&row](const char* key) { return row.keys.find(key) != std::string::npos; };
     if (row.corner == 1) bench.Click(0, 0);
     // Hovers as if neither grid nor Shift were there, then clicks with them.
-    bench.state.tool.next.vertexColor = {10, 20, 30};
-    bench.state.ctrlDown = true;
+    bench.editor.tool.next.vertexColor = {10, 20, 30};
+    bench.editor.ctrlDown = true;
     bench.Move(row.mouse.x, row.mouse.y);
-    bench.state.view.gridSize = has("grid") ? 25 : 0;
-    bench.state.ctrlDown = has("ctrl");
-    bench.state.shiftDown = has("shift");
+    bench.editor.view.gridSize = has("grid") ? 25 : 0;
+    bench.editor.ctrlDown = has("ctrl");
+    bench.editor.shiftDown = has("shift");
     bench.Press(row.mouse.x, row.mouse.y);
     const PolygonVertex& vertex = bench.Corner(row.corner);
     EXPECT_NEAR(std::hypot(vertex.x - row.place.x, vertex.y - row.place.y), 0, 1e-3) << row.keys;
@@ -74,7 +74,7 @@ TEST_F(AddPolygonTest, ACornerGoesToTheVertexTheGridOrAnEighthOfATurn) {
     EXPECT_FLOAT_EQ(vertex.v, row.textured.y / 120) << row.keys;
     EXPECT_EQ(vertex.color, (MapColor{30, 20, 10, 255}));
     EXPECT_EQ(bench.Corner(2) == vertex, row.corner == 0);
-    for (const std::size_t i : {0U, 1U, 2U}) {
+    for (const int i : {0, 1, 2}) {
       EXPECT_EQ(bench.map.polygons[i].vertices[1].color,
                 row.recolours && i != 1 ? kRecoloured : kOld)
           << row.keys;
@@ -87,46 +87,50 @@ TEST_F(AddPolygonTest, TheNextCornerFollowsThePointerAndTheThirdFinishes) {
   Move(52, 41);
   EXPECT_EQ(std::pair(Corner(1).x, Corner(1).y), std::pair(kVertex.x, kVertex.y));
   EXPECT_EQ(Listed(), "v0.1");
-  state.view.gridSize = 25;
+  editor.view.gridSize = 25;
   Move(kAway.x, kAway.y);
   EXPECT_EQ(std::pair(Corner(1).x, Corner(1).y), std::pair(kAwaySnapped.x, kAwaySnapped.y));
   EXPECT_EQ(Listed(), "") << "the pointer has left it";
-  state.view.gridSize = 0;
+  editor.view.gridSize = 0;
   Move(1, 1);
   EXPECT_EQ(Listed(), "") << "never a corner of its own";
   Click(30, 0);
-  state.shiftDown = true;
+  editor.shiftDown = true;
   Click(40, 8);
   EXPECT_NEAR(Corner(2).y, 9.055385, 1e-3) << "from the corner before, not from the first";
-  EXPECT_EQ(std::tuple(state.tool.value, map.lastPolygon), std::tuple(0, 3));
-  EXPECT_NE(map.normals[3].edges[0].x, 0) << "a zero would make the edge passable";
+  EXPECT_EQ(std::tuple(editor.activity.PlacedCorners(), map.polygons.last), std::tuple(0, 3));
+  EXPECT_NE(map.polygons[3].edges[0].x, 0) << "a zero would make the edge passable";
   Click(100, 100);
-  ChangeTool(editing, ToolMode::kAddSpawn);
-  EXPECT_EQ(map.lastPolygon, 3) << "a half-built one goes with its tool";
+  ChangeTool(editor, ToolMode::kAddSpawn);
+  EXPECT_EQ(map.polygons.last, 3) << "a half-built one goes with its tool";
 }
 
 class AddObjectsTest : public testing::Test, protected ToolBench {};
 
 TEST_F(AddObjectsTest, EachClickIsAStepUntilTheTableIsFull) {
-  using Row = std::tuple<ToolMode, std::int16_t MapDocument::*, int, const char*, const char*>;
-  for (const auto& [tool, lastOf, capacity, kind, step] :
-       {Row(ToolMode::kAddPolygon, &MapDocument::lastPolygon, 400, "polygons", "Polygon"),
-        Row(ToolMode::kAddSpawn, &MapDocument::lastSpawn, 30, "spawns", "Spwan"),
-        Row(ToolMode::kAddScenery, &MapDocument::lastScenery, 255, "sceneries", "Scenery"),
-        Row(ToolMode::kAddCollider, &MapDocument::lastCollider, 128, "colliders", "Collider"),
-        Row(ToolMode::kAddWaypoint, &MapDocument::lastWaypoint, 500, "waypoints", "Waypoint")}) {
+  using Row = std::tuple<ToolMode, int, const char*, const char*>;
+  for (const auto& [tool, capacity, kind, step] :
+       {Row(ToolMode::kAddPolygon, 400, "polygons", "Polygon"),
+        Row(ToolMode::kAddSpawn, 30, "spawns", "Spwan"),
+        Row(ToolMode::kAddScenery, 255, "sceneries", "Scenery"),
+        Row(ToolMode::kAddCollider, 128, "colliders", "Collider"),
+        Row(ToolMode::kAddWaypoint, 500, "waypoints", "Waypoint")}) {
     ToolBench bench;
-    ChangeTool(bench.editing, tool);
-    bench.map.*lastOf = static_cast<std::int16_t>(capacity - 2);
+    ChangeTool(bench.editor, tool);
+    const std::vector<std::int16_t*> lasts = {&bench.map.polygons.last, &bench.map.spawns.last,
+                                              &bench.map.sceneries.last, &bench.map.colliders.last,
+                                              &bench.map.waypoints.last};
+    std::int16_t& last = *lasts[static_cast<std::size_t>(tool) - 1];
+    last = static_cast<std::int16_t>(capacity - 2);
     const DocumentState before = StateOf(bench.map);
     bench.TakeEvents();
     bench.Press(333, 222);
-    EXPECT_EQ(bench.map.*lastOf, capacity - 1) << step;
+    EXPECT_EQ(last, capacity - 1) << step;
     EXPECT_THAT(bench.events, ElementsAre("RefreshInfoPanel", "RedrawMap"));
     EXPECT_THAT(bench.Steps(), ElementsAre(step));
     EXPECT_TRUE(bench.BeforeNewestStep() == before) << step;
-    EndConstruction(bench.state);
-    bench.map.*lastOf = static_cast<std::int16_t>(capacity - 1);
+    bench.editor.activity.Finish(bench.editor);
+    last = static_cast<std::int16_t>(capacity - 1);
     bench.Click(300, 200);
     bench.ExpectRefusal("Max number of " + std::string(kind) + " reached.");
     EXPECT_EQ(bench.Steps().size(), 1U);
@@ -136,19 +140,19 @@ TEST_F(AddObjectsTest, EachClickIsAStepUntilTheTableIsFull) {
 TEST_F(AddObjectsTest, ObjectsTakePlaceAndPropertiesAndShowTheNextOne) {
   MapDocument expected;
   for (const bool ctrl : {false, true}) {
-    state.view.gridSize = 25;
-    state.ctrlDown = ctrl;
+    editor.view.gridSize = 25;
+    editor.ctrlDown = ctrl;
     using Choice = std::pair<ToolMode, std::int16_t>;
     for (const auto& [tool, value] :
          {Choice(ToolMode::kAddSpawn, 2), Choice(ToolMode::kAddCollider, 7),
           Choice(ToolMode::kAddScenery, 2)}) {
-      ChangeTool(editing, tool);
-      state.tool.value = value;
-      state.tool.next.visibility = "50%";
+      ChangeTool(editor, tool);
+      editor.tool.value = value;
+      editor.tool.next.visibility = "50%";
       Click(37.5f, 12.5f);
     }
     const ScreenPoint place = ctrl ? ScreenPoint{37.5f, 12.5f} : ScreenPoint{50, 0};
-    const auto slot = static_cast<std::size_t>(ctrl);
+    const int slot = ctrl ? 1 : 0;
     AddSpawn(expected, place.x, place.y, 2).active = 256;
     AddCollider(expected, place.x, place.y, 7).authorChar = map.colliders[slot].authorChar;
     AddScenery(expected, place.x + 0.5f, place.y + 0.5f, 2).level = 128;
@@ -161,8 +165,8 @@ TEST_F(AddObjectsTest, ObjectsTakePlaceAndPropertiesAndShowTheNextOne) {
 
 TEST_F(AddObjectsTest, ALianaGetsItsDirectionByASecondClickOrHangsDown) {
   const auto begin = [](ToolBench& bench) {
-    ChangeTool(bench.editing, ToolMode::kAddScenery);
-    bench.state.tool.value = 5;
+    ChangeTool(bench.editor, ToolMode::kAddScenery);
+    bench.editor.tool.value = 5;
     bench.Click(10, 0);
     EXPECT_EQ(bench.map.sceneries[0].rotation, -kPi / 2);
   };
@@ -172,18 +176,18 @@ TEST_F(AddObjectsTest, ALianaGetsItsDirectionByASecondClickOrHangsDown) {
         Row({10, 0}, false, 135)}) {
     ToolBench bench;
     begin(bench);
-    bench.state.shiftDown = shift;
+    bench.editor.shiftDown = shift;
     bench.Click(click.x, click.y);
     EXPECT_NEAR(bench.map.sceneries[0].rotation, rotation * M_PI / 180, 1e-6) << rotation;
-    EXPECT_EQ(std::tuple(bench.map.lastScenery, bench.state.tool.value), std::tuple(0, 5));
+    EXPECT_EQ(std::tuple(bench.map.sceneries.last, bench.editor.tool.value), std::tuple(0, 5));
     EXPECT_THAT(bench.Steps(), ElementsAre("Scenery"));
-    EXPECT_FALSE(bench.state.gesture.InProgress());
+    EXPECT_TRUE(bench.editor.activity.Is(ActivityKind::kNone));
   }
   for (const bool isCancelled : {true, false}) {
     begin(*this);
     Move(40, -30);
-    isCancelled ? CancelGesture(editing) : ChangeTool(editing, ToolMode::kEdit);
-    EXPECT_EQ(map.lastScenery, isCancelled ? -1 : 0);
+    isCancelled ? CancelGesture(editor) : ChangeTool(editor, ToolMode::kEdit);
+    EXPECT_EQ(map.sceneries.last, isCancelled ? -1 : 0);
     EXPECT_EQ(Steps().empty(), isCancelled);
   }
   EXPECT_EQ(map.sceneries[0].rotation, -kPi / 2);
@@ -191,25 +195,25 @@ TEST_F(AddObjectsTest, ALianaGetsItsDirectionByASecondClickOrHangsDown) {
 
 class AddWaypointTest : public AddObjectsTest {
  protected:
-  AddWaypointTest() { ChangeTool(editing, ToolMode::kAddWaypoint); }
+  AddWaypointTest() { ChangeTool(editor, ToolMode::kAddWaypoint); }
 };
 
 TEST_F(AddWaypointTest, CreatesUnderThePointerAndDrawsChains) {
-  state.view.gridSize = 25;
-  state.tool.value = 2;
-  state.tool.next.botSettings = {1, 0, 1, 0, 1};
+  editor.view.gridSize = 25;
+  editor.tool.value = 2;
+  editor.tool.next.botSettings = {1, 0, 1, 0, 1};
   map.waypoints[0].connectionCount = 3;  // what lay there
   Press(37.25f, -12.5f);
   EXPECT_EQ(map.waypoints[0], (Waypoint{1, 1, 9536, -3200, {1, 0, 1, 0, 1}, {}, 2, 0, {}}));
   for (const auto& [count, after] : {std::pair(0, 1), {19, 20}, {20, 20}, {-3, 1}}) {
-    state.ctrlDown = count != 0;
-    state.shiftDown = !state.ctrlDown;
-    Waypoint& last = map.waypoints[static_cast<std::size_t>(map.lastWaypoint)];
+    editor.ctrlDown = count != 0;
+    editor.shiftDown = !editor.ctrlDown;
+    Waypoint& last = map.waypoints.Last();
     last.connectionCount = count;
-    Click(static_cast<float>(map.lastWaypoint) * 50, 100);
+    Click(static_cast<float>(map.waypoints.last) * 50, 100);
     EXPECT_EQ(last.connectionCount, after);
     const auto added = static_cast<std::size_t>(after - 1);
-    EXPECT_TRUE(after == count || last.connections[added] == map.lastWaypoint + 1);
+    EXPECT_TRUE(after == count || last.connections[added] == map.waypoints.last + 1);
   }
 }
 
@@ -221,18 +225,18 @@ TEST_F(AddWaypointTest, TwoClicksConnectOneWay) {
   }
   EXPECT_THAT(LinksOf(map, 1), ElementsAre(3, 3, 2));
   Click(0, 0);
-  EXPECT_EQ(selection.connectionAnchor, 0);
-  CancelGesture(editing);
-  EXPECT_EQ(selection.connectionAnchor, kNoIndex);
+  EXPECT_EQ(editor.activity.Anchor(), 0);
+  CancelGesture(editor);
+  EXPECT_EQ(editor.activity.Anchor(), kNoIndex);
   Click(100, 0);
   map.waypoints[0].connectionCount = map.waypoints[1].connectionCount = 20;  // in the meantime
   Click(200, 0);
   EXPECT_EQ(map.waypoints[1].connectionCount, 20);
   Click(0, 0);
   ExpectRefusal("Selected waypoint have max number of connections.");
-  EXPECT_EQ(selection.connectionAnchor, kNoIndex);
+  EXPECT_EQ(editor.activity.Anchor(), kNoIndex);
   EXPECT_EQ(Steps(), std::vector<std::string>(5, "Waypoint"));
-  EXPECT_EQ(map.lastWaypoint, 2);
+  EXPECT_EQ(map.waypoints.last, 2);
 }
 
 class ToolChangeTest : public testing::Test, protected ToolBench {};
@@ -241,22 +245,23 @@ TEST_F(ToolChangeTest, AnAddToolStartsCleanAndShowsItsKind) {
   AddCollider(map, 0, 0, 12);
   for (std::size_t tool = 1; tool < kToolCount; ++tool) {
     SelectEverything(selection, map);
-    selection.moveSnapshotTaken = selection.placing = true;
-    selection.connectionAnchor = 3;
-    state.show.showFlags.fill(0);
-    ChangeTool(editing, static_cast<ToolMode>(tool));
+    selection.moveSnapshotTaken = true;
+    editor.activity.Begin(ActivityKind::kPlacement, editor);
+    editor.show.showFlags.fill(0);
+    ChangeTool(editor, static_cast<ToolMode>(tool));
     std::array<std::int16_t, 7> shown{};
     shown[tool - 1] = 1;
-    EXPECT_EQ(state.show.showFlags, shown);
-    EXPECT_EQ(std::tuple(Listed(), selection.connectionAnchor), std::tuple("", kNoIndex));
-    EXPECT_FALSE(selection.moveSnapshotTaken || selection.placing);
-    EXPECT_EQ(display.pointer, PointerShape::kCross);
+    EXPECT_EQ(editor.show.showFlags, shown);
+    EXPECT_EQ(Listed(), "");
+    EXPECT_FALSE(selection.moveSnapshotTaken || !editor.activity.Is(ActivityKind::kNone));
+    EXPECT_EQ(Pointer(), PointerShape::kCross);
     SelectEverything(selection, map);
-    selection.connectionAnchor = state.tool.value = 3;
-    ChangeTool(editing, ToolMode::kEdit);
+    editor.tool.value = 3;
+    editor.activity.Begin(ActivityKind::kConnection, editor, 3);
+    ChangeTool(editor, ToolMode::kEdit);
     EXPECT_EQ(Listed(), "c0") << "Edit keeps the selection";
-    EXPECT_EQ(std::tuple(selection.connectionAnchor, state.tool.value), std::tuple(kNoIndex, 0));
-    EXPECT_EQ(display.pointer, PointerShape::kDefault);
+    EXPECT_EQ(std::tuple(editor.activity.Anchor(), editor.tool.value), std::tuple(kNoIndex, 0));
+    EXPECT_EQ(Pointer(), PointerShape::kDefault);
   }
 }
 
@@ -264,8 +269,8 @@ TEST_F(ToolChangeTest, OffersWhatTheLastObjectHas) {
   const auto offered = [this] {
     std::vector<std::int16_t> values;
     for (int tool = 1; tool < kToolCount; ++tool) {
-      ChangeTool(editing, static_cast<ToolMode>(tool));
-      values.push_back(state.tool.value);
+      ChangeTool(editor, static_cast<ToolMode>(tool));
+      values.push_back(editor.tool.value);
     }
     return values;
   };
@@ -275,9 +280,9 @@ TEST_F(ToolChangeTest, OffersWhatTheLastObjectHas) {
   AddCollider(map, 0, 0, 20.5f);
   AddWaypoint(map, 0, 0, 8).botSettings = {1, 2, 0, 0, 1};
   EXPECT_THAT(offered(), ElementsAre(0, 0, 5, 20, 2)) << "any path but the first is the second";
-  const NextObject& next = state.tool.next;
+  const NextObject& next = editor.tool.next;
   EXPECT_EQ(next.vertexColor, (Rgb{6, 5, 2}));
-  EXPECT_EQ(next.visibility + next.colliderSize, "75%20.5");
+  EXPECT_EQ(NextVisibility(editor) + next.colliderSize, "75%20.5");
   EXPECT_EQ(next.botSettings, (std::array<std::uint8_t, 5>{1, 2, 0, 0, 1}));
 }
 

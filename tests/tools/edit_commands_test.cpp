@@ -7,7 +7,6 @@
 #include "document/scenery_types.h"
 #include "support/map_builder.h"
 #include "support/tool_bench.h"
-#include "tools/clipboard_commands.h"
 #include "tools/mouse_dispatch.h"
 #include "tools/tool_change.h"
 
@@ -24,24 +23,23 @@ struct EditBench : ToolBench {
 class EditCommandsTest : public testing::Test, protected EditBench {};
 
 TEST_F(EditCommandsTest, EachSaysWhatItMust) {
-  const Strings kept = {"RefreshInfoPanel", "RedrawMap"};
-  const Strings deselected = {"SetPointer 0", "RefreshInfoPanel", "RedrawMap"};
+  const Strings shown = {"RefreshInfoPanel", "RedrawMap"};
   const Strings refused = {"Show Problem"};
-  using Row = std::tuple<void (*)(const Editing&), Strings, Strings, MessageIcon>;
-  for (const auto& [command, told, toldOfNone, icon] :
-       {Row{MenuCopy, kept, kept, {}}, Row{MenuFront, deselected, deselected, {}},
-        Row{MenuBack, deselected, deselected, {}},
-        Row{MenuMirror, kept, refused, MessageIcon::kCritical},
-        Row{MenuFlip, kept, refused, MessageIcon::kCritical},
-        Row{MenuDelete, deselected, refused, MessageIcon::kInformation}}) {
+  using Row = std::tuple<void (*)(Editing&), bool, Strings, MessageIcon>;
+  for (const auto& [command, deselects, toldOfNone, icon] :
+       {Row{MenuCopy, false, shown, {}}, Row{MenuFront, true, shown, {}},
+        Row{MenuBack, true, shown, {}}, Row{MenuMirror, false, refused, MessageIcon::kCritical},
+        Row{MenuFlip, false, refused, MessageIcon::kCritical},
+        Row{MenuDelete, true, refused, MessageIcon::kInformation}}) {
     EditBench bench;
-    command(bench.editing);
+    command(bench.editor);
     EXPECT_EQ(bench.TakeEvents(), toldOfNone);
     const Message refusal{"You need select something at first.", "Problem", icon};
     EXPECT_THAT(bench.dialogs.messages, testing::Each(refusal));
     ListSlots(bench.selection, {1});
-    command(bench.editing);
-    EXPECT_EQ(bench.events, told);
+    command(bench.editor);
+    EXPECT_EQ(bench.events, shown);
+    EXPECT_EQ(bench.selection.Empty(), deselects);
   }
 }
 
@@ -55,8 +53,8 @@ TEST_F(EditCommandsTest, MirrorAndFlipTurnOverAboutTheMiddleOfTheBox) {
     turned.polygons[0].vertices[1].u = turned.polygons[0].vertices[1].v = 0.75f;
     ListVertices(bench.selection, {{0, 0}, {0, 1}});
     ListSlots(bench.selection, {1});
-    bench.selection.box = {-40, 200, 10, 110};             // not the bounds of what is listed
-    bench.state.tool.next.noTextureCorrection = isMirror;  // concerns moving only
+    bench.selection.box = {-40, 200, 10, 110};              // not the bounds of what is listed
+    bench.editor.tool.next.noTextureCorrection = isMirror;  // concerns moving only
     const DocumentState before = StateOf(turned);
     const auto expected = std::make_unique<MapDocument>(turned);
     const auto turn = [isMirror](auto& record, auto unit) {
@@ -76,9 +74,9 @@ TEST_F(EditCommandsTest, MirrorAndFlipTurnOverAboutTheMiddleOfTheBox) {
     turn(scenery, 1.0f);
     (isMirror ? scenery.scaleY : scenery.scaleX) *= -1;
     scenery.rotation = kPi - 0.5f;
-    auto& settings = expected->waypoints[1].botSettings;
-    isMirror ? std::swap(settings[0], settings[1]) : std::swap(settings[2], settings[3]);
-    isMirror ? MenuMirror(bench.editing) : MenuFlip(bench.editing);
+    auto& bots = expected->waypoints[1].botSettings;
+    isMirror ? std::swap(bots[0], bots[1]) : std::swap(bots[2], bots[3]);
+    isMirror ? MenuMirror(bench.editor) : MenuFlip(bench.editor);
     EXPECT_TRUE(StateOf(turned) == StateOf(*expected));
     EXPECT_TRUE(bench.BeforeNewestStep() == before);
     EXPECT_THAT(bench.Steps(), ElementsAre(isMirror ? "Mirror" : "Flip"));
@@ -86,13 +84,13 @@ TEST_F(EditCommandsTest, MirrorAndFlipTurnOverAboutTheMiddleOfTheBox) {
 }
 
 TEST_F(EditCommandsTest, FrontKeepsTheOrderAndBackReversesIt) {
-  using Row = std::tuple<void (*)(const Editing&), const char*, const char*, const char*>;
+  using Row = std::tuple<void (*)(Editing&), const char*, const char*, const char*>;
   for (const auto& [command, step, polygons, sceneries] :
        {Row{MenuFront, "Bring", "025134", "134025"}, Row{MenuBack, "Send", "431025", "520134"}}) {
     EditBench bench;
     ListVertices(bench.selection, {{1, 0}, {1, 2}, {3, 0}, {3, 1}, {3, 2}, {4, 1}});
     ListSlots(bench.selection, {0, 2, 5});
-    command(bench.editing);
+    command(bench.editor);
     EXPECT_THAT(NumbersIn(bench.map),
                 ElementsAre(polygons, polygons, "012345", sceneries, "012345", "012345"));
     EXPECT_THAT(bench.Steps(), ElementsAre(step));
@@ -105,7 +103,7 @@ TEST_F(EditCommandsTest, DeleteClosesTheGapsAndClearsTheVacatedSlot) {
   Waypoint waypoint = map.waypoints[5];
   SceneryObject scenery = map.sceneries[5];
   map.spawns[5].ySign = 255;
-  MenuDelete(editing);
+  MenuDelete(editor);
   EXPECT_THAT(NumbersIn(map), ElementsAre("135", "135", "035", "035", "035", "035"));
   // What moved down last lies there still, but for the fields that tell a used slot.
   EXPECT_EQ(map.polygons[3].vertices[2].color, (MapColor{5, 5, 5, 0}));
@@ -122,15 +120,15 @@ TEST_F(EditCommandsTest, OfEqualConnectionsToADeletedWaypointTheSecondSurvives) 
   map = {};
   AddWaypoint(map, 0, 0, 1, {2, 2, 3, 2, 9});
   for (int i = 0; i < 2; ++i) AddWaypoint(map, 0, 0, 1);
-  selection.waypoints.Add(1);
-  MenuDelete(editing);
+  selection.waypoints.Append(1);
+  MenuDelete(editor);
   EXPECT_THAT(LinksOf(map, 0), ElementsAre(2, 2, 9)) << "and names what takes the number";
   map = {};
   AddWaypoint(map, 0, 0, 1, {3, 2, 3});
   for (int i = 0; i < 3; ++i) AddWaypoint(map, 0, 0, 1);
-  selection.waypoints.Add(1);
-  selection.waypoints.Add(2);
-  MenuDelete(editing);
+  selection.waypoints.Append(1);
+  selection.waypoints.Append(2);
+  MenuDelete(editor);
   EXPECT_THAT(LinksOf(map, 0), ElementsAre(2))
       << "the lower first, which brings equal ones together";
 }
@@ -140,10 +138,10 @@ TEST_F(EditCommandsTest, AnAddToolTakesBackTheLastOfItsKind) {
   for (std::size_t tool = 1; tool < tables.size(); ++tool) {
     ToolBench bench;
     AddNumbered(bench.map, 2);
-    ChangeTool(bench.editing, static_cast<ToolMode>(tool));
+    ChangeTool(bench.editor, static_cast<ToolMode>(tool));
     if (tool < 5) ListSlots(bench.selection, {0});  // whatever is selected
     for (const std::string left : {"0", "", ""}) {
-      MenuDelete(bench.editing);
+      MenuDelete(bench.editor);
       Strings expected(6, "01");
       expected[tables[tool]] = left;
       if (tool == 1) expected[1] = left;
@@ -156,54 +154,55 @@ TEST_F(EditCommandsTest, AnAddToolTakesBackTheLastOfItsKind) {
 }
 
 TEST_F(EditCommandsTest, ATriangleIsTakenBackCornerByCorner) {
-  ChangeTool(editing, ToolMode::kAddPolygon);
+  ChangeTool(editor, ToolMode::kAddPolygon);
   Click(200, 200);
   Click(240, 200);
   Move(250, 260);
-  MenuDelete(editing);
+  MenuDelete(editor);
   const auto& corners = map.polygons[6].vertices;
   const auto place = [&corners](std::size_t i) { return ScreenPoint{corners[i].x, corners[i].y}; };
   EXPECT_EQ(place(1), (ScreenPoint{250, 260})) << "now follows the pointer";
   EXPECT_EQ(place(2), (ScreenPoint{200, 200}));
   EXPECT_EQ(std::tuple(corners[1].u, corners[1].v), std::tuple(0, 0));
   Click(280, 210);
-  EXPECT_EQ(std::tuple(place(1), state.tool.value), std::tuple(ScreenPoint{280, 210}, 2));
-  for (int i = 0; i < 2; ++i) MenuDelete(editing);
-  EXPECT_EQ(std::tuple(state.tool.value, map.lastPolygon), std::tuple(0, 5));
-  EXPECT_FALSE(state.gesture.InProgress());
+  EXPECT_EQ(std::tuple(place(1), editor.activity.PlacedCorners()),
+            std::tuple(ScreenPoint{280, 210}, 2));
+  for (int i = 0; i < 2; ++i) MenuDelete(editor);
+  EXPECT_EQ(std::tuple(editor.activity.PlacedCorners(), map.polygons.last), std::tuple(0, 5));
+  EXPECT_TRUE(editor.activity.Is(ActivityKind::kNone));
 }
 
 TEST_F(EditCommandsTest, WhatIsHalfDoneIsTakenBackFirst) {
-  ChangeTool(editing, ToolMode::kAddScenery);
-  state.tool.value = kLianaType;
+  ChangeTool(editor, ToolMode::kAddScenery);
+  editor.tool.value = kLianaType;
   Click(200, 200);
-  MenuDelete(editing);
-  EXPECT_EQ(std::tuple(map.lastScenery, state.tool.value), std::tuple(5, kLianaType));
-  EXPECT_FALSE(state.gesture.InProgress());
-  ChangeTool(editing, ToolMode::kAddWaypoint);
+  MenuDelete(editor);
+  EXPECT_EQ(std::tuple(map.sceneries.last, editor.tool.value), std::tuple(5, kLianaType));
+  EXPECT_TRUE(editor.activity.Is(ActivityKind::kNone));
+  ChangeTool(editor, ToolMode::kAddWaypoint);
   Click(40, 50);
   for (const char* left : {"012345", "01345"}) {  // the connection, then the hovered one
-    MenuDelete(editing);
+    MenuDelete(editor);
     EXPECT_EQ(NumbersIn(map)[5], left);
     Move(40, 50);
   }
 }
 
 TEST_F(EditCommandsTest, AHoveredCornerMayBeTakenBackAndSetsNoBox) {
-  ChangeTool(editing, ToolMode::kAddPolygon);
+  ChangeTool(editor, ToolMode::kAddPolygon);
   Move(100, 0);
   ASSERT_EQ(Listed(), "v5.0");
-  MenuDelete(editing);
+  MenuDelete(editor);
   EXPECT_EQ(Listed(), "");
   Move(90, 0);
-  ChangeTool(editing, ToolMode::kEdit);
+  ChangeTool(editor, ToolMode::kEdit);
   ASSERT_EQ(Listed(), "v4.1");
-  MenuMirror(editing);
+  MenuMirror(editor);
   Press(300, 200);  // the first corner of a box that never comes
-  MenuMirror(editing);
-  MenuCopy(editing);
+  MenuMirror(editor);
+  MenuCopy(editor);
   EXPECT_EQ(map.polygons[4].vertices[1].x, 90);
-  EXPECT_TRUE(state.clipboard.box.Complete());
+  EXPECT_TRUE(editor.clipboard.box.Complete());
 }
 
 /// `copy` is `original` at another place.
@@ -224,40 +223,40 @@ class ClipboardTest : public testing::Test, protected ToolBench {
 TEST_F(ClipboardTest, CopiesLieInTheTailOfTheTables) {
   ListVertices(selection, {{0, 1}, {2, 0}, {2, 2}});
   ListSlots(selection, {0, 2});
-  MenuCopy(editing);
+  MenuCopy(editor);
   EXPECT_TRUE(Steps().empty());
-  TakeUndoSnapshot(editing, "Color");
-  MapWorkbench undo;  // in the undo files, too
-  LoadMap(undo.Context(), state.journal.NewestFile(), true);
-  const MapDocument& at = undo.document;
+  TakeUndoSnapshot(editor, "Color");
+  Bench undo;  // in the undo files, too
+  undo.Load(journal.NewestFile(), false, true);
+  const MapDocument& at = undo.map;
   EXPECT_THAT(NumbersIn(at), testing::Each("012"));
-  EXPECT_THAT(std::span(at.polygons).last(2), ElementsAre(map.polygons[2], map.polygons[0]));
-  EXPECT_THAT(std::span(at.normals).last(2), ElementsAre(map.normals[2], map.normals[0]));
-  EXPECT_THAT(std::span(at.spawns).last(2), ElementsAre(map.spawns[2], map.spawns[0]));
-  EXPECT_THAT(std::span(at.sceneries).last(2), ElementsAre(map.sceneries[0], map.sceneries[2]));
-  EXPECT_THAT(std::span(at.waypoints).last(2), ElementsAre(map.waypoints[2], map.waypoints[0]));
+  const auto tail = [](const auto& table) { return std::span(table.slots).last(2); };
+  EXPECT_THAT(tail(at.polygons), ElementsAre(map.polygons[2], map.polygons[0]));
+  EXPECT_THAT(tail(at.spawns), ElementsAre(map.spawns[2], map.spawns[0]));
+  EXPECT_THAT(tail(at.sceneries), ElementsAre(map.sceneries[0], map.sceneries[2]));
+  EXPECT_THAT(tail(at.waypoints), ElementsAre(map.waypoints[2], map.waypoints[0]));
   ExpectCopy(at.colliders[126], map.colliders[2]);
   ExpectCopy(at.colliders[127], map.colliders[0]);
 }
 
 TEST_F(ClipboardTest, PasteAddsCopiesInTheMiddleOfTheView) {
   SelectEverything(selection, map);
-  MenuCopy(editing);
+  MenuCopy(editor);
   ClearLists(selection);
   selection.box = {9000, 9010, 7000, 7010};  // somebody else's
-  state.view.zoom = 2;
+  editor.view.zoom = 2;
   TakeEvents();
-  MenuPaste(editing);
+  MenuPaste(editor);
   EXPECT_THAT(events,
               ElementsAre("RefreshInfoPanel", "RedrawMap", "RefreshInfoPanel", "RedrawMap"));
   EXPECT_EQ(Listed(),
             "v3.0 v3.1 v3.2 v4.0 v4.1 v4.2 v5.0 v5.1 v5.2 s3 s4 s5 o3 o4 o5 c3 c4 c5 w3 w4 w5");
   // The middle of the map's part of the window, below its top strip, is world 0, 12.5.
   EXPECT_EQ(selection.box, (SelectionBox{-25, 25, -12, 38}));
-  for (std::size_t i = 0; i < 3; ++i) {
+  for (int i = 0; i < 3; ++i) {
     ExpectCopy(map.polygons[i + 3].vertices[0], map.polygons[i].vertices[0]);
     EXPECT_EQ(map.polygons[i + 3].vertices[0].x, map.polygons[i].vertices[0].x - 25);
-    EXPECT_EQ(map.normals[i + 3], map.normals[i]);
+    EXPECT_EQ(map.polygons[i + 3].edges, map.polygons[i].edges);
     ExpectCopy(map.spawns[i + 3], map.spawns[i]);
     ExpectCopy(map.sceneries[i + 3], map.sceneries[i]);
     ExpectCopy(map.colliders[i + 3], map.colliders[i]);
@@ -267,20 +266,20 @@ TEST_F(ClipboardTest, PasteAddsCopiesInTheMiddleOfTheView) {
 }
 
 TEST_F(ClipboardTest, OneSlotStaysFreeAndWhatDoesNotFitIsToldAfterPasting) {
-  map.lastPolygon = 397;
+  map.polygons.last = 397;
   ListVertices(selection, {{0, 0}, {1, 0}, {2, 0}});
   selection.box = {0, 10, 0, 10};
-  MenuCopy(editing);
-  EXPECT_EQ(state.clipboard.TotalCounter(), 0);
+  MenuCopy(editor);
+  EXPECT_EQ(editor.clipboard.polygons.Count(), 1);
   TakeEvents();
-  map.lastPolygon = 398;
-  MenuPaste(editing);
-  EXPECT_EQ(map.lastPolygon, 398);
+  map.polygons.last = 398;
+  MenuPaste(editor);
+  EXPECT_EQ(map.polygons.last, 398);
   EXPECT_FALSE(selection.box.Complete()) << "no box without a selection";
   EXPECT_THAT(events, ElementsAre("RefreshInfoPanel", "RedrawMap", "Show Problem"));
   ExpectRefusal("Some of copied objects couldnt be pasted");
-  map.lastPolygon = 300;
-  MenuPaste(editing);
+  map.polygons.last = 300;
+  MenuPaste(editor);
   EXPECT_TRUE(dialogs.messages.empty()) << "told once";
 }
 

@@ -32,7 +32,7 @@ class PickingTest : public testing::Test, protected ToolBench {
   }
 
   std::string In(const SelectionBox& box, SelectionKind kind = SelectionKind::kAll) {
-    SelectInBox(editing, box, false, kind);
+    SelectInBox(editor, box, false, kind);
     return Listed();
   }
 };
@@ -49,10 +49,11 @@ TEST_F(PickingTest, ABoxHoldsThePointsOnItsEdges) {
     EXPECT_EQ(In(box, kind), expected) << box.left;
   }
   map.toolIndex = ToolMode::kAddPolygon;
-  state.tool.value = 1;
+  editor.activity.Begin(ActivityKind::kTriangle, editor);
+  editor.activity.SetPlacedCorners(1);
   EXPECT_EQ(In(kEverywhere, kVertex), "") << "an unfinished triangle is not found";
-  state.show.showFlags = {0, 1, 0, 1, 1, 1, 1};
-  state.show.pathFilter = 2;
+  editor.show.showFlags = {0, 1, 0, 1, 1, 1, 1};
+  editor.show.pathFilter = 2;
   EXPECT_EQ(In(kEverywhere), "s0 c0 w1") << "nor is what is hidden";
 }
 
@@ -61,7 +62,7 @@ TEST_F(PickingTest, AClickLooksInGrowingSquares) {
   for (const auto& [zoom, count] : {std::pair(4.0f, 1U), {1.0f, 4U}, {0.25f, 7U}}) {
     for (std::size_t i = 1; i <= count + 1U; ++i) {  // just beside the square before
       ToolBench bench;
-      bench.state.view.zoom = zoom;
+      bench.editor.view.zoom = zoom;
       const float distance = reaches[i - 1] + (i == 1 ? 0 : 0.5f);
       AddCollider(bench.map, 100 - distance, 100 + distance, 1);
       bench.Click(100, 100);
@@ -78,10 +79,10 @@ class EditToolTest : public testing::Test, protected ToolBench {
   /// Which of the drags a press here starts.
   std::string StartedBy(float x, float y) {
     Press(x, y);
-    const std::string started = selection.moving     ? "move"
-                                : selection.rotating ? "rotate"
-                                : selection.sizing   ? "size"
-                                                     : "pick";
+    const std::string started = editor.activity.Is(ActivityKind::kMove)     ? "move"
+                                : editor.activity.Is(ActivityKind::kRotate) ? "rotate"
+                                : editor.activity.Is(ActivityKind::kResize) ? "size"
+                                                                            : "pick";
     Release();
     return started;
   }
@@ -89,7 +90,7 @@ class EditToolTest : public testing::Test, protected ToolBench {
 
 TEST_F(EditToolTest, AClickBesideASelectionOnlyDeselects) {
   AddCollider(map, 100, 100, 5);
-  state.shiftDown = state.ctrlDown = true;  // modifiers add nothing
+  editor.shiftDown = editor.ctrlDown = true;  // modifiers add nothing
   for (const auto& [x, y] : {std::pair(200.0f, 200.0f), {102.0f, 100.0f}, {100.0f, 98.0f}}) {
     Click(100, 100);  // the box reaches from 98 to 102
     TakeEvents();
@@ -97,7 +98,8 @@ TEST_F(EditToolTest, AClickBesideASelectionOnlyDeselects) {
     EXPECT_THAT(events, IsEmpty());
     Release();
     EXPECT_EQ(std::tuple(Listed(), selection.box), std::tuple("", SelectionBox{}));
-    EXPECT_THAT(events, ElementsAre("SetPointer 0", "RefreshInfoPanel", "RedrawMap"));
+    EXPECT_THAT(events, ElementsAre("RefreshInfoPanel", "RedrawMap"));
+    EXPECT_EQ(Pointer(), PointerShape::kDefault);
   }
 }
 
@@ -125,7 +127,7 @@ TEST_F(EditToolTest, TheRubberBandSelectsLiveInEveryDirection) {
 TEST_F(EditToolTest, ADragIsOneStepASelectionAndIgnoresTheGrid) {
   AddCollider(map, 100, 100, 5);
   Click(100, 100);
-  state.view.gridSize = 25;
+  editor.view.gridSize = 25;
   const DocumentState before = StateOf(map);
   Press(101.5f, 98.5f);
   TakeEvents();
@@ -139,9 +141,9 @@ TEST_F(EditToolTest, ADragIsOneStepASelectionAndIgnoresTheGrid) {
   Click(0, 0);
   Click(160, 80);
   Press(160, 80);
-  state.view.zoom = 4;  // in the middle of a drag flings nothing
-  ForgetHover(editing);
-  MoveMouse(editing, {.x = state.view.lastMouseX + 4, .y = state.view.lastMouseY});
+  editor.view.zoom = 4;  // in the middle of a drag flings nothing
+  ForgetHover(editor);
+  MoveMouse(editor, {.x = editor.view.lastMouseX + 4, .y = editor.view.lastMouseY});
   EXPECT_EQ(map.colliders[0].x, 161);
   EXPECT_THAT(Steps(), ElementsAre("Move", "Move"));
 }
@@ -156,7 +158,7 @@ TEST_F(EditToolTest, HandlesComeBeforeTheBoxAndNeedOneScenery) {
         Row{107, 20, PointerShape::kDefault, "pick"}, Row{10, 20, PointerShape::kMove, "move"}}) {
     Click(10, 20);
     Move(x, y);
-    EXPECT_EQ(display.pointer, pointer) << x;
+    EXPECT_EQ(Pointer(), pointer) << x;
     EXPECT_EQ(StartedBy(x, y), drag);
   }
   EXPECT_THAT(Steps(), ElementsAre("Size", "Rotate")) << "taken at the press";
@@ -165,9 +167,9 @@ TEST_F(EditToolTest, HandlesComeBeforeTheBoxAndNeedOneScenery) {
   scenery.type = 5;
   EXPECT_EQ(StartedBy(11, 21), "move") << "a liana has no rotate handle";
   scenery.rotation = kPi / 2;  // the size handle then lies at 21.5, 19.5
-  selection.spawns.Add(0);
+  selection.spawns.Append(0);
   EXPECT_EQ(StartedBy(21, 19), "size") << "other kinds may be selected, too";
-  selection.sceneries.Add(0);
+  selection.sceneries.Append(0);
   EXPECT_EQ(StartedBy(21, 19), "pick");
 }
 
@@ -178,7 +180,7 @@ SceneryObject Pulled(const SceneryObject& before, float handleY, ScreenPoint to,
   bench.Click(0, 0);
   bench.Press(100, handleY);
   scenery = before;
-  bench.state.shiftDown = shift;
+  bench.editor.shiftDown = shift;
   bench.Move(to.x, to.y);
   return scenery;
 }
@@ -207,7 +209,7 @@ class MoveSelectionTest : public testing::Test, protected ToolBench {};
 
 TEST_F(MoveSelectionTest, MovesWhatIsListedAndNothingElse) {
   AddNumbered(map, 2);
-  selection.vertices.Add({0, 1});
+  selection.vertices.Append({0, 1});
   ListSlots(selection, {1});
   selection.box = {0, 50, 1, kUnsetCoordinate};
   const auto expected = std::make_unique<MapDocument>(map);
@@ -221,14 +223,14 @@ TEST_F(MoveSelectionTest, MovesWhatIsListedAndNothingElse) {
   shift(expected->colliders[1], 1.0f);
   shift(expected->waypoints[1], 256);
   const DocumentState before = StateOf(map);
-  MoveSelection(editing, 0.25f, -8);
+  MoveSelection(editor, {0.25f, -8});
   EXPECT_TRUE(StateOf(map) == StateOf(*expected));
   EXPECT_TRUE(BeforeNewestStep() == before);
   EXPECT_EQ(selection.box, (SelectionBox{0.25f, 50.25f, -7, kUnsetCoordinate}));
   EXPECT_THAT(events, IsEmpty());
   for (const auto& [x, moved] : {std::pair(2560, 2560), {2561, 2562}, {2147483647, 2147483647}}) {
     map.spawns[1].x = map.waypoints[1].y = x;
-    MoveSelection(editing, 1.0f / 512, 1.0f / 512);
+    MoveSelection(editor, {1.0f / 512, 1.0f / 512});
     EXPECT_EQ(map.spawns[1].x, moved) << "halves to even";
     EXPECT_EQ(map.waypoints[1].y, moved);
   }
@@ -239,8 +241,8 @@ TEST_F(MoveSelectionTest, MovesWhatIsListedAndNothingElse) {
         Row(0.5f, 0.25f, true, 0.5f, 0.25f)}) {
     PolygonVertex& corner = map.polygons[0].vertices[1];
     std::tie(corner.u, corner.v) = std::tuple(u, v);
-    state.tool.next.noTextureCorrection = noCorrection;
-    MoveSelection(editing, 16, 12);
+    editor.tool.next.noTextureCorrection = noCorrection;
+    MoveSelection(editor, {16, 12});
     EXPECT_NEAR(corner.u, movedU, 1e-6);
     EXPECT_NEAR(corner.v, movedV, 1e-6);
   }

@@ -5,7 +5,6 @@
 #include "document/prefab_file.h"
 #include "support/map_builder.h"
 #include "support/tool_bench.h"
-#include "tools/clipboard_commands.h"
 #include "tools/edit_commands.h"
 #include "tools/mouse_dispatch.h"
 #include "tools/tool_change.h"
@@ -27,7 +26,7 @@ struct ImportBench : ToolBench {
     MapDocument piece;
     piece.author = "Somebody";
     AddTriangle(piece, {{{300, 100}, {320, 100}, {300, 110}}});
-    piece.normals[0].edges[1] = {0, 0, 7};
+    piece.polygons[0].edges[1] = {0, 0, 7};
     AddScenery(piece, 310.5f, 105.5f, 9).carriedTail = {3};
     AddCollider(piece, 310, 105, 6).carried = {8};
     piece.sceneries[0].active = piece.colliders[0].active = 0;  // some say so
@@ -51,39 +50,40 @@ TEST_F(PrefabImportTest, WhatCannotBeIsRefusedAndToldWhy) {
         Row{"version_0.pre", false, version, 0}, Row{"version_0.pre", true, version, 90},
         Row{"none.pre", false, "' not found.", 0}}) {
     const std::string file = DataPath(std::string("hostile/prefab-") + name);
-    state.shiftDown = shift;
-    ImportPrefab(editing, file, ImportManner::kPlaced);
+    editor.shiftDown = shift;
+    ImportPrefab(editor, file, ImportManner::kPlaced);
     EXPECT_THAT(std::exchange(dialogs.messages, {}),
                 ElementsAre(Message{"File '" + file + problem, "File error", MessageIcon::kNone}));
-    EXPECT_EQ(std::tuple(map.lastPolygon, selection.vertices.Count(), selection.placing),
+    EXPECT_EQ(std::tuple(map.polygons.last, selection.vertices.Count(),
+                         editor.activity.Is(ActivityKind::kPlacement)),
               std::tuple(polygons, 3 * polygons, polygons > 0));
-    map.lastPolygon = 0;
+    map.polygons.last = 0;
   }
 }
 
 TEST_F(PrefabImportTest, WhatDoesNotFitIsToldOnce) {
-  map.lastPolygon = 399;
-  map.lastCollider = 126;
-  ImportPrefab(editing, path, ImportManner::kPlaced);
+  map.polygons.last = 399;
+  map.colliders.last = 126;
+  ImportPrefab(editor, path, ImportManner::kPlaced);
   EXPECT_EQ(Listed(), "o1 c127") << "to the last slot";
   ExpectRefusal("Some of imported objects couldn't be pasted");
 }
 
 TEST_F(PrefabImportTest, ThePieceIsAppendedAndFollowsThePointerUntilAClickDropsIt) {
-  ChangeTool(editing, ToolMode::kAddSpawn);
+  ChangeTool(editor, ToolMode::kAddSpawn);
   SelectEverything(selection, map);
-  ImportPrefab(editing, path, ImportManner::kPlaced);
+  ImportPrefab(editor, path, ImportManner::kPlaced);
   EXPECT_EQ(map.toolIndex, ToolMode::kEdit);
   EXPECT_THAT(NumbersIn(map), ElementsAre("00", "07", "0", "03", "08", "0"));
   EXPECT_EQ(map.sceneries[1].active + map.colliders[1].active, 2) << "used all the same";
   EXPECT_EQ(selection.box, kCentred);
   Press(100, 50, MouseButton::kRight);
-  MoveMouse(editing, {MouseButton::kNone, 540, 350});
+  MoveMouse(editor, {MouseButton::kNone, 540, 350});
   EXPECT_EQ(selection.box, kCentred) << "panned";
   Release(MouseButton::kLeft);  // pressed elsewhere
-  EXPECT_TRUE(state.view.panning);
+  EXPECT_TRUE(editor.view.panning);
   Release(MouseButton::kRight);
-  state.view.zoom = 2;
+  editor.view.zoom = 2;
   Move(-30, -40);
   EXPECT_EQ(events.back(), "RedrawMap");
   EXPECT_EQ(std::tuple(map.sceneries[1].x, map.colliders[1].y), std::tuple(-29.5f, -40));
@@ -95,10 +95,10 @@ TEST_F(PrefabImportTest, ThePieceIsAppendedAndFollowsThePointerUntilAClickDropsI
 }
 
 TEST_F(PrefabImportTest, EscapeToolsAndCommandsEndThePlacementAndWhatWasImportedStays) {
-  using Action = void (*)(const Editing&);
-  const Action chooseEdit = [](const Editing& on) { ChangeTool(on, ToolMode::kEdit); };
-  const Action clickPanelAndCancel = [](const Editing& on) {
-    on.state.gesture.LeaveOut(on.state);
+  using Action = void (*)(Editing&);
+  const Action chooseEdit = [](Editing& on) { ChangeTool(on, ToolMode::kEdit); };
+  const Action clickPanelAndCancel = [](Editing& on) {
+    on.activity.KeepChanges(on, false);
     CancelGesture(on);
   };
   for (const auto& [action, sceneries] : {std::pair{chooseEdit, 2},
@@ -109,16 +109,16 @@ TEST_F(PrefabImportTest, EscapeToolsAndCommandsEndThePlacementAndWhatWasImported
                                           {MenuPaste, 3}}) {
     ImportBench bench;
     SelectEverything(bench.selection, bench.map);
-    MenuCopy(bench.editing);
-    ImportPrefab(bench.editing, bench.path, ImportManner::kPlaced);
+    MenuCopy(bench.editor);
+    ImportPrefab(bench.editor, bench.path, ImportManner::kPlaced);
     bench.Move(100, 50);
-    action(bench.editing);
-    EXPECT_EQ(bench.map.lastScenery + 1, sceneries);
+    action(bench.editor);
+    EXPECT_EQ(bench.map.sceneries.last + 1, sceneries);
     EXPECT_EQ(bench.selection.box == kCentred, action == Action{CancelGesture});
     const DocumentState after = StateOf(bench.map);
     const auto steps = bench.Steps();
     bench.Move(200, 200);
-    CancelGesture(bench.editing);
+    CancelGesture(bench.editor);
     EXPECT_TRUE(StateOf(bench.map) == after) << "nothing follows the pointer, nothing to cancel";
     EXPECT_EQ(bench.Steps(), steps);
   }
@@ -135,18 +135,18 @@ TEST_F(PrefabImportTest, LettersStandInARowOnTheLine) {
     bench.PutLetter('b', {{{-7, -7}, {3, -7}, {3, 53}}});
     bench.PutLetter(0xE4, {{{0, 0}, {8, 0}, {8, 8}}});
     ListSlots(bench.selection, {0});
-    ChangeTool(bench.editing, ToolMode::kAddPolygon);
+    ChangeTool(bench.editor, ToolMode::kAddPolygon);
     bench.Click(-300, 200);  // a half-built triangle is no part of the text
-    ClearHistory(bench.state.journal);
-    PlaceAuthorText(bench.editing, text, bench.folder.Path());
-    EXPECT_EQ(bench.map.lastPolygon, static_cast<int>(letters.size())) << text;
-    EXPECT_EQ(bench.selection.TotalCounter() + 1, 3 * bench.map.lastPolygon) << text;
-    for (std::int16_t slot = 1; slot <= bench.map.lastPolygon; ++slot) {
+    ClearHistory(bench.journal);
+    PlaceAuthorText(bench.editor, text, bench.folder.Path());
+    EXPECT_EQ(bench.map.polygons.last, static_cast<int>(letters.size())) << text;
+    EXPECT_EQ(bench.selection.TotalCounter() + 1, 3 * bench.map.polygons.last) << text;
+    for (std::int16_t slot = 1; slot <= bench.map.polygons.last; ++slot) {
       Selection letter;
       ListVertices(letter, {{slot, 0}, {slot, 1}, {slot, 2}});
       EXPECT_EQ(BoundsOf(letter, bench.map), letters.at(static_cast<std::size_t>(slot - 1)));
     }
-    EXPECT_EQ(bench.selection.placing, !letters.empty());
+    EXPECT_EQ(bench.editor.activity.Is(ActivityKind::kPlacement), !letters.empty());
     EXPECT_EQ(bench.selection.moveSnapshotTaken, !letters.empty());
     EXPECT_THAT(bench.Steps(), IsEmpty()) << "the caller's step is the only one";
   }

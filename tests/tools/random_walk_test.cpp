@@ -22,8 +22,8 @@ namespace {
 
 class Walk : EditorBench {
  public:
-  Walk(const std::string& map, unsigned seed) : random_(seed) {
-    OpenMap(editor, PutMap("map.pmp", map));
+  Walk(const std::string& name, unsigned seed) : random_(seed) {
+    OpenMap(editor, PutMap("map.pmp", name));
   }
 
   /// Ends with the first thing found wrong.
@@ -44,11 +44,10 @@ class Walk : EditorBench {
 
   /// Near the last place, on some corner, or anywhere, beyond the window's edges included.
   MouseInput Somewhere(MouseButton button) {
-    const ViewTransform& view = state.view;
+    const ViewTransform& view = editor.view;
     ScreenPoint place{static_cast<float>(Number(1400) - 100), static_cast<float>(Number(900) - 50)};
     if (OneIn(4)) {
-      const auto polygon = static_cast<std::size_t>(Number(kPolygonCapacity));
-      const PolygonVertex& vertex = document.polygons[polygon].vertices[0];
+      const PolygonVertex& vertex = map.polygons[Number(kPolygonCapacity)].vertices[0];
       place = {view.LaskeRuutuX(vertex.x), view.LaskeRuutuY(vertex.y)};
     } else if (!OneIn(4)) {
       place = {view.lastMouseX + static_cast<float>(Number(21) - 10), view.lastMouseY + 3};
@@ -58,39 +57,40 @@ class Walk : EditorBench {
   }
 
   void Step(int choice) {
-    const Editing editing = editor.AsEditing();
     if (choice < 480) {
       PointAt(editor, Somewhere(MouseButton::kNone));
     } else if (choice < 640) {
-      PressMouse(editing, Somewhere(OneIn(8) ? MouseButton::kRight : MouseButton::kLeft));
+      PressMouse(editor, Somewhere(OneIn(8) ? MouseButton::kRight : MouseButton::kLeft));
     } else if (choice < 800) {
-      ReleaseMouse(editing, Somewhere(OneIn(4) ? MouseButton::kRight : MouseButton::kLeft));
+      ReleaseMouse(editor, Somewhere(OneIn(4) ? MouseButton::kRight : MouseButton::kLeft));
     } else if (choice < 900) {
       const auto key = static_cast<Key>(Number(static_cast<int>(Key::kEscape) + 1));
       OneIn(3) ? KeyUp(editor, key) : static_cast<void>(KeyDown(editor, key));
     } else if (choice < 940) {
       ChooseZoom(editor, Number(5));
       ChooseGrid(editor, Number(6));
-      state.show.showFlags[static_cast<std::size_t>(Number(6))] = OneIn(4) ? 0 : 1;
+      editor.show.showFlags[static_cast<std::size_t>(Number(6))] = OneIn(4) ? 0 : 1;
     } else if (choice < 965) {
-      ChangeTool(editing, static_cast<ToolMode>(Number(kToolCount)));
+      ChangeTool(editor, static_cast<ToolMode>(Number(kToolCount)));
       // As the panel's controls do for the next object.
-      const bool hasType = document.toolIndex > ToolMode::kAddPolygon;
-      if (hasType && OneIn(2)) state.tool.value = static_cast<std::int16_t>(Number(7));
+      const bool hasType = map.toolIndex > ToolMode::kAddPolygon;
+      if (hasType && OneIn(2)) editor.tool.value = static_cast<std::int16_t>(Number(7));
     } else {
       const auto commands = Commands();
       const Command& command = commands[static_cast<std::size_t>(Number(1000)) % commands.size()];
       const bool isEdit = command.menu == CommandMenu::kEdit;
-      if (isEdit && IsEnabled(command, state)) command.action(editor);
+      if (isEdit && command.isEnabled(editor)) command.action(editor);
     }
   }
 
   void CheckState() {
-    CheckRanges(document, selection);
-    ASSERT_LE(selection.connectionAnchor, document.lastWaypoint);
-    ASSERT_LE(selection.moving + selection.rotating + selection.sizing, 1);
-    const int corners = document.toolIndex == ToolMode::kAddPolygon ? state.tool.value : 0;
-    ASSERT_TRUE(corners == 0 || (corners > 0 && corners <= 2 && document.lastPolygon >= 0));
+    CheckRanges(map, selection);
+    const Activity& activity = editor.activity;
+    ASSERT_LE(activity.Anchor(), map.waypoints.last);
+    ASSERT_TRUE(activity.PlacedCorners() <= 2 && map.polygons.last >= -1);
+    ASSERT_EQ(activity.PlacedCorners() > 0, activity.Is(ActivityKind::kTriangle));
+    const bool isEdits = activity.HoldsButton() || activity.Is(ActivityKind::kPlacement);
+    ASSERT_TRUE(activity.Is(ActivityKind::kNone) || isEdits == editor.IsTool(ToolMode::kEdit));
   }
 
   /// Any bytes, as files hold them.
@@ -102,36 +102,29 @@ class Walk : EditorBench {
     std::memcpy(&record, bytes.data(), sizeof(record));
   }
   void ScrambleEverything() {
-    Scramble(document.polygons);
-    Scramble(document.normals);
-    Scramble(document.spawns);
-    Scramble(document.sceneries);
-    Scramble(document.colliders);
-    Scramble(document.waypoints);
-    Scramble(document.sectors);
-    document.sectorDivision = Number(99);
-    document.texture = MakeTextureName(std::to_string(Number(99)));
-    for (auto* last : {&document.lastPolygon, &document.lastSpawn, &document.lastScenery,
-                       &document.lastCollider, &document.lastWaypoint}) {
-      *last = static_cast<std::int16_t>(std::max(*last - Number(2), -1));
-    }
+    VisitTables(map, [this](auto& table) { Scramble(table.slots); });
+    Scramble(map.sectors);
+    map.sectorDivision = Number(99);
+    map.texture = MakeTextureName(std::to_string(Number(99)));
+    VisitTables(map,
+                [this](auto& table) { table.SetCount(std::max(table.Count() - Number(2), 0)); });
   }
 
   void CheckUndo() {
-    Choose(document.toolIndex);  // ends what is in progress
+    Choose(map.toolIndex);  // ends what is in progress
     ScrambleEverything();
-    DropMissing(selection, document);
+    DropMissing(selection, map);
     Snapshot("Color");  // rounds places to whole units, and writes author and number
-    const DocumentState before = StateOf(document);
-    const SelectionBlock selected = PackSelection(selection, document);
+    const DocumentState before = StateOf(map);
+    const SelectionBlock selected = PackSelection(selection, map);
     Snapshot("Color");
-    ASSERT_TRUE(StateOf(document) == before);
+    ASSERT_TRUE(StateOf(map) == before);
     for (int i = Number(3); i >= 0; --i) ScrambleEverything();
     ClearLists(selection);
     Choose(static_cast<ToolMode>(Number(kToolCount)));
     MenuUndo(editor);
-    ASSERT_TRUE(StateOf(document) == before);
-    ASSERT_EQ(PackSelection(selection, document), selected);
+    ASSERT_TRUE(StateOf(map) == before);
+    ASSERT_EQ(PackSelection(selection, map), selected);
   }
 
   std::mt19937 random_;

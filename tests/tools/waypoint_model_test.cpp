@@ -10,7 +10,6 @@
 #include "app/undo_commands.h"
 #include "support/editor_bench.h"
 #include "support/map_builder.h"
-#include "tools/clipboard_commands.h"
 #include "tools/edit_commands.h"
 
 namespace vesmora {
@@ -62,21 +61,21 @@ class Comparison : EditorBench {
         item.links.push_back(number);
         ids.push_back(id);
       }
-      AddWaypoint(document, 0, 0, item.look, ids);
+      AddWaypoint(map, 0, 0, item.look, ids);
     }
   }
 
   void Step(int choice) {
     if (choice < 3) {
       Copy();
-      MenuCopy(editing_);
+      MenuCopy(editor);
     } else if (choice < 9) {
       selection.moveSnapshotTaken = true;  // one step is enough here
       Paste();
-      MenuPaste(editing_);
+      MenuPaste(editor);
     } else if (choice < 12) {
       Delete();
-      MenuDelete(editing_);
+      MenuDelete(editor);
     } else if (choice < 15) {
       Undo();
       MenuUndo(editor);
@@ -84,19 +83,19 @@ class Comparison : EditorBench {
       Select(1 + Number(4));
     } else {
       copies_.clear();
-      ChangeTool(editing_, ToolMode::kAddSpawn);
-      ChangeTool(editing_, ToolMode::kEdit);
+      ChangeTool(editor, ToolMode::kAddSpawn);
+      ChangeTool(editor, ToolMode::kEdit);
       Select(4);
     }
   }
 
   void Select(int chances) {
-    ClearSelection(selection, window);
+    ClearSelection(editor);
     for (std::size_t slot = 0; slot < items_.size(); ++slot) {
       items_[slot].isSelected = Number(chances) == 0;
-      if (items_[slot].isSelected) selection.waypoints.Add(static_cast<std::int16_t>(slot));
+      if (items_[slot].isSelected) selection.waypoints.Append(static_cast<std::int16_t>(slot));
     }
-    UpdateSelectionBox(selection, document);
+    UpdateSelectionBox(selection, map);
   }
 
   void TakeStep() {
@@ -138,14 +137,14 @@ class Comparison : EditorBench {
   }
 
   void Check() {
-    ASSERT_EQ(document.lastWaypoint + 1, Count());
+    ASSERT_EQ(map.waypoints.last + 1, Count());
     const auto isGone = [this](int link) {
       return link > 0 && std::ranges::find(items_, link, &Item::number) == items_.end();
     };
     std::vector<std::int16_t> selected;
     for (int slot = 0; slot < Count(); ++slot) {
       Item& item = items_[static_cast<std::size_t>(slot)];
-      const Waypoint& waypoint = document.waypoints[static_cast<std::size_t>(slot)];
+      const Waypoint& waypoint = map.waypoints[static_cast<std::size_t>(slot)];
       if (item.isSelected) selected.push_back(static_cast<std::int16_t>(slot));
       ASSERT_EQ(std::pair(waypoint.path, waypoint.id), std::pair(item.look, slot + 1));
       std::erase_if(item.links, isGone);
@@ -157,10 +156,9 @@ class Comparison : EditorBench {
       ASSERT_EQ(links, item.links) << "of waypoint " << slot;
       connectionsSeen_ += static_cast<int>(links.size());
     }
-    ASSERT_TRUE(std::ranges::equal(selection.waypoints.Items(), selected));
+    ASSERT_TRUE(std::ranges::equal(selection.waypoints.Used(), selected));
   }
 
-  const Editing editing_ = editor.AsEditing();
   std::mt19937 random_{20};
   Items items_;
   Items copies_;

@@ -7,7 +7,6 @@
 #include <QLayout>
 #include <QMenuBar>
 #include <QMimeData>
-#include <QScreen>
 #include <QTimer>
 #include <memory>
 #include <random>
@@ -19,7 +18,10 @@
 #include "app/qt/import_dialog.h"
 #include "app/start_up.h"
 #include "app/view_commands.h"
+#include "app/window_placement.h"
 #include "document/numbers.h"
+#include "panel/refresh_panel.h"
+#include "platform/qt/qt_text.h"
 #include "platform/temp_folder.h"
 #include "tools/mouse_dispatch.h"
 #include "tools/tool_change.h"
@@ -28,13 +30,9 @@
 namespace vesmora {
 namespace {
 
-RandomSource MakeRandomSource() {
+std::function<double()> MakeRandomSource() {
   auto engine = std::make_shared<std::mt19937_64>(std::random_device{}());
   return [engine] { return std::uniform_real_distribution<double>(0, 1)(*engine); };
-}
-
-QString ToQt(std::string_view text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
 std::string FolderOf(const QString& path) { return (path + "/").toStdString(); }
@@ -50,18 +48,17 @@ Ports MakePorts(Dialogs& dialogs, WindowPort& window, Settings& settings, Shell&
   const auto [programFolder, gameFolder] =
       FindProgramFolders(SystemFileCalls(), FolderOf(QApplication::applicationDirPath()),
                          qEnvironmentVariable("VESMORA_GAME").toStdString());
-  return {{.files = SystemFileCalls(),
-           .dialogs = dialogs,
-           .display = window,
-           .random = MakeRandomSource()},
-          window,
-          settings,
-          shell,
-          programs,
-          profiles,
-          PrivateTempFolder(SystemFileCalls(), status),
-          Native(programFolder),
-          Native(gameFolder)};
+  return {.files = SystemFileCalls(),
+          .dialogs = dialogs,
+          .window = window,
+          .settings = settings,
+          .shell = shell,
+          .programs = programs,
+          .profiles = profiles,
+          .random = MakeRandomSource(),
+          .tempFolder = PrivateTempFolder(SystemFileCalls(), status),
+          .programFolder = Native(programFolder),
+          .gameFolder = Native(gameFolder)};
 }
 
 QFrame* AddFrame(QWidget* parent, const char* name, const char* accessibleName) {
@@ -77,7 +74,7 @@ void Place(QWidget* widget, const PanelRect& rect) {
   widget->setGeometry(rect.left, rect.top, rect.width, rect.height);
 }
 
-Qt::CursorShape ToQt(PointerShape shape) {
+Qt::CursorShape CursorOf(PointerShape shape) {
   switch (shape) {
     case PointerShape::kCross:
       return Qt::CrossCursor;
@@ -118,34 +115,18 @@ Key ToKey(const QKeyEvent& event) {
   }
 }
 
-std::vector<ScreenRect> ScreenRects() {
-  std::vector<ScreenRect> rects;
-  for (const QScreen* screen : QApplication::screens()) {
-    const QRect area = screen->availableGeometry();
-    rects.push_back({area.x(), area.y(), area.width(), area.height()});
-  }
-  return rects;
-}
-
 /// The local file that is dropped; empty for anything else, or for several at once.
 QString DroppedFile(const QDropEvent& event) {
   const QList<QUrl> urls = event.mimeData()->urls();
   return urls.size() == 1 ? QDir::toNativeSeparators(urls.first().toLocalFile()) : QString();
 }
 
-/// A comfortable window for the first start: most of the screen, but no more than
-/// a map needs.
-QSize FirstSize() {
-  const QSize room = QApplication::primaryScreen()->availableSize() * 0.9;
-  return room.boundedTo(QSize(1280, 860));
-}
-
 }  // namespace
 
 Ikkuna::Ikkuna()
     : dialogs_(this),
-      editor_{{}, MakePorts(dialogs_, *this, settings_, shell_, *programs_, *profiles_)} {
-  editor_.state.journal.folder = HoldUndoFolder(SystemFileCalls(), editor_.ports.tempFolder);
+      editor_(MakePorts(dialogs_, *this, settings_, shell_, *programs_, *profiles_)) {
+  editor_.journal.folder = HoldUndoFolder(SystemFileCalls(), editor_.ports.tempFolder);
   setObjectName("Ikkuna");
   setAcceptDrops(true);
   setWindowTitle(ToQt(WindowTitle(VESMORA_VERSION, VESMORA_COMMENTS)));
@@ -165,7 +146,7 @@ void Ikkuna::BuildPanels() {
   pala_ = new ViewPanel(client_);
   ppalkki_ = new InfoPanel(client_);
   fmaski_ = {AddFrame(client_, "Fmaski0", ""), AddFrame(client_, "Fmaski1", "")};
-  pala_->ShowState(editor_.state.view, QString());  // seen behind a message at the start
+  pala_->ShowState(editor_.view, {});  // seen behind a message at the start
 }
 
 void Ikkuna::BuildMenus() {
@@ -180,7 +161,7 @@ void Ikkuna::BuildMenus() {
       for (int slot = 0; slot < kRecentSlots; ++slot) {
         QAction* item = menu->addAction(QString());
         item->setObjectName(QString("File%1").arg(slot + 1));
-        connect(item, &QAction::triggered, this, [this, slot] { MenuRekentti(editor_, slot); });
+        On(item, &QAction::triggered, [this, slot] { MenuRekentti(editor_, slot); });
         menuRekentti_[static_cast<std::size_t>(slot)] = item;
       }
     }
@@ -188,70 +169,69 @@ void Ikkuna::BuildMenus() {
     QAction* action = menu->addAction(ToQt(command.caption));
     action->setObjectName(ToQt(command.name));
     action->setShortcut(QKeySequence(ToQt(command.shortcut), QKeySequence::PortableText));
-    if (command.action != nullptr) {
-      connect(action, &QAction::triggered, this, [this, run = command.action] {
-        run(editor_);
-        ShowMenus();
-      });
-    }
+    On(action, &QAction::triggered, [this, run = command.action] { run(editor_); });
     actions_.push_back(action);
   }
   ShowMenus();
 }
 
-void Ikkuna::ConnectSurface() {
-  connect(surface_, &MapSurface::Pressed, this, [this](const MouseInput& input) {
-    pala_->setFocus();
-    PressMouse(editor_.AsEditing(), input);
-    ShowMenus();  // the press may have taken an undo step
-  });
-  connect(surface_, &MapSurface::Moved, this, [this](const MouseInput& input) {
-    PointAt(editor_, input);
-    // A drag goes on over the panels, but there the pointer is not on the map.
-    const QPointF place(input.x, input.y);
-    if (client_->childAt(place.toPoint()) != surface_) editor_.state.pointerText.clear();
-    pala_->ShowState(editor_.state.view, ToQt(editor_.state.pointerText));
-  });
-  connect(surface_, &MapSurface::Released, this,
-          [this](const MouseInput& input) { ReleaseMouse(editor_.AsEditing(), input); });
-  connect(surface_, &MapSurface::WheelTurned, this,
-          [this](int delta) { TurnWheel(editor_, delta); });
-  connect(surface_, &MapSurface::PointerLeft, this, [this] {
-    LeaveMap(editor_);
-    pala_->ShowState(editor_.state.view, ToQt(editor_.state.pointerText));
+template <typename Sender, typename Signal, typename Action>
+void Ikkuna::On(Sender* sender, Signal signal, Action action) {
+  connect(sender, signal, this, [this, action](const auto&... values) {
+    if constexpr (std::is_invocable_v<Action, decltype(values)...>) {
+      action(values...);
+    } else {
+      action();
+    }
+    BringUpToDate();
   });
 }
 
-void Ikkuna::HandlePanel(const InfoPanel::Handler& handler) {
-  const Editing editing = editor_.AsEditing();
-  RunHandler({editing, editor_.state.panel}, handler);
-  ppalkki_->Apply(editor_.state.panel.contents);
-  ShowMenus();
+void Ikkuna::ConnectSurface() {
+  On(surface_, &MapSurface::Pressed, [this](const MouseInput& input) {
+    pala_->setFocus();
+    PressMouse(editor_, input);
+  });
+  On(surface_, &MapSurface::Moved, [this](const MouseInput& input) {
+    PointAt(editor_, input);
+    // A drag goes on over the panels, but there the pointer is not on the map.
+    const QPointF place(input.x, input.y);
+    if (client_->childAt(place.toPoint()) != surface_) editor_.pointerText.clear();
+  });
+  On(surface_, &MapSurface::Released,
+     [this](const MouseInput& input) { ReleaseMouse(editor_, input); });
+  On(surface_, &MapSurface::WheelTurned, [this](int delta) { TurnWheel(editor_, delta); });
+  On(surface_, &MapSurface::PointerLeft, [this] { LeaveMap(editor_); });
+}
+
+void Ikkuna::HandlePanel(const PanelHandler& handler) {
+  RunHandler(editor_, handler);
+  // Also what the handler put into the contents itself.
+  if (!panelIsStale_) ppalkki_->Apply(editor_.panel.contents);
   pala_->setFocus();  // so that keys reach the map again
 }
 
 void Ikkuna::ConnectPanels() {
-  connect(ppalkki_, &InfoPanel::Triggered, this, &Ikkuna::HandlePanel);
-  connect(ppalkki_, &InfoPanel::Typed, this, [this](const InfoPanel::Handler& handler) {
-    const Editing editing = editor_.AsEditing();
-    handler({editing, editor_.state.panel});
-  });
-  connect(ppalkki_, &InfoPanel::AuthorClicked, this, [this] { CBauthor_Click(editor_); });
-  connect(pyla_, &ToolPanel::ToolChosen, this, [this](ToolMode tool) {
-    ChangeTool(editor_.AsEditing(), tool);
+  On(ppalkki_, &InfoPanel::Triggered,
+     [this](const PanelHandler& handler) { HandlePanel(handler); });
+  On(ppalkki_, &InfoPanel::Typed, [this](const PanelHandler& handler) { handler(editor_); });
+  On(ppalkki_, &InfoPanel::AuthorClicked, [this] { CBauthor_Click(editor_); });
+  const auto giveKeysToMap = [this] { pala_->setFocus(); };
+  On(ppalkki_, &InfoPanel::ListClosed, giveKeysToMap);
+  On(pala_, &ViewPanel::ListClosed, giveKeysToMap);
+  On(pyla_, &ToolPanel::ToolChosen, [this](ToolMode tool) {
+    ChangeTool(editor_, tool);
     pala_->setFocus();
   });
-  connect(pala_, &ViewPanel::ListClosed, this, [this] { pala_->setFocus(); });
-  connect(ppalkki_, &InfoPanel::ListClosed, this, [this] { pala_->setFocus(); });
-  connect(pala_, &ViewPanel::ZoomChosen, this, [this](int index) {
+  On(pala_, &ViewPanel::ZoomChosen, [this](int index) {
     ChooseZoom(editor_, index);
     pala_->setFocus();
   });
-  connect(pala_, &ViewPanel::GridChosen, this, [this](int index) {
+  On(pala_, &ViewPanel::GridChosen, [this](int index) {
     ChooseGrid(editor_, index);
     pala_->setFocus();
   });
-  connect(pala_, &ViewPanel::FixedGridToggled, this, [this](bool isFixed) {
+  On(pala_, &ViewPanel::FixedGridToggled, [this](bool isFixed) {
     SetFixedGrid(editor_, isFixed);
     pala_->setFocus();
   });
@@ -261,79 +241,14 @@ void Ikkuna::Activate(const std::string& arguments) {
   if (activated_) return;
   activated_ = true;
   FirstActivation(editor_, arguments);
+  BringUpToDate();
   isReady_ = true;
   pala_->setFocus();
 }
 
-void Ikkuna::RestorePlacement() {
-  const WindowPlacement placement = LoadPlacement(settings_);
-  unusedPlacement_ = placement;
-  if (placement.state == static_cast<std::int16_t>(WindowState::kMinimised)) {
-    setWindowState(Qt::WindowMinimized);
-    return;
-  }
-  if (placement.state.value_or(0) != static_cast<std::int16_t>(WindowState::kNormal)) {
-    setWindowState(Qt::WindowMaximized);
-    return;
-  }
-  unusedPlacement_.reset();
-  // The client area's place, not the frame's: before the window is up only that one
-  // is certain to be met.
-  const ScreenRect wanted{placement.left.value_or(RoundToInt16(geometry().x())),
-                          placement.top.value_or(RoundToInt16(geometry().y())),
-                          placement.width.value_or(RoundToInt16(width())),
-                          placement.height.value_or(RoundToInt16(height()))};
-  const ScreenRect fitting = FitToScreens(wanted, ScreenRects());
-  if (placement.left || placement.top) {
-    setGeometry(fitting.left, fitting.top, fitting.width, fitting.height);
-  } else {
-    resize(fitting.width, fitting.height);
-  }
-}
-
-WindowPlacement Ikkuna::Placement() const {
-  WindowState state = WindowState::kNormal;
-  if (isMaximized()) state = WindowState::kMaximised;
-  if (isMinimized()) state = WindowState::kMinimised;
-  if (unusedPlacement_) {
-    WindowPlacement placement = *unusedPlacement_;
-    placement.state = static_cast<std::int16_t>(state);
-    return placement;
-  }
-  // A maximised window keeps the place it returns to.
-  const bool isNormal = state == WindowState::kNormal;
-  const QRect place = isNormal ? geometry() : normalGeometry();
-  return {.state = static_cast<std::int16_t>(state),
-          .top = RoundToInt16(place.y()),
-          .left = RoundToInt16(place.x()),
-          .width = RoundToInt16(place.width()),
-          .height = RoundToInt16(place.height())};
-}
-
-void Ikkuna::Minimize() { showMinimized(); }
-
-void Ikkuna::Unminimize() {
-  setWindowState(windowState() & ~Qt::WindowMinimized);
-  activateWindow();
-}
-
-void Ikkuna::RunPendingEvents() { QApplication::processEvents(QEventLoop::ExcludeUserInputEvents); }
-
-void Ikkuna::resizeEvent(QResizeEvent* event) {
-  QMainWindow::resizeEvent(event);
-  if (firstResize_) {
-    firstResize_ = false;
-    RestorePlacement();
-  }
-  EnforceMinimumSize();
-}
-
-/// The minimum counts the frame that the window manager draws, which is known
-/// only once the window is up.
-void Ikkuna::EnforceMinimumSize() {
-  const WindowSize minimum = MinimumWindowSize();
-  const QSize frame = frameGeometry().size() - size();
-  setMinimumSize(minimum.width - frame.width(), minimum.height - frame.height());
+void Ikkuna::RunPendingEvents() {
+  BringUpToDate();
+  QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
 void Ikkuna::LayOut() {
@@ -347,14 +262,23 @@ void Ikkuna::LayOut() {
   Place(pyla_, layout.pyla);
   Place(fmaski_[0], layout.fmaski0);
   Place(fmaski_[1], layout.fmaski1);
-  editor_.state.view.area = ComputeDrawingArea(width, height);
-  RedrawMap();
+  editor_.view.area = ComputeDrawingArea(width, height);
+  MapChanged();
+}
+
+bool Ikkuna::event(QEvent* event) {
+  // What a dialog opens over must be up to date.
+  if (event->type() == QEvent::WindowBlocked) BringUpToDate();
+  return QMainWindow::event(event);
 }
 
 bool Ikkuna::eventFilter(QObject* watched, QEvent* event) {
   const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
   if (isKey && IsFirstReceiver(watched) && FilterKey(event)) return true;
-  if (watched == client_ && event->type() == QEvent::Resize) LayOut();
+  if (watched == client_ && event->type() == QEvent::Resize) {
+    LayOut();
+    BringUpToDate();
+  }
   const bool isPanel = watched == pala_ || watched == ppalkki_ || watched == pyla_;
   if (isPanel && event->type() == QEvent::MouseButtonPress) pala_->setFocus();
   return QMainWindow::eventFilter(watched, event);
@@ -371,7 +295,11 @@ bool Ikkuna::IsFirstReceiver(const QObject* watched) const {
 bool Ikkuna::FilterKey(QEvent* event) {
   const auto& keyEvent = static_cast<const QKeyEvent&>(*event);
   const Key key = ToKey(keyEvent);
-  if (event->type() == QEvent::KeyPress) return KeyDown(editor_, key);
+  if (event->type() == QEvent::KeyPress) {
+    const bool isUsed = KeyDown(editor_, key);
+    BringUpToDate();
+    return isUsed;
+  }
   if (!keyEvent.isAutoRepeat()) KeyUp(editor_, key);
   return false;
 }
@@ -405,47 +333,58 @@ void Ikkuna::dropEvent(QDropEvent* event) {
   QTimer::singleShot(0, this, [this, path = DroppedFile(*event).toStdString()] {
     activateWindow();
     OpenDroppedFile(editor_, path);
+    BringUpToDate();
   });
 }
 
-void Ikkuna::RedrawMap() {
-  EditorState& state = editor_.state;
-  if (state.redrawSuppressed) return;
-  const ToolDrawing tool = ToolDrawingOf(state);
-  surface_->Draw({.document = state.document,
-                  .selection = state.selection,
-                  .view = state.view,
-                  .show = state.show,
-                  .tool = tool});
-  pala_->ShowState(state.view, ToQt(state.pointerText));
+void Ikkuna::BringUpToDate() {
+  if (std::exchange(panelIsStale_, false)) ShowPanel();
+  if (mapIsStale_ && !editor_.redrawSuppressed) ShowMap();
+  pala_->ShowState(editor_.view, editor_.pointerText);
   ShowMenus();
+  if (std::exchange(shownPointer_, editor_.pointer) != editor_.pointer) {
+    surface_->setCursor(CursorOf(editor_.pointer));
+  }
 }
 
-void Ikkuna::RefreshInfoPanel() {
-  const Editing editing = editor_.AsEditing();
-  vesmora::RefreshInfoPanel({editing, editor_.state.panel});
-  ppalkki_->Apply(editor_.state.panel.contents);
-  pyla_->ShowTool(editor_.state.document.toolIndex);
-  ShowMenus();
+void Ikkuna::ShowPanel() {
+  // A handler may be running, with a box of its own open.
+  const bool before = std::exchange(editor_.panel.panelRefreshing, true);
+  RefreshPanel(editor_.panel.contents, editor_);
+  ppalkki_->Apply(editor_.panel.contents);
+  pyla_->ShowTool(editor_.document.toolIndex);
+  editor_.panel.panelRefreshing = before;
   pala_->setFocus();
+}
+
+void Ikkuna::ShowMap() {
+  mapIsStale_ = false;
+  const ToolDrawing tool = ToolDrawingOf(editor_);
+  surface_->Draw({.document = editor_.document,
+                  .selection = editor_.selection,
+                  .view = editor_.view,
+                  .show = editor_.show,
+                  .tool = tool});
 }
 
 void Ikkuna::ShowMenus() {
   const auto commands = Commands();
   for (std::size_t i = 0; i < commands.size(); ++i) {
-    actions_[i]->setEnabled(IsEnabled(commands[i], editor_.state));
-    actions_[i]->setText(ToQt(CaptionOf(commands[i], editor_.state)));
+    QAction* action = actions_[i];
+    action->setEnabled(commands[i].isEnabled(editor_));
+    const std::string_view caption = CaptionOf(commands[i], editor_);
+    if (!ShowsSame(action->text(), caption)) action->setText(ToQt(caption));
   }
+  if (shownRecent_ && shownRecent_->slots == editor_.recent.slots) return;
+  shownRecent_ = editor_.recent;
   for (int slot = 0; slot < kRecentSlots; ++slot) {
-    const RecentMenuItem item = RecentMenuItemOf(editor_.state.recent, slot);
+    const RecentMenuItem item = RecentMenuItemOf(editor_.recent, slot);
     QAction* action = menuRekentti_[static_cast<std::size_t>(slot)];
     action->setVisible(item.visible);
     // Only the leading "&" is a mnemonic: one inside a path is part of it.
     action->setText("&" + ToQt(item.caption).mid(1).replace("&", "&&"));
   }
 }
-
-void Ikkuna::SetPointer(PointerShape shape) { surface_->setCursor(ToQt(shape)); }
 
 void Ikkuna::Unload() { close(); }
 

@@ -29,6 +29,7 @@ class Ikkuna final : public QMainWindow, private WindowPort {
   void Activate(const std::string& arguments);
 
  protected:
+  bool event(QEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
   void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
@@ -38,9 +39,8 @@ class Ikkuna final : public QMainWindow, private WindowPort {
 
  private:
   // WindowPort
-  void RedrawMap() override;
-  void RefreshInfoPanel() override;
-  void SetPointer(PointerShape shape) override;
+  void MapChanged() override { mapIsStale_ = true; }
+  void PanelChanged() override { panelIsStale_ = true; }
   void Unload() override;
   void ShowAbout() override;
   std::string ShowImport() override;
@@ -55,8 +55,15 @@ class Ikkuna final : public QMainWindow, private WindowPort {
   void BuildPanels();
   void ConnectSurface();
   void ConnectPanels();
-  void HandlePanel(const InfoPanel::Handler& handler);
+  /// Runs `action` at each signal and then shows once what it has changed.
+  template <typename Sender, typename Signal, typename Action>
+  void On(Sender* sender, Signal signal, Action action);
+  void HandlePanel(const PanelHandler& handler);
+  void BringUpToDate();
+  void ShowPanel();
+  void ShowMap();
   void ShowMenus();
+  static QSize FirstSize();
   void EnforceMinimumSize();
   bool IsFirstReceiver(const QObject* watched) const;
   bool FilterKey(QEvent* event);
@@ -67,6 +74,10 @@ class Ikkuna final : public QMainWindow, private WindowPort {
   std::unique_ptr<Programs> programs_ = SystemPrograms();
   std::unique_ptr<ProfileFiles> profiles_ = SystemProfileFiles(SystemFileCalls());
   Editor editor_;
+  bool mapIsStale_ = false;
+  bool panelIsStale_ = false;
+  PointerShape shownPointer_ = PointerShape::kDefault;
+  std::optional<RecentFiles> shownRecent_;
   bool activated_ = false;
   bool firstResize_ = true;
   bool isReady_ = false;  // from the end of the first activation until the window is closed

@@ -11,10 +11,12 @@
 #include <array>
 #include <functional>
 #include <optional>
+#include <span>
+#include <string_view>
+#include <vector>
 
 #include "panel/panel_contents.h"
-#include "panel/panel_state.h"
-#include "panel/qt/panel_combo.h"
+#include "panel/panel_editing.h"
 
 class QBoxLayout;
 
@@ -25,7 +27,6 @@ class InfoPanel final : public QFrame {
 
  public:
   using Handler = PanelHandler;
-  using TextHandler = void (*)(const PanelContext& context, const std::string& text);
 
   explicit InfoPanel(QWidget* parent);
 
@@ -51,43 +52,40 @@ class InfoPanel final : public QFrame {
   void BuildColliderFrame(QBoxLayout& column);
   void BuildWaypointFrame(QBoxLayout& column);
 
-  QPushButton* AddButton(QBoxLayout& row, const char* caption, const char* name, Handler handler);
-  QCheckBox* MakeBox(const QString& caption, const QString& name,
-                     std::function<void(const PanelContext&, bool)> handler);
-  QRadioButton* MakeOption(const QString& caption, const QString& name, Handler handler);
-  void ConnectTyping(PanelCombo* combo, TextHandler handler);
-  PanelCombo* AddCombo(QBoxLayout& column, const QString& caption, PanelCombo* combo);
+  QBoxLayout* AddToolFrame(QBoxLayout& column, const char* caption, const char* name,
+                           ToolMode tool);
+  /// Which part of the contents a control shows.
+  template <typename Part>
+  using PartOf = std::function<const Part&(const PanelContents&)>;
 
-  void ApplyTexts(const PanelContents& contents);
-  void ApplyButtons(const PanelContents& contents);
-  void ApplyBoxes(const PanelContents& contents);
-  void ApplyCombos(const PanelContents& contents);
+  /// From now on `apply` is called with `widget` and its part of what is to be shown.
+  template <typename Widget, typename Part, typename Show>
+  void Bind(Widget* widget, PartOf<Part> part, Show apply);
+
+  QLabel* MakeLabel(const char* name, PartOf<std::string> part);
+  void AddButton(QBoxLayout& row, const char* caption, const char* name, Handler handler,
+                 PartOf<ButtonContents> part);
+  QCheckBox* MakeBox(const QString& caption, const QString& name,
+                     std::function<void(PanelEditing&, bool)> handler, PartOf<CheckContents> part);
+  void AddOption(QBoxLayout& row, const QString& caption, const QString& name, Handler handler,
+                 PartOf<OptionContents> part);
+  struct ComboHandlers {
+    using TextHandler = void (*)(PanelEditing& editing, const std::string& text);
+
+    TextHandler click;
+    void (*dropDown)(PanelEditing& editing) = nullptr;
+    // Of boxes that can be typed into.
+    TextHandler enter = nullptr;
+    TextHandler change = nullptr;
+  };
+  void AddCombo(QBoxLayout& column, const QString& caption, const QString& name,
+                const ComboHandlers& handlers, PartOf<ComboContents> part,
+                std::span<const std::string_view> values);
   void ApplyHighlight(ToolMode tool);
 
   std::optional<PanelContents> shown_;
 
-  QLabel* mapInfo_ = nullptr;
-  QLabel* author_ = nullptr;
-  QLabel* fillLevels_ = nullptr;
-  QPushButton* upper_ = nullptr;
-  QPushButton* lower_ = nullptr;
-  std::array<QCheckBox*, 7> show_{};
-  QGroupBox* selectedFrame_ = nullptr;
-  QLabel* selected_ = nullptr;
-  QPushButton* vertexColor_ = nullptr;
-  QPushButton* connect_ = nullptr;
-  QPushButton* disconnect_ = nullptr;
-  QCheckBox* noTextureCorrection_ = nullptr;
-  QPushButton* restoreTexture_ = nullptr;
-  QPushButton* deleteTexture_ = nullptr;
-  QCheckBox* passable_ = nullptr;
-  PanelCombo* spawnType_ = nullptr;
-  PanelCombo* sceneryType_ = nullptr;
-  PanelCombo* visibility_ = nullptr;
-  PanelCombo* colliderSize_ = nullptr;
-  std::array<QRadioButton*, 3> pathFilter_{};
-  std::array<QRadioButton*, 2> path_{};
-  std::array<QCheckBox*, 5> botSettings_{};
+  std::vector<std::function<void(const PanelContents&)>> controls_;
   std::array<QGroupBox*, 6> toolFrames_{};  // by ToolMode; none for Edit
 };
 

@@ -4,11 +4,16 @@
 #include <QLineEdit>
 #include <QSignalBlocker>
 
+#include "platform/qt/qt_text.h"
+
 namespace vesmora {
 namespace {
 
-QString ToQt(std::string_view text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+std::span<const std::string_view> ItemsOf(ComboList list,
+                                          std::span<const std::string_view> values) {
+  if (list == ComboList::kEmpty) return {};
+  const bool hasMany = values.back() == kManyTypes;
+  return hasMany && list == ComboList::kValues ? values.first(values.size() - 1) : values;
 }
 
 }  // namespace
@@ -28,9 +33,10 @@ PanelCombo::PanelCombo(const QString& name, Kind kind) {
   connect(lineEdit(), &QLineEdit::textEdited, this, &PanelCombo::Typed);
 }
 
-void PanelCombo::Show(const ComboContents& contents, const std::vector<std::string_view>& items) {
+void PanelCombo::Show(const ComboContents& contents, std::span<const std::string_view> values) {
   const QSignalBlocker quiet(this);
-  if (items != items_) {
+  const auto items = ItemsOf(contents.list, values);
+  if (items.size() != items_.size()) {
     clear();
     for (const std::string_view item : items) addItem(ToQt(item));
     items_ = items;

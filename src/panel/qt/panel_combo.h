@@ -2,8 +2,8 @@
 // takes typed texts only with the Enter key.
 #pragma once
 
+#include <span>
 #include <string_view>
-#include <vector>
 
 #include "panel/panel_contents.h"
 #include "view/qt/closing_combo.h"
@@ -18,8 +18,9 @@ class PanelCombo final : public ClosingCombo {
 
   PanelCombo(const QString& name, Kind kind);
 
-  /// Fills the list anew only when its tag differs, and touches only what differs.
-  void Show(const ComboContents& contents, const std::vector<std::string_view>& items);
+  /// `values` live as long as the box; "Many types", where there is such an item, is the last.
+  /// Fills the list anew only when another one is to be shown, and touches only what differs.
+  void Show(const ComboContents& contents, std::span<const std::string_view> values);
 
   void showPopup() override;
 
@@ -37,7 +38,7 @@ class PanelCombo final : public ClosingCombo {
  private:
   void ShowText(const QString& text);
 
-  std::vector<std::string_view> items_;
+  std::span<const std::string_view> items_;
 };
 
 }  // namespace vesmora

@@ -54,7 +54,7 @@ void MapSurface::Draw(const MapScene& scene) {
   FitFrame();
   if (frame_.isNull()) return;
   canvas_.Begin(frame_);
-  RedrawMap(scene, canvas_);
+  DrawMap(scene, canvas_);
   canvas_.End();
   update();
 }

@@ -4,9 +4,9 @@
 #include <QImage>
 #include <QWidget>
 
+#include "view/draw_map.h"
 #include "view/input.h"
 #include "view/qt/painter_canvas.h"
-#include "view/redraw_map.h"
 
 namespace vesmora {
 

@@ -3,6 +3,8 @@
 #include <QHBoxLayout>
 #include <QSignalBlocker>
 
+#include "platform/qt/qt_text.h"
+
 namespace vesmora {
 namespace {
 
@@ -52,14 +54,14 @@ ViewPanel::ViewPanel(QWidget* parent)
   connect(fixed_, &QCheckBox::toggled, this, &ViewPanel::FixedGridToggled);
 }
 
-void ViewPanel::ShowState(const ViewTransform& view, const QString& pointerText) {
+void ViewPanel::ShowState(const ViewTransform& view, std::string_view pointerText) {
   const QSignalBlocker quietZoom(zoom_);
   const QSignalBlocker quietGrid(grid_);
   const QSignalBlocker quietFixed(fixed_);
   zoom_->setCurrentIndex(ZoomIndex(view));
   grid_->setCurrentIndex(GridIndex(view));
   fixed_->setChecked(view.fixedGrid);
-  position_->setText(pointerText);
+  if (!ShowsSame(position_->text(), pointerText)) position_->setText(ToQt(pointerText));
 }
 
 }  // namespace vesmora

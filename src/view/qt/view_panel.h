@@ -5,6 +5,7 @@
 #include <QCheckBox>
 #include <QFrame>
 #include <QLabel>
+#include <string_view>
 
 #include "view/qt/closing_combo.h"
 #include "view/view_transform.h"
@@ -18,7 +19,7 @@ class ViewPanel final : public QFrame {
   explicit ViewPanel(QWidget* parent);
 
   /// Brings the controls in line with the view, without signals.
-  void ShowState(const ViewTransform& view, const QString& pointerText);
+  void ShowState(const ViewTransform& view, std::string_view pointerText);
 
  Q_SIGNALS:
   void ZoomChosen(int index);

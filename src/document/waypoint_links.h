@@ -3,9 +3,10 @@
 #pragma once
 
 #include <bitset>
+#include <cstdint>
 #include <span>
 
-#include "tools/editing.h"
+#include "document/map_document.h"
 
 namespace vesmora {
 
@@ -14,12 +15,12 @@ using WaypointSlots = std::bitset<kWaypointCapacity>;
 /// The connections that count: a damaged count is cut to what the record holds.
 std::span<std::int32_t> UsedConnections(Waypoint& waypoint);
 
+/// Does nothing when `from` has no room.
+void AddConnection(Waypoint& from, int targetSlot);
+
 /// Removes the connections to `deleted` slots and renumbers the others as if those slots
 /// were closed up. Of two equal ones next to each other the second stays, as it always
 /// did, and leads to what follows the deleted one.
 void FollowDeletion(std::span<Waypoint> waypoints, const WaypointSlots& deleted);
-
-/// Gives the waypoints that have no key yet keys of their own.
-void GiveWaypointKeys(EditingState& state);
 
 }  // namespace vesmora

@@ -1,4 +1,4 @@
-// RedrawMap: the one full repaint of the map. The screen and every picture made
+// DrawMap: the one full repaint of the map. The screen and every picture made
 // without one come from here.
 #pragma once
 
@@ -14,9 +14,10 @@ namespace vesmora {
 
 /// What the drawing must know of the active tool.
 struct ToolDrawing {
-  int placedCorners = 0;          // of the polygon under construction, 0..2
-  bool hasPendingScenery = true;  // the scenery that follows the mouse
-  std::int32_t mouseX = 0;        // whole world units
+  int placedCorners = 0;         // of the polygon under construction, 0..2
+  bool showsNextScenery = true;  // where Add scenery would place one
+  int connectionFrom = -1;       // the waypoint that a connection is drawn from, -1 for none
+  std::int32_t mouseX = 0;       // whole world units
   std::int32_t mouseY = 0;
 };
 
@@ -28,6 +29,6 @@ struct MapScene {
   const ToolDrawing& tool;
 };
 
-void RedrawMap(const MapScene& scene, Canvas& canvas);
+void DrawMap(const MapScene& scene, Canvas& canvas);
 
 }  // namespace vesmora

@@ -1,5 +1,5 @@
 // Small scenes; data/drawings.txt has everything that each test paints, in order.
-#include "view/redraw_map.h"
+#include "view/draw_map.h"
 
 #include <gtest/gtest.h>
 
@@ -10,8 +10,8 @@
 #include <limits>
 #include <tuple>
 
+#include "support/bench.h"
 #include "support/map_builder.h"
-#include "support/map_workbench.h"
 
 namespace vesmora {
 namespace {
@@ -61,7 +61,7 @@ class RecordingCanvas final : public Canvas {
   }
 };
 
-class RedrawMapTest : public testing::Test, protected MapWorkbench {
+class DrawMapTest : public testing::Test {
  protected:
   /// What was drawn must be what stands below the test's name, up to the next empty line.
   void TearDown() override {
@@ -82,7 +82,7 @@ class RedrawMapTest : public testing::Test, protected MapWorkbench {
   }
   std::size_t CountDrawn() {
     RecordingCanvas canvas;
-    RedrawMap({document, selection, view_, show_, tool_}, canvas);
+    DrawMap({map_, selection_, view_, show_, tool_}, canvas);
     std::swap(canvas.lines, lines_);
     return lines_.size();
   }
@@ -91,6 +91,8 @@ class RedrawMapTest : public testing::Test, protected MapWorkbench {
     for (const std::string& line : lines_) drawn_ += line + "\n";
   }
 
+  MapDocument map_;
+  Selection selection_;
   ViewTransform view_{.centerX = 399.5f, .centerY = 300.5f, .area = {1000, 700, 200, 100, 60}};
   ShowOptions show_;
   ToolDrawing tool_;
@@ -98,114 +100,114 @@ class RedrawMapTest : public testing::Test, protected MapWorkbench {
   std::string drawn_;
 };
 
-TEST_F(RedrawMapTest, EveryKindInItsColoursPensAndPlace) {
+TEST_F(DrawMapTest, EveryKindInItsColoursPensAndPlace) {
   show_.showFlags = {1, 1, 1, 1, 1, 1, 0};
   SetWindow(300, 250);
   view_.gridSize = 100;
   view_.fixedGrid = true;
-  Polygon& polygon = AddTriangle(document, {{{10, 10}, {50, 10}, {10, 50}}});
+  Polygon& polygon = AddTriangle(map_, {{{10, 10}, {50, 10}, {10, 50}}});
   polygon.vertices[0].color = {1, 2, 3, 99};
   polygon.vertices[1].color = {4, 5, 6, 99};
   polygon.vertices[0].u = polygon.vertices[0].v = polygon.vertices[1].u = 0.5f;
   polygon.vertices[2].v = -1;
-  document.normals[0].edges = {{{0, 1, 0}, {0, -0.0f, 5}, {1, 0, 0}}};
+  map_.polygons[0].edges = {{{0, 1, 0}, {0, -0.0f, 5}, {1, 0, 0}}};
   float x = 19;
   for (const char team : std::string("021312")) {
-    AddSpawn(document, x++, 30.5f, static_cast<std::uint8_t>(team - '0'));
+    AddSpawn(map_, x++, 30.5f, static_cast<std::uint8_t>(team - '0'));
   }
-  SceneryObject& scenery = AddScenery(document, 100.5f, 200.5f, 3);
+  SceneryObject& scenery = AddScenery(map_, 100.5f, 200.5f, 3);
   scenery.scaleY = 2;
   scenery.width = scenery.height = 999;  // never used
   scenery.rotation = 1.5707964f;
-  AddCollider(document, 40, 41, 7);
-  AddWaypoint(document, 100, 100, 1, {2, 0, 501, -1, 3});
-  AddWaypoint(document, 200, 100, 2).botSettings = {0, 1, 0, 0, 0};
-  AddWaypoint(document, 100, 4, 3);  // no path, but a target
-  document.sectorDivision = 10;
-  document.backgroundColor2 = {5, 6, 7, 8};
-  SelectEverything(selection, document);
-  selection.connectionAnchor = 0;
+  AddCollider(map_, 40, 41, 7);
+  AddWaypoint(map_, 100, 100, 1, {2, 0, 501, -1, 3});
+  AddWaypoint(map_, 200, 100, 2).botSettings = {0, 1, 0, 0, 0};
+  AddWaypoint(map_, 100, 4, 3);  // no path, but a target
+  map_.sectorDivision = 10;
+  map_.backgroundColor2 = {5, 6, 7, 8};
+  SelectEverything(selection_, map_);
+  tool_.connectionFrom = 0;
   tool_.mouseX = 40;
   tool_.mouseY = 100;
   Draw();
   show_.showFlags.fill(0);
   view_.gridSize = 0;
-  selection.vertices.last = selection.spawns.last = 0;
+  selection_.vertices.last = selection_.spawns.last = 0;
   scenery.type = 5;  // a liana has one handle
   Draw();
-  selection.box.right = kUnsetCoordinate;
+  selection_.box.right = kUnsetCoordinate;
   scenery.type = 22;
   Draw();
-  selection.sceneries.Add(1);
+  selection_.sceneries.Append(1);
   Draw();
-  document.toolIndex = ToolMode::kAddWaypoint;
+  map_.toolIndex = ToolMode::kAddWaypoint;
   Draw();
-  ClearLists(selection);
+  ClearLists(selection_);
   show_.showFlags = {0, 0, 1, 0, 1, 0, 0};
   show_.pathFilter = 2;
   view_.zoom = 4;
   Draw();
 }
 
-TEST_F(RedrawMapTest, WhatAToolIsAboutToPlaceLiesBehindTheLast) {
+TEST_F(DrawMapTest, WhatAToolIsAboutToPlaceLiesBehindTheLast) {
   show_.showFlags = {0, 1, 1, 1, 0, 0, 0};
-  document.spawns.fill({1, 10 * 256, 10 * 256, 1, 0, {}});
-  document.sceneries.fill({0, 22, {}, 0, 0, 5.5f, 6.5f, 0, 1, 1, 0, {}});
-  document.colliders.fill({0, {}, 0, 7, 8, 10});
-  for (auto& polygon : document.polygons) polygon.vertices[2].x = 11;
+  map_.spawns.slots.fill({1, 10 * 256, 10 * 256, 1, 0, {}});
+  map_.sceneries.slots.fill({0, 22, {}, 0, 0, 5.5f, 6.5f, 0, 1, 1, 0, {}});
+  map_.colliders.slots.fill({0, {}, 0, 7, 8, 10});
+  for (Polygon& polygon : map_.polygons.slots) polygon.vertices[2].x = 11;
   for (int tool = 0; tool < kToolCount; ++tool) {
-    document.toolIndex = static_cast<ToolMode>(tool);
+    map_.toolIndex = static_cast<ToolMode>(tool);
     for (const auto& [last, corners] : {std::pair{-1, 0}, {1, 2}, {398, 0}, {399, 0}, {399, 2}}) {
-      document.lastPolygon = static_cast<std::int16_t>(last);
-      tool_ = {.placedCorners = corners, .hasPendingScenery = corners == 0};
+      map_.polygons.last = static_cast<std::int16_t>(last);
+      tool_ = {.placedCorners = corners, .showsNextScenery = corners == 0};
       if (tool == 1 || last < 2) Draw();
     }
   }
   show_.showFlags.fill(0);
-  document.toolIndex = ToolMode::kAddPolygon;
-  selection.vertices.Add({0, 2});
+  map_.toolIndex = ToolMode::kAddPolygon;
+  selection_.vertices.Append({0, 2});
   Draw();
 }
 
-TEST_F(RedrawMapTest, ACollidersSizeIsItsDiameter) {
+TEST_F(DrawMapTest, ACollidersSizeIsItsDiameter) {
   show_.showFlags = {0, 0, 0, 1, 0, 0, 0};
-  for (const float size : {25.0f, 7.0f, 1e30f, kNan}) AddCollider(document, 399.5f, 300.5f, size);
+  for (const float size : {25.0f, 7.0f, 1e30f, kNan}) AddCollider(map_, 399.5f, 300.5f, size);
   for (const float zoom : {0.5f, 1.0f, 4.0f}) {
     view_.zoom = zoom;
     Draw();
   }
 }
 
-TEST_F(RedrawMapTest, RoutesTakeTheTargetsColourAndNoMoreThanTheSlotsThereAre) {
+TEST_F(DrawMapTest, RoutesTakeTheTargetsColourAndNoMoreThanTheSlotsThereAre) {
   show_.showFlags = {0, 0, 0, 0, 1, 0, 0};
-  Waypoint& waypoint = AddWaypoint(document, 100, 100, 1, {2});
+  Waypoint& waypoint = AddWaypoint(map_, 100, 100, 1, {2});
   waypoint.botSettings = {1, 1, 1, 1, 1};
-  auto& settings = AddWaypoint(document, 200, 100, 0).botSettings;
+  auto& settings = AddWaypoint(map_, 200, 100, 0).botSettings;
   for (std::size_t i = 0; i < 5; ++i) {
     settings[i] = 1;
     Draw();
   }
   settings = {2, 255, 0, 0, 0};
-  selection.connectionAnchor = 0;
+  tool_.connectionFrom = 0;
   tool_.mouseX = -110;  // only the barbs' tips reach into the window
   tool_.mouseY = 100;
   Draw();
-  document.waypoints[1].active = 2;  // would make a 21st connection
+  map_.waypoints[1].active = 2;  // would make a 21st connection
   waypoint.connections.fill(2);
-  selection.connectionAnchor = kNoIndex;
+  tool_.connectionFrom = kNoIndex;
   for (const auto& [count, routes] : {std::pair(21, 20U), {-1, 0U}}) {
     waypoint.connectionCount = count;
     EXPECT_EQ(CountDrawn(), 3 + 3 * routes) << count;
   }
 }
 
-TEST_F(RedrawMapTest, BordersAndGrids) {
+TEST_F(DrawMapTest, BordersAndGrids) {
   show_.showFlags = {0, 0, 0, 0, 0, 1, 0};
-  document.sectorDivision = 10;
-  document.backgroundColor2 = {5, 6, 7, 8};
+  map_.sectorDivision = 10;
+  map_.backgroundColor2 = {5, 6, 7, 8};
   view_.centerX = view_.centerY = 0;
   Draw();
-  document.sectorDivision = 200000000;  // saturates
+  map_.sectorDivision = 200000000;  // saturates
   view_.centerX = 2147483648.0f;
   Draw();
   show_.showFlags.fill(0);

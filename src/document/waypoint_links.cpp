@@ -1,9 +1,7 @@
-#include "tools/waypoint_links.h"
+#include "document/waypoint_links.h"
 
 #include <algorithm>
 #include <vector>
-
-#include "tools/slot.h"
 
 namespace vesmora {
 namespace {
@@ -36,6 +34,13 @@ std::span<std::int32_t> UsedConnections(Waypoint& waypoint) {
   return std::span(waypoint.connections).first(static_cast<std::size_t>(count));
 }
 
+void AddConnection(Waypoint& from, int targetSlot) {
+  const std::size_t count = UsedConnections(from).size();
+  if (count == from.connections.size()) return;
+  from.connections[count] = targetSlot + 1;
+  from.connectionCount = static_cast<std::int32_t>(count) + 1;
+}
+
 void FollowDeletion(std::span<Waypoint> waypoints, const WaypointSlots& deleted) {
   std::vector<std::int32_t> newIds(waypoints.size());  // a deleted one's goes to what follows
   std::int32_t next = 1;
@@ -47,15 +52,8 @@ void FollowDeletion(std::span<Waypoint> waypoints, const WaypointSlots& deleted)
   for (Waypoint& waypoint : waypoints) {
     UnlinkDeleted(waypoint, deleted);
     for (std::int32_t& id : UsedConnections(waypoint)) {
-      if (id >= 1 && id <= count) id = SlotAt(newIds, id - 1);
+      if (id >= 1 && id <= count) id = newIds[static_cast<std::size_t>(id - 1)];
     }
-  }
-}
-
-void GiveWaypointKeys(EditingState& state) {
-  for (int slot = 0; slot <= state.document.lastWaypoint; ++slot) {
-    std::int32_t& key = SlotAt(state.waypointKeys, slot);
-    if (key == 0) key = ++state.newestWaypointKey;
   }
 }
 

@@ -1,15 +1,24 @@
-// What commands can ask of the main window beyond redrawing it.
+// What can be asked of the main window.
 #pragma once
 
 #include <string>
 
-#include "app/window_placement.h"
-#include "platform/display.h"
+#include "platform/window_placement.h"
 
 namespace vesmora {
 
-class WindowPort : public Display {
+class WindowPort {
  public:
+  WindowPort() = default;
+  WindowPort(const WindowPort&) = delete;
+  WindowPort& operator=(const WindowPort&) = delete;
+  virtual ~WindowPort() = default;
+
+  // What is shown is out of date: it is brought up to date once, when the event that is being
+  // handled ends or a dialog opens meanwhile.
+  virtual void MapChanged() = 0;
+  virtual void PanelChanged() = 0;
+
   /// Closes the window as its frame's button does.
   virtual void Unload() = 0;
   virtual void ShowAbout() = 0;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "document/records.h"
+#include "document/world_point.h"
 
 namespace vesmora {
 
@@ -12,20 +13,16 @@ inline constexpr float kTextureHeight = 120;
 inline bool HasTexture(const PolygonVertex& corner) { return corner.u != 0 && corner.v != 0; }
 
 /// Gives a corner the coordinates that a world place has.
-inline void MapToPlace(PolygonVertex& corner, float x, float y) {
-  corner.u = x / kTextureWidth;
-  corner.v = y / kTextureHeight;
+inline void MapTexture(PolygonVertex& corner, WorldPoint place) {
+  corner.u = place.x / kTextureWidth;
+  corner.v = place.y / kTextureHeight;
 }
 
-inline void MapToWorld(PolygonVertex& corner) { MapToPlace(corner, corner.x, corner.y); }
-
-/// Moves a corner while its texture stays where it is on the map.
-inline void MoveCorner(PolygonVertex& corner, float dx, float dy) {
-  corner.x += dx;
-  corner.y += dy;
+/// Lets the texture stay where it is on the map while its corner moves by `offset`.
+inline void MoveTexture(PolygonVertex& corner, WorldPoint offset) {
   if (!HasTexture(corner)) return;
-  corner.u += dx / kTextureWidth;
-  corner.v += dy / kTextureHeight;
+  corner.u += offset.x / kTextureWidth;
+  corner.v += offset.y / kTextureHeight;
 }
 
 }  // namespace vesmora
