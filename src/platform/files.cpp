@@ -6,6 +6,8 @@
 #include <chrono>
 #include <cstring>
 
+#include "platform/text.h"
+
 namespace vesmora {
 namespace {
 
@@ -42,10 +44,7 @@ FileStatus WriteStatusOf(const FileCalls& calls, std::int64_t result) {
   return result >= 0 ? FileStatus{} : Failure(calls.LastError());
 }
 
-/// With the trailing separator; empty for a bare name.
-std::string FolderOf(const std::string& path) {
-  return path.substr(0, path.find_last_of(kSeparators) + 1);
-}
+std::string FolderOf(const std::string& path) { return std::string(FolderPart(path, kSeparators)); }
 
 FileStatus WrongKind(FileKind kind) {
   return Failure(kind == FileKind::kFolder ? "It is a folder." : "It is not a regular file.");
