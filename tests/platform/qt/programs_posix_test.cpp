@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <sys/wait.h>
 #include <unistd.h>
-#include <xcb/xcb.h>
+#include <xcb/xcb_ewmh.h>
 
 #include <QProcess>
 #include <QThread>
@@ -112,49 +112,41 @@ TEST_F(ProgramsTest, AStartedProgramOutlivesTheEditorAndLeavesNoZombie) {
 /// Opens windows to be found, and sees which one is in front.
 class Client {
  public:
-  Client() = default;
+  Client() {
+    xcb_ewmh_init_atoms_replies(&rules_, xcb_ewmh_init_atoms(connection_, &rules_), nullptr);
+  }
   Client(const Client&) = delete;
   Client& operator=(const Client&) = delete;
-  ~Client() { xcb_disconnect(connection_); }
+  ~Client() {
+    xcb_ewmh_connection_wipe(&rules_);
+    xcb_disconnect(connection_);
+  }
 
-  bool BecomesActive(xcb_window_t window) const {
-    const xcb_atom_t property = Atom("_NET_ACTIVE_WINDOW");
+  bool BecomesActive(xcb_window_t window) {
     return Soon([&] {
-      const auto request = xcb_get_property(connection_, 0, root_, property, 0, 0, 1);
-      auto* reply = xcb_get_property_reply(connection_, request, nullptr);
-      const bool isActive = reply != nullptr && reply->value_len == 1 &&
-                            *static_cast<xcb_window_t*>(xcb_get_property_value(reply)) == window;
-      std::free(reply);
-      return isActive;
+      const auto request = xcb_ewmh_get_active_window(&rules_, 0);
+      xcb_window_t active = XCB_WINDOW_NONE;
+      xcb_ewmh_get_active_window_reply(&rules_, request, &active, nullptr);
+      return active == window;
     });
   }
-  xcb_window_t Open(const std::string& title, const std::string& titleProperty = "_NET_WM_NAME",
-                    std::uint32_t process = 0) const {
+  xcb_window_t Open(const std::string& title, bool isOld = false, std::uint32_t process = 0) {
     const xcb_window_t window = xcb_generate_id(connection_);
-    xcb_create_window(connection_, 0, window, root_, 50, 50, 300, 200, 0,
+    xcb_create_window(connection_, 0, window, rules_.screens[0]->root, 50, 50, 300, 200, 0,
                       XCB_WINDOW_CLASS_INPUT_OUTPUT, 0, 0, nullptr);
-    xcb_change_property(connection_, XCB_PROP_MODE_REPLACE, window, Atom(titleProperty),
-                        Atom("UTF8_STRING"), 8, static_cast<std::uint32_t>(title.size()),
+    xcb_change_property(connection_, XCB_PROP_MODE_REPLACE, window,
+                        isOld ? xcb_atom_t{XCB_ATOM_WM_NAME} : rules_._NET_WM_NAME,
+                        rules_.UTF8_STRING, 8, static_cast<std::uint32_t>(title.size()),
                         title.c_str());
-    xcb_change_property(connection_, XCB_PROP_MODE_REPLACE, window, Atom("_NET_WM_PID"),
-                        XCB_ATOM_CARDINAL, 32, 1, &process);
+    xcb_ewmh_set_wm_pid(&rules_, window, process);
     xcb_map_window(connection_, window);
     xcb_flush(connection_);
     return window;
   }
 
  private:
-  xcb_atom_t Atom(const std::string& name) const {
-    const auto length = static_cast<std::uint16_t>(name.size());
-    const auto request = xcb_intern_atom(connection_, 0, length, name.c_str());
-    auto* reply = xcb_intern_atom_reply(connection_, request, nullptr);
-    const xcb_atom_t atom = reply->atom;
-    std::free(reply);
-    return atom;
-  }
-
   xcb_connection_t* connection_ = xcb_connect(nullptr, nullptr);
-  xcb_window_t root_ = xcb_setup_roots_iterator(xcb_get_setup(connection_)).data->root;
+  xcb_ewmh_connection_t rules_ = {};
 };
 
 /// Ends with this object.
@@ -177,7 +169,7 @@ TEST(ActivationTest, TheWindowOfThatTitleComesToTheFront) {
   Process server("Xvfb", {"-displayfd", "1"});
   ASSERT_TRUE(server.waitForReadyRead()) << "Xvfb does not start";
   ::setenv("DISPLAY", (":" + server.readAllStandardOutput().trimmed()).constData(), 1);
-  const Client client;
+  Client client;
   const xcb_window_t maker = client.Open("Soldat Map Maker");
   EXPECT_FALSE(programs->ActivateWindow("Soldat Map Maker")) << "nobody manages the windows";
   const Process manager("openbox");
@@ -185,10 +177,10 @@ TEST(ActivationTest, TheWindowOfThatTitleComesToTheFront) {
   ASSERT_TRUE(Soon(activate)) << "openbox does not start";
 
   EXPECT_FALSE(programs->ActivateWindow("Soldat"));
-  const xcb_window_t old = client.Open("Soldat", "WM_NAME");
+  const xcb_window_t old = client.Open("Soldat", true);
   EXPECT_TRUE(client.BecomesActive(old));
   const auto own = static_cast<std::uint32_t>(::getpid());
-  EXPECT_TRUE(client.BecomesActive(client.Open("Own", "_NET_WM_NAME", own)));
+  EXPECT_TRUE(client.BecomesActive(client.Open("Own", false, own)));
   EXPECT_FALSE(programs->ActivateWindow("Own"));
   EXPECT_TRUE(activate()) << "covered";
   EXPECT_TRUE(client.BecomesActive(maker));
