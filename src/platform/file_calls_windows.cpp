@@ -8,7 +8,6 @@
 #include <functional>
 
 #include "platform/file_calls.h"
-#include "platform/file_errors_windows.h"
 #include "platform/wide_text_windows.h"
 
 namespace vesmora {
@@ -36,6 +35,31 @@ class Opened {
  private:
   HANDLE handle_;
 };
+
+/// The <cerrno> value of what callers tell apart; EIO for everything else.
+int ErrnoOf(DWORD error) {
+  switch (error) {
+    // Only what says that the name is free: a server that does not answer is no proof.
+    case ERROR_FILE_NOT_FOUND:
+    case ERROR_PATH_NOT_FOUND:
+    case ERROR_INVALID_NAME:
+    case ERROR_BAD_PATHNAME:
+      return ENOENT;
+    case ERROR_DIRECTORY:
+      return ENOTDIR;
+    case ERROR_FILE_EXISTS:
+    case ERROR_ALREADY_EXISTS:
+      return EEXIST;
+    case ERROR_INVALID_PARAMETER:
+      return EINVAL;
+    case ERROR_INVALID_FUNCTION:
+    case ERROR_NOT_SUPPORTED:
+    case ERROR_CALL_NOT_IMPLEMENTED:
+      return ENOTSUP;
+    default:
+      return EIO;
+  }
+}
 
 HANDLE SystemHandle(int handle) {
   return reinterpret_cast<HANDLE>(_get_osfhandle(handle));  // NOLINT(*-int-to-ptr)
@@ -204,10 +228,16 @@ class WindowsFileCalls final : public FileCalls {
     if (const int result = Info(path, info); result < 0) return result;
     const Opened folder(path, GENERIC_WRITE);
     if (folder.IsOpen() && FlushFileBuffers(folder.Get()) != 0) return 0;
-    const DWORD error = GetLastError();
-    const int number = ErrnoOf(error);
-    const bool cannot = number == EACCES || number == EPERM || number == EINVAL || number == EBADF;
-    return Failed(cannot ? ERROR_NOT_SUPPORTED : error);
+    switch (const DWORD error = GetLastError()) {
+      case ERROR_ACCESS_DENIED:
+      case ERROR_DELETE_PENDING:
+      case ERROR_CANT_ACCESS_FILE:
+      case ERROR_PRIVILEGE_NOT_HELD:
+      case ERROR_INVALID_HANDLE:
+        return Failed(ERROR_NOT_SUPPORTED);
+      default:
+        return Failed(error);
+    }
   }
 
   int MakeFolder(const std::string& path, unsigned /*mode*/) override {
