@@ -149,7 +149,7 @@ FileStatus WriteTemporary(FileCalls& calls, const std::string& folder,
                           const std::string& accessFrom, std::span<const std::byte> bytes,
                           std::string& temporary) {
   constexpr unsigned kUsualMode = 0666;
-  constexpr unsigned kOwnMode = 0600;  // until KeepAccess has had its say
+  constexpr unsigned kOwnMode = 0600;  // until KeepAccess has set the right one
   const unsigned mode = accessFrom.empty() ? kUsualMode : kOwnMode;
   const int handle = WithNewName(folder, temporary, [&](const std::string& name) {
     return Uninterrupted([&] { return calls.CreateNew(name, mode); });
@@ -167,7 +167,7 @@ FileStatus WriteTemporary(FileCalls& calls, const std::string& folder,
   return status;
 }
 
-/// A file system that cannot sync a folder is no failure: there is nothing to be had.
+/// A file system that cannot sync a folder is no failure: nothing else could be done.
 FileStatus SyncFolder(FileCalls& calls, const std::string& folder) {
   const std::string path = folder.empty() ? "." : folder;
   const int result = Uninterrupted([&] { return calls.SyncFolder(path); });
@@ -207,7 +207,7 @@ FileStatus Replace(FileCalls& calls, const Target& target, const std::string& te
   return status;
 }
 
-/// `accessFrom` lends its permissions to a new file; the user's mask decides when empty.
+/// A new file gets the permissions of `accessFrom`, or those of the user's mask when that is empty.
 FileStatus WriteDurably(FileCalls& calls, const std::string& path, const std::string& accessFrom,
                         std::span<const std::byte> bytes) {
   Target target;

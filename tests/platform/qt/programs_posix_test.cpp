@@ -69,7 +69,7 @@ TEST_F(ProgramsTest, AWindowsProgramStartsThroughWineInItsFolder) {
   SystemFileCalls();  // keeps a signal from ending the editor, but no other program
   PutScript(exe_, "echo exe; " + report);
   EXPECT_EQ(programs_->Start(exe_, game_), "");
-  EXPECT_EQ(TakeResult(), "exe" + place + "\n") << "without Wine the file itself has its chance";
+  EXPECT_EQ(TakeResult(), "exe" + place + "\n") << "without Wine the file itself is tried";
   for (const std::string wine : {"wine64", "wine"}) {
     PutScript(folder_ / wine, "echo " + wine + "; " + report);
     EXPECT_EQ(programs_->Start(exe_, game_), "");
