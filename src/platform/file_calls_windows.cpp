@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <functional>
 
@@ -228,16 +229,12 @@ class WindowsFileCalls final : public FileCalls {
     if (const int result = Info(path, info); result < 0) return result;
     const Opened folder(path, GENERIC_WRITE);
     if (folder.IsOpen() && FlushFileBuffers(folder.Get()) != 0) return 0;
-    switch (const DWORD error = GetLastError()) {
-      case ERROR_ACCESS_DENIED:
-      case ERROR_DELETE_PENDING:
-      case ERROR_CANT_ACCESS_FILE:
-      case ERROR_PRIVILEGE_NOT_HELD:
-      case ERROR_INVALID_HANDLE:
-        return Failed(ERROR_NOT_SUPPORTED);
-      default:
-        return Failed(error);
-    }
+    const DWORD error = GetLastError();
+    constexpr std::array<DWORD, 5> kCannot = {ERROR_ACCESS_DENIED, ERROR_DELETE_PENDING,
+                                              ERROR_CANT_ACCESS_FILE, ERROR_PRIVILEGE_NOT_HELD,
+                                              ERROR_INVALID_HANDLE};
+    const bool cannot = std::ranges::find(kCannot, error) != kCannot.end();
+    return Failed(cannot ? ERROR_NOT_SUPPORTED : error);
   }
 
   int MakeFolder(const std::string& path, unsigned /*mode*/) override {

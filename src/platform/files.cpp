@@ -4,7 +4,6 @@
 #include <atomic>
 #include <cerrno>
 #include <chrono>
-#include <cstring>
 
 #include "platform/text.h"
 
@@ -92,10 +91,7 @@ FileStatus CompareWithFile(FileCalls& calls, const std::string& path,
                            std::span<const std::byte> bytes) {
   const FileContents contents = ReadFile(calls, path, bytes.size());
   if (!contents.status.Ok()) return Failure(contents.status.reason);
-  const bool isEqual =
-      contents.size == bytes.size() && contents.bytes.size() == bytes.size() &&
-      (bytes.empty() || std::memcmp(contents.bytes.data(), bytes.data(), bytes.size()) == 0);
-  if (isEqual) return {};
+  if (contents.size == bytes.size() && std::ranges::equal(contents.bytes, bytes)) return {};
   return Failure("The file does not read back as it was written.");
 }
 

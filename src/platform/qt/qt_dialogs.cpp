@@ -83,17 +83,15 @@ std::string QtDialogs::ChooseFileToSave(const FileRequest& request) {
       file.setFile(file.filePath() + "." + SuffixOf(request));
       path += "." + SuffixOf(request).toStdString();
     }
+    std::string problem;
     if (!file.dir().exists()) {
-      Show({.text = "Folder '" + file.path().toStdString() +
-                    "' does not exist.\nPlease choose another one.",
-            .title = "File error",
-            .icon = MessageIcon::kExclamation});
-      continue;
+      problem =
+          "Folder '" + file.path().toStdString() + "' does not exist.\nPlease choose another one.";
+    } else if (file.exists() && !file.isWritable()) {
+      problem = "File '" + path + "' is write-protected.\nPlease choose another name.";
     }
-    if (file.exists() && !file.isWritable()) {
-      Show({.text = "File '" + path + "' is write-protected.\nPlease choose another name.",
-            .title = "File error",
-            .icon = MessageIcon::kExclamation});
+    if (!problem.empty()) {
+      Show({.text = problem, .title = "File error", .icon = MessageIcon::kExclamation});
       continue;
     }
     // The dialog has asked about the name as it was typed.
