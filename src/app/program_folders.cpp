@@ -1,5 +1,7 @@
 #include "app/program_folders.h"
 
+#include "platform/text.h"
+
 namespace vesmora {
 namespace {
 
@@ -8,16 +10,13 @@ bool FolderExists(FileCalls& calls, const std::string& path) {
   return calls.Info(path, info) >= 0 && info.kind == FileKind::kFolder;
 }
 
-/// Of a folder, with its slash; with the slash.
-std::string ParentOf(const std::string& folder) {
-  return folder.substr(0, folder.find_last_of('/', folder.size() - 2) + 1);
-}
-
 }  // namespace
 
 ProgramFolders FindProgramFolders(FileCalls& calls, const std::string& executableFolder,
                                   const std::string& namedGame) {
-  const std::string above = ParentOf(executableFolder);
+  const auto withoutSlash =
+      std::string_view(executableFolder).substr(0, executableFolder.size() - 1);
+  const std::string above(FolderPart(withoutSlash, "/"));
   ProgramFolders folders{.program = executableFolder, .game = above};
   const std::string shared = above + "share/vesmora/";
   if (!FolderExists(calls, executableFolder + "Prefab") && FolderExists(calls, shared)) {

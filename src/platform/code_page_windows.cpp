@@ -16,7 +16,7 @@ unsigned char Number(char byte) { return static_cast<unsigned char>(byte); }
 
 CodePage::CodePage(unsigned number) : number_(number == CP_UTF8 ? kWesternEurope : number) {
   for (unsigned i = 0; i < characters_.size(); ++i) {
-    const char byte = static_cast<char>(static_cast<unsigned char>(i));
+    const char byte = ByteOf(i);
     const char16_t character = i == 0 ? u'\0' : CharacterOf({&byte, 1});
     const bool isMissing = character == 0 && i != 0;
     characters_[i] = isMissing ? static_cast<char16_t>(kStandIns + i) : character;
@@ -68,7 +68,7 @@ std::string CodePage::FromUtf8(std::string_view utf8) const {
     if (character == 0) {
       bytes += '\0';
     } else if (byte < characters_.size() && characters_[byte] == character) {
-      bytes += static_cast<char>(static_cast<unsigned char>(byte));
+      bytes += ByteOf(byte);
     } else {
       const std::string found = BytesOf(character);
       bytes += found.empty() ? "?" : found;

@@ -1,5 +1,5 @@
-// The system calls that files are made of, as thin as they come: one method, one
-// step. What the steps add up to lies in files.h; tests put a layer between.
+// The system calls for files: one method, one step. What the steps add up to lies in files.h;
+// tests put a layer between.
 #pragma once
 
 #include <cstddef>
@@ -20,8 +20,9 @@ struct FileInfo {
 };
 
 /// Paths are UTF-8. Every call returns 0 or more on success and a negated <cerrno>
-/// value on failure; LastError() then has the system's words for it. Short reads and
-/// writes and -EINTR are the caller's to handle. Handles are closed by the caller.
+/// value on failure, -EIO where no caller needs a finer one; LastError() then has the system's
+/// words for it. Short reads and writes and -EINTR are the caller's to handle. Handles are closed
+/// by the caller.
 class FileCalls {
  public:
   FileCalls() = default;
@@ -72,7 +73,7 @@ class FileCalls {
   virtual std::string LastError() const = 0;
 };
 
-/// The running system's calls. Lives for the whole program.
+/// The running system's calls: one object for the whole program, to the end of it.
 FileCalls& SystemFileCalls();
 
 }  // namespace vesmora

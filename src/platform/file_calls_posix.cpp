@@ -29,8 +29,11 @@ FileInfo InfoFrom(const struct stat& status) {
 
 class PosixFileCalls final : public FileCalls {
  public:
-  // A limit on the file size shall come back as an error, not end the program.
-  PosixFileCalls() { std::signal(SIGXFSZ, SIG_IGN); }
+  // A limit on the file size shall come back as an error, not end the program. A signal that is
+  // handled, unlike one that is ignored, is as usual again in the programs that the editor starts.
+  PosixFileCalls() {
+    std::signal(SIGXFSZ, [](int) {});
+  }
 
   int OpenToRead(const std::string& path) override {
     return Result(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));

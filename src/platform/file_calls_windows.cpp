@@ -4,11 +4,11 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <functional>
 
 #include "platform/file_calls.h"
-#include "platform/file_errors_windows.h"
 #include "platform/wide_text_windows.h"
 
 namespace vesmora {
@@ -36,6 +36,31 @@ class Opened {
  private:
   HANDLE handle_;
 };
+
+/// The <cerrno> value of what callers tell apart; EIO for everything else.
+int ErrnoOf(DWORD error) {
+  switch (error) {
+    // Only what says that the name is free: a server that does not answer is no proof.
+    case ERROR_FILE_NOT_FOUND:
+    case ERROR_PATH_NOT_FOUND:
+    case ERROR_INVALID_NAME:
+    case ERROR_BAD_PATHNAME:
+      return ENOENT;
+    case ERROR_DIRECTORY:
+      return ENOTDIR;
+    case ERROR_FILE_EXISTS:
+    case ERROR_ALREADY_EXISTS:
+      return EEXIST;
+    case ERROR_INVALID_PARAMETER:
+      return EINVAL;
+    case ERROR_INVALID_FUNCTION:
+    case ERROR_NOT_SUPPORTED:
+    case ERROR_CALL_NOT_IMPLEMENTED:
+      return ENOTSUP;
+    default:
+      return EIO;
+  }
+}
 
 HANDLE SystemHandle(int handle) {
   return reinterpret_cast<HANDLE>(_get_osfhandle(handle));  // NOLINT(*-int-to-ptr)
@@ -205,8 +230,10 @@ class WindowsFileCalls final : public FileCalls {
     const Opened folder(path, GENERIC_WRITE);
     if (folder.IsOpen() && FlushFileBuffers(folder.Get()) != 0) return 0;
     const DWORD error = GetLastError();
-    const int number = ErrnoOf(error);
-    const bool cannot = number == EACCES || number == EPERM || number == EINVAL || number == EBADF;
+    constexpr std::array<DWORD, 5> kCannot = {ERROR_ACCESS_DENIED, ERROR_DELETE_PENDING,
+                                              ERROR_CANT_ACCESS_FILE, ERROR_PRIVILEGE_NOT_HELD,
+                                              ERROR_INVALID_HANDLE};
+    const bool cannot = std::ranges::find(kCannot, error) != kCannot.end();
     return Failed(cannot ? ERROR_NOT_SUPPORTED : error);
   }
 

@@ -4,7 +4,8 @@
 #include <atomic>
 #include <cerrno>
 #include <chrono>
-#include <cstring>
+
+#include "platform/text.h"
 
 namespace vesmora {
 namespace {
@@ -42,10 +43,7 @@ FileStatus WriteStatusOf(const FileCalls& calls, std::int64_t result) {
   return result >= 0 ? FileStatus{} : Failure(calls.LastError());
 }
 
-/// With the trailing separator; empty for a bare name.
-std::string FolderOf(const std::string& path) {
-  return path.substr(0, path.find_last_of(kSeparators) + 1);
-}
+std::string FolderOf(const std::string& path) { return std::string(FolderPart(path, kSeparators)); }
 
 FileStatus WrongKind(FileKind kind) {
   return Failure(kind == FileKind::kFolder ? "It is a folder." : "It is not a regular file.");
@@ -93,10 +91,7 @@ FileStatus CompareWithFile(FileCalls& calls, const std::string& path,
                            std::span<const std::byte> bytes) {
   const FileContents contents = ReadFile(calls, path, bytes.size());
   if (!contents.status.Ok()) return Failure(contents.status.reason);
-  const bool isEqual =
-      contents.size == bytes.size() && contents.bytes.size() == bytes.size() &&
-      (bytes.empty() || std::memcmp(contents.bytes.data(), bytes.data(), bytes.size()) == 0);
-  if (isEqual) return {};
+  if (contents.size == bytes.size() && std::ranges::equal(contents.bytes, bytes)) return {};
   return Failure("The file does not read back as it was written.");
 }
 
@@ -150,7 +145,7 @@ FileStatus WriteTemporary(FileCalls& calls, const std::string& folder,
                           const std::string& accessFrom, std::span<const std::byte> bytes,
                           std::string& temporary) {
   constexpr unsigned kUsualMode = 0666;
-  constexpr unsigned kOwnMode = 0600;  // until KeepAccess has had its say
+  constexpr unsigned kOwnMode = 0600;  // until KeepAccess has set the right one
   const unsigned mode = accessFrom.empty() ? kUsualMode : kOwnMode;
   const int handle = WithNewName(folder, temporary, [&](const std::string& name) {
     return Uninterrupted([&] { return calls.CreateNew(name, mode); });
@@ -168,7 +163,7 @@ FileStatus WriteTemporary(FileCalls& calls, const std::string& folder,
   return status;
 }
 
-/// A file system that cannot sync a folder is no failure: there is nothing to be had.
+/// A file system that cannot sync a folder is no failure: nothing else could be done.
 FileStatus SyncFolder(FileCalls& calls, const std::string& folder) {
   const std::string path = folder.empty() ? "." : folder;
   const int result = Uninterrupted([&] { return calls.SyncFolder(path); });
@@ -208,7 +203,7 @@ FileStatus Replace(FileCalls& calls, const Target& target, const std::string& te
   return status;
 }
 
-/// `accessFrom` lends its permissions to a new file; the user's mask decides when empty.
+/// A new file gets the permissions of `accessFrom`, or those of the user's mask when that is empty.
 FileStatus WriteDurably(FileCalls& calls, const std::string& path, const std::string& accessFrom,
                         std::span<const std::byte> bytes) {
   Target target;

@@ -1,5 +1,5 @@
-// Reading and writing files. Every operation goes through FileCalls, a thin
-// layer over the system's own calls, so that tests can make any of them fail.
+// Reading and writing files. Every operation goes through FileCalls, one method
+// for each of the system's calls, so that tests can make any of them fail.
 // Paths are UTF-8. Failures come back as a FileStatus, never as an exception.
 #pragma once
 
@@ -32,7 +32,7 @@ struct FileContents {
 /// device) is an error and is never waited for.
 FileContents ReadFile(FileCalls& calls, const std::string& path, std::size_t limit);
 
-/// As the current folder completes it.
+/// As the current folder completes it; `path` as it is when the system cannot tell.
 std::string AbsolutePath(const std::string& path);
 
 /// True when there is certainly nothing of that name.
@@ -48,22 +48,25 @@ bool SameFile(FileCalls& calls, const std::string& a, const std::string& b);
 /// and compared, renamed over it, and the folder synced. On any failure the old file is
 /// what it was, and no temporary file stays as long as it can be deleted. A symbolic link
 /// stays and its target is replaced; owner and permissions are kept as far as allowed.
-FileStatus WriteFileDurably(FileCalls& calls, const std::string& path,
-                            std::span<const std::byte> bytes);
+[[nodiscard]] FileStatus WriteFileDurably(FileCalls& calls, const std::string& path,
+                                          std::span<const std::byte> bytes);
 
 /// Gives `to` the content of the regular file `from`, written as WriteFileDurably does.
 /// Does nothing and succeeds when both are the same file.
-FileStatus CopyFileDurably(FileCalls& calls, const std::string& from, const std::string& to);
+[[nodiscard]] FileStatus CopyFileDurably(FileCalls& calls, const std::string& from,
+                                         const std::string& to);
 
 /// Writes over the start of `path` without cutting a longer file's tail and
 /// without syncing: for files whose loss costs nothing but time. A failure may
 /// leave the file partly written.
-FileStatus WriteFileInPlace(FileCalls& calls, const std::string& path,
-                            std::span<const std::byte> bytes);
+[[nodiscard]] FileStatus WriteFileInPlace(FileCalls& calls, const std::string& path,
+                                          std::span<const std::byte> bytes);
 
 /// Gives the file `from` the name `to`, replacing what stood there. Without syncing.
-FileStatus MoveFileOver(FileCalls& calls, const std::string& from, const std::string& to);
+[[nodiscard]] FileStatus MoveFileOver(FileCalls& calls, const std::string& from,
+                                      const std::string& to);
 
+/// Without syncing. A file that is not there is a failure, kMissing.
 FileStatus DeleteFile(FileCalls& calls, const std::string& path);
 
 struct FolderListing {
@@ -71,6 +74,7 @@ struct FolderListing {
   std::vector<std::string> names;  // regular files only, sorted by their bytes
 };
 
+/// What cannot be looked at is left out; without any names when the folder itself cannot be read.
 FolderListing ListFiles(FileCalls& calls, const std::string& folder);
 
 /// Makes `path`, or takes it as it is, as a folder that only this user can enter. Fails

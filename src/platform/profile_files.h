@@ -10,29 +10,31 @@
 
 namespace vesmora {
 
+/// Through the running system's own calls where it has them, else with the same behaviour over
+/// `files`, which must live as long.
 class ProfileFiles {
  public:
-  ProfileFiles() = default;
-  ProfileFiles(const ProfileFiles&) = delete;
-  ProfileFiles& operator=(const ProfileFiles&) = delete;
-  virtual ~ProfileFiles() = default;
+  explicit ProfileFiles(FileCalls& files) : files_(files) {}
 
   /// The leading whole number of the value; `fallback` when the key is absent or the
   /// file cannot be read.
-  virtual std::int32_t ReadInt(const std::string& path, const std::string& section,
-                               const std::string& key, std::int32_t fallback) = 0;
+  std::int32_t ReadInt(const std::string& path, const std::string& section, const std::string& key,
+                       std::int32_t fallback) const;
 
   /// Sets one key, adding it and its section where they are missing. Every other byte
   /// of the file stays; a failure leaves the whole file as it was.
-  virtual FileStatus Write(const std::string& path, const std::string& section,
-                           const std::string& key, const std::string& value) = 0;
+  [[nodiscard]] FileStatus Write(const std::string& path, const std::string& section,
+                                 const std::string& key, const std::string& value);
+
+ private:
+  FileCalls& files_;
 };
 
-/// The bytes of a profile; a file too large to be one is an error.
+/// The bytes of a profile, with the failures of ReadFile; a file too large to be one is an error.
 FileContents ReadProfile(FileCalls& files, const std::string& path);
 
-/// The running system's own calls where it has them, else the same behaviour over `files`,
-/// which must live as long.
-std::unique_ptr<ProfileFiles> SystemProfileFiles(FileCalls& files);
+inline std::unique_ptr<ProfileFiles> SystemProfileFiles(FileCalls& files) {
+  return std::make_unique<ProfileFiles>(files);
+}
 
 }  // namespace vesmora

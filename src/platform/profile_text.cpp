@@ -4,6 +4,8 @@
 #include <charconv>
 #include <limits>
 
+#include "platform/text.h"
+
 namespace vesmora {
 namespace {
 
@@ -41,12 +43,6 @@ std::string Widened(std::string_view ascii, Encoding encoding) {
   std::string bytes;
   for (const char c : ascii) bytes.append(1, c).append(encoding.width - 1, '\0');
   return bytes;
-}
-
-char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-
-bool SameName(std::string_view a, std::string_view b) {
-  return std::ranges::equal(a, b, {}, Lower, Lower);
 }
 
 /// A part of the text, as positions in it.
@@ -90,14 +86,14 @@ Place FindKey(std::string_view text, std::string_view section, std::string_view 
     at = end + 1;
     if (const auto name = SectionName(text, line)) {
       if (place.hasSection) return place;
-      place.hasSection = SameName(*name, section);
+      place.hasSection = EqualsIgnoringCase(*name, section);
     }
     if (!place.hasSection || line.Empty()) continue;
     place.sectionEnd = end;
     const std::size_t sign = line.Of(text).find('=');
     if (sign == std::string_view::npos) continue;
     const Part name = Trimmed(text, {line.begin, line.begin + sign});
-    if (!SameName(name.Of(text), key)) continue;
+    if (!EqualsIgnoringCase(name.Of(text), key)) continue;
     place.value = Trimmed(text, {line.begin + sign + 1, line.end});
     return place;
   }

@@ -19,7 +19,7 @@ class Programs {
 
   /// Starts the program `path` in `folder`, with no arguments, and does not wait for it:
   /// it outlives the editor. Empty on success, else the reason in words for the user.
-  virtual std::string Start(const std::string& path, const std::string& folder) = 0;
+  [[nodiscard]] virtual std::string Start(const std::string& path, const std::string& folder) = 0;
 };
 
 /// The running system's. `*.exe` files start through Wine where that is needed.

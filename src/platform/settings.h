@@ -12,6 +12,7 @@ class Settings {
   /// `fallback` when the key is absent. Whatever a person wrote there may come back.
   virtual std::string Read(const std::string& section, const std::string& key,
                            const std::string& fallback) = 0;
+  /// Does not tell whether it could be stored.
   virtual void Write(const std::string& section, const std::string& key,
                      const std::string& value) = 0;
 };

@@ -19,8 +19,6 @@ constexpr std::array<std::uint16_t, kEndOdd - kFirstOdd> kOddCharacters = {
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
-char ByteOf(std::uint32_t value) { return static_cast<char>(static_cast<unsigned char>(value)); }
-
 char SingleByteOf(std::uint32_t character) {
   if (character < kFirstOdd || (character >= kEndOdd && character <= 0xFF)) {
     return ByteOf(character);

@@ -39,25 +39,14 @@ std::string PrivateTempFolder(FileCalls& calls, FileStatus& status) {
 }
 
 // The system lets go of the lock when the process ends, so the handle is never closed. The
-// folder itself is locked: a file in it could be swept away, while systemd's sweeper passes by
-// locked folders. Where folders cannot be locked (NFS) nobody is kept out.
+// folder itself is locked: a file in it could be deleted as old, while systemd's cleaning leaves
+// locked folders alone. Where folders cannot be locked (NFS) nobody is kept out.
 bool HoldFolder(const std::string& folder) {
   const int handle = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   if (handle < 0) return false;
   if (::flock(handle, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK) return true;
   ::close(handle);
   return false;
-}
-
-std::string HoldUndoFolder(FileCalls& calls, const std::string& tempFolder) {
-  if (tempFolder.empty()) return "";
-  if (HoldFolder(tempFolder)) return tempFolder;
-  constexpr int kMostEditors = 100;
-  for (int number = 2; number <= kMostEditors; ++number) {
-    const std::string folder = tempFolder + std::to_string(number);
-    if (CreatePrivateFolder(calls, folder).Ok() && HoldFolder(folder + "/")) return folder + "/";
-  }
-  return "";
 }
 
 }  // namespace vesmora

@@ -4,6 +4,7 @@
 #include "platform/wide_text_windows.h"
 
 namespace vesmora {
+
 // The system gives each user a folder of their own.
 std::string PrivateTempFolder(FileCalls& calls, FileStatus& status) {
   std::wstring path(MAX_PATH + 1, L'\0');
@@ -30,17 +31,6 @@ bool HoldFolder(const std::string& folder) {
   const HANDLE handle = CreateFileW(Wide(folder + "Vesmora-in-use").c_str(), GENERIC_WRITE, 0,
                                     nullptr, OPEN_ALWAYS, kFlags, nullptr);
   return handle != INVALID_HANDLE_VALUE;
-}
-
-std::string HoldUndoFolder(FileCalls& calls, const std::string& tempFolder) {
-  if (tempFolder.empty()) return "";
-  if (HoldFolder(tempFolder)) return tempFolder;
-  constexpr int kMostEditors = 100;
-  for (int number = 2; number <= kMostEditors; ++number) {
-    const std::string folder = tempFolder + "Vesmora" + std::to_string(number);
-    if (CreatePrivateFolder(calls, folder).Ok() && HoldFolder(folder + "\\")) return folder + "\\";
-  }
-  return "";
 }
 
 }  // namespace vesmora

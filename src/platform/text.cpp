@@ -11,11 +11,6 @@ namespace {
 
 char LowerAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
-std::size_t NameStart(std::string_view path) {
-  const std::size_t slash = path.find_last_of("/\\");
-  return slash == std::string_view::npos ? 0 : slash + 1;
-}
-
 /// Shifts letters from one case's ranges to the other's: ASCII letters lie 0x20
 /// apart, and so do, behind the lead byte 0xC3, accented ones.
 std::string ShiftCase(std::string_view text, char firstAscii, unsigned char firstAccented,
@@ -68,8 +63,12 @@ bool EndsIgnoringCase(std::string_view text, std::string_view ending) {
   return EqualsIgnoringCase(text.substr(text.size() - ending.size()), ending);
 }
 
-std::string_view FileNamePart(std::string_view path) { return path.substr(NameStart(path)); }
+std::string_view FileNamePart(std::string_view path) {
+  return path.substr(FolderPart(path).size());
+}
 
-std::string_view FolderPart(std::string_view path) { return path.substr(0, NameStart(path)); }
+std::string_view FolderPart(std::string_view path, std::string_view slashes) {
+  return path.substr(0, path.find_last_of(slashes) + 1);  // npos + 1 is 0
+}
 
 }  // namespace vesmora

@@ -25,7 +25,8 @@ bool EndsIgnoringCase(std::string_view text, std::string_view ending);
 /// The part of a path behind its last slash of either kind.
 std::string_view FileNamePart(std::string_view path);
 
-/// The part of a path up to and including its last slash of either kind.
-std::string_view FolderPart(std::string_view path);
+/// The part of a path up to and including its last slash; empty for a bare name. Only the `slashes`
+/// cut: on Linux a backslash may be part of a file's name, while people write paths with either.
+std::string_view FolderPart(std::string_view path, std::string_view slashes = "/\\");
 
 }  // namespace vesmora

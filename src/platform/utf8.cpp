@@ -3,11 +3,6 @@
 #include <cstddef>
 
 namespace vesmora {
-namespace {
-
-char ByteOf(std::uint32_t value) { return static_cast<char>(static_cast<unsigned char>(value)); }
-
-}  // namespace
 
 void AppendUtf8(std::string& text, std::uint32_t character) {
   if (character < 0x80) {

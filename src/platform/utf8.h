@@ -9,6 +9,11 @@ namespace vesmora {
 
 constexpr std::uint32_t kNoCharacter = 0xFFFFFFFF;
 
+/// The lowest eight bits, as the texts hold them.
+constexpr char ByteOf(std::uint32_t value) {
+  return static_cast<char>(static_cast<unsigned char>(value));
+}
+
 /// `character` is below 0x10000.
 void AppendUtf8(std::string& text, std::uint32_t character);
 

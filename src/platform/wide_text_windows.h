@@ -1,4 +1,4 @@
-// The system's calls speak UTF-16, the program UTF-8.
+// The system's calls take UTF-16, the program's texts are UTF-8.
 #pragma once
 
 #include <string>

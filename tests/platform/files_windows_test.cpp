@@ -68,8 +68,8 @@ TEST(WindowsTempFolder, IsTheUsersOwnAndEachEditorHoldsOne) {
 
   const ScratchFolder folder;
   EXPECT_EQ(HoldUndoFolder(calls, folder.Path()), folder.Path());
-  EXPECT_EQ(HoldUndoFolder(calls, folder.Path()), folder / "Vesmora2\\");
-  EXPECT_EQ(HoldUndoFolder(calls, folder.Path()), folder / "Vesmora3\\");
+  EXPECT_EQ(HoldUndoFolder(calls, folder.Path()), folder / "Vesmora2/");
+  EXPECT_EQ(HoldUndoFolder(calls, folder.Path()), folder / "Vesmora3/");
   EXPECT_EQ(HoldUndoFolder(calls, folder / "none\\"), "");
 }
 

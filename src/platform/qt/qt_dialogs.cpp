@@ -7,10 +7,12 @@
 #include <QInputDialog>
 #include <QMessageBox>
 
+#include "platform/qt/qt_text.h"
+
 namespace vesmora {
 namespace {
 
-QMessageBox::Icon ToQt(MessageIcon icon) {
+QMessageBox::Icon BoxIcon(MessageIcon icon) {
   switch (icon) {
     case MessageIcon::kCritical:
       return QMessageBox::Critical;
@@ -28,24 +30,22 @@ QMessageBox::Icon ToQt(MessageIcon icon) {
 
 QMessageBox::StandardButton Run(QWidget* parent, const Message& message,
                                 QMessageBox::StandardButtons buttons) {
-  QMessageBox box(
-      ToQt(message.icon),
-      message.title.empty() ? QString("Vesmora") : QString::fromStdString(message.title),
-      QString::fromStdString(message.text), buttons, parent);
+  QMessageBox box(BoxIcon(message.icon), message.title.empty() ? "Vesmora" : ToQt(message.title),
+                  ToQt(message.text), buttons, parent);
   box.setTextFormat(Qt::PlainText);  // file names may hold anything
   return static_cast<QMessageBox::StandardButton>(box.exec());
 }
 
 /// Without its dot.
 QString SuffixOf(const FileRequest& request) {
-  return QFileInfo(QString::fromStdString(request.filter.pattern)).suffix().toLower();
+  return QFileInfo(ToQt(request.filter.pattern)).suffix().toLower();
 }
 
 void Prepare(QFileDialog& dialog, const FileRequest& request) {
-  dialog.setNameFilter(QString::fromStdString(request.filter.description));
+  dialog.setNameFilter(ToQt(request.filter.description));
   dialog.setDefaultSuffix(SuffixOf(request));
-  if (!request.directory.empty()) dialog.setDirectory(QString::fromStdString(request.directory));
-  if (!request.fileName.empty()) dialog.selectFile(QString::fromStdString(request.fileName));
+  if (!request.directory.empty()) dialog.setDirectory(ToQt(request.directory));
+  if (!request.fileName.empty()) dialog.selectFile(ToQt(request.fileName));
 }
 
 std::string Chosen(QFileDialog& dialog) {
@@ -76,24 +76,22 @@ std::string QtDialogs::ChooseFileToSave(const FileRequest& request) {
   while (true) {
     std::string path = Chosen(dialog);
     if (path.empty()) return path;
-    QFileInfo file(QString::fromStdString(path));
+    QFileInfo file(ToQt(path));
     // The dialog takes whatever follows a dot for the suffix, the 2 of "Hollow v1.2", too.
     const bool isCompleted = file.suffix().toLower() != SuffixOf(request);
     if (isCompleted) {
       file.setFile(file.filePath() + "." + SuffixOf(request));
       path += "." + SuffixOf(request).toStdString();
     }
+    std::string problem;
     if (!file.dir().exists()) {
-      Show({.text = "Folder '" + file.path().toStdString() +
-                    "' does not exist.\nPlease choose another one.",
-            .title = "File error",
-            .icon = MessageIcon::kExclamation});
-      continue;
+      problem =
+          "Folder '" + file.path().toStdString() + "' does not exist.\nPlease choose another one.";
+    } else if (file.exists() && !file.isWritable()) {
+      problem = "File '" + path + "' is write-protected.\nPlease choose another name.";
     }
-    if (file.exists() && !file.isWritable()) {
-      Show({.text = "File '" + path + "' is write-protected.\nPlease choose another name.",
-            .title = "File error",
-            .icon = MessageIcon::kExclamation});
+    if (!problem.empty()) {
+      Show({.text = problem, .title = "File error", .icon = MessageIcon::kExclamation});
       continue;
     }
     // The dialog has asked about the name as it was typed.
@@ -108,9 +106,8 @@ std::string QtDialogs::ChooseFileToSave(const FileRequest& request) {
 
 std::string QtDialogs::AskText(const TextRequest& request) {
   bool accepted = false;
-  const QString answer = QInputDialog::getText(
-      parent_, QString::fromStdString(request.title), QString::fromStdString(request.prompt),
-      QLineEdit::Normal, QString::fromStdString(request.answer), &accepted);
+  const QString answer = QInputDialog::getText(parent_, ToQt(request.title), ToQt(request.prompt),
+                                               QLineEdit::Normal, ToQt(request.answer), &accepted);
   return accepted ? answer.toStdString() : std::string();
 }
 

@@ -2,11 +2,13 @@
 
 #include <QStringList>
 
+#include "platform/qt/qt_text.h"
+
 namespace vesmora {
 namespace {
 
 QString PathOf(const std::string& section, const std::string& key) {
-  return QString::fromStdString(section + "/" + key);
+  return ToQt(section + "/" + key);
 }
 
 }  // namespace
@@ -21,7 +23,7 @@ std::string QtSettings::Read(const std::string& section, const std::string& key,
 
 void QtSettings::Write(const std::string& section, const std::string& key,
                        const std::string& value) {
-  store_.setValue(PathOf(section, key), QString::fromStdString(value));
+  store_.setValue(PathOf(section, key), ToQt(value));
 }
 
 }  // namespace vesmora

@@ -3,10 +3,12 @@
 #include <QDesktopServices>
 #include <QUrl>
 
+#include "platform/qt/qt_text.h"
+
 namespace vesmora {
 
 bool QtShell::OpenFile(const std::string& path) {
-  return QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromStdString(path)));
+  return QDesktopServices::openUrl(QUrl::fromLocalFile(ToQt(path)));
 }
 
 }  // namespace vesmora

@@ -1,14 +1,13 @@
 // Real processes: scripts stand in for the game and for Wine. And real windows, on a virtual
 // display with a window manager.
-#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <sys/wait.h>
 #include <unistd.h>
-#include <xcb/xcb.h>
+#include <xcb/xcb_ewmh.h>
 
-#include <array>
+#include <QProcess>
+#include <QThread>
 #include <cerrno>
-#include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
@@ -16,9 +15,8 @@
 #include <functional>
 #include <sstream>
 #include <string>
-#include <thread>
-#include <vector>
 
+#include "platform/file_calls.h"
 #include "platform/programs.h"
 #include "support/scratch_folder.h"
 
@@ -26,6 +24,11 @@ namespace vesmora {
 namespace {
 
 using testing::HasSubstr;
+
+bool Soon(const std::function<bool()>& condition) {
+  for (int i = 0; i < 500 && !condition(); ++i) QThread::msleep(10);
+  return condition();
+}
 
 class ProgramsTest : public testing::Test {
  protected:
@@ -42,9 +45,7 @@ class ProgramsTest : public testing::Test {
     std::filesystem::permissions(path, std::filesystem::perms::owner_all);
   }
   std::string TakeResult() {
-    for (int i = 0; i < 500 && !std::filesystem::exists(result_); ++i) {
-      std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    }
+    Soon([&] { return std::filesystem::exists(result_); });
     std::stringstream text;
     text << std::ifstream(result_).rdbuf();
     std::filesystem::remove(result_);
@@ -60,11 +61,15 @@ class ProgramsTest : public testing::Test {
 };
 
 TEST_F(ProgramsTest, AWindowsProgramStartsThroughWineInItsFolder) {
-  const std::string report = "pwd; readlink /proc/$$/fd/0 /proc/$$/fd/2; echo $@";
-  const std::string place = "\n" + game_.substr(0, game_.size() - 1) + "\n/dev/null\n/dev/null\n";
+  const std::string report =
+      "pwd; readlink /proc/$$/fd/0 /proc/$$/fd/2; sh -c 'ulimit -c 0; kill -XFSZ $$'; echo $?; "
+      "echo $@";
+  const std::string place =
+      "\n" + game_.substr(0, game_.size() - 1) + "\n/dev/null\n/dev/null\n153\n";
+  SystemFileCalls();  // keeps a signal from ending the editor, but no other program
   PutScript(exe_, "echo exe; " + report);
   EXPECT_EQ(programs_->Start(exe_, game_), "");
-  EXPECT_EQ(TakeResult(), "exe" + place + "\n") << "without Wine the file itself has its chance";
+  EXPECT_EQ(TakeResult(), "exe" + place + "\n") << "without Wine the file itself is tried";
   for (const std::string wine : {"wine64", "wine"}) {
     PutScript(folder_ / wine, "echo " + wine + "; " + report);
     EXPECT_EQ(programs_->Start(exe_, game_), "");
@@ -93,7 +98,7 @@ TEST_F(ProgramsTest, AStartedProgramOutlivesTheEditorAndLeavesNoZombie) {
     if (programs_->Start(exe_, game_).empty()) ::pause();
     ::_exit(1);
   }
-  for (int i = 0; i < 500 && !std::filesystem::exists(folder_ / "up"); ++i) ::usleep(10'000);
+  EXPECT_TRUE(Soon([&] { return std::filesystem::exists(folder_ / "up"); }));
   ::kill(-editor, SIGHUP);
   ASSERT_EQ(::waitpid(editor, nullptr, 0), editor);
   std::ofstream(go) << "";
@@ -104,82 +109,55 @@ TEST_F(ProgramsTest, AStartedProgramOutlivesTheEditorAndLeavesNoZombie) {
   EXPECT_EQ(errno, ECHILD) << "no child of ours, dead or alive";
 }
 
-bool Soon(const std::function<bool()>& condition) {
-  for (int i = 0; i < 500; ++i) {
-    if (condition()) return true;
-    std::this_thread::sleep_for(std::chrono::milliseconds(10));
-  }
-  return false;
-}
-
-/// A program of the system's, silent, ended with this object.
-class Process {
- public:
-  explicit Process(std::vector<const char*> arguments) : number_(::fork()) {
-    if (number_ != 0) return;
-    const int nothing = ::open("/dev/null", O_WRONLY);
-    for (const int handle : {STDOUT_FILENO, STDERR_FILENO}) ::dup2(nothing, handle);
-    arguments.push_back(nullptr);
-    ::execvp(arguments[0], const_cast<char* const*>(arguments.data()));
-    ::_exit(127);
-  }
-  Process(const Process&) = delete;
-  Process& operator=(const Process&) = delete;
-  ~Process() {
-    ::kill(number_, SIGTERM);
-    ::waitpid(number_, nullptr, 0);
-  }
-
- private:
-  pid_t number_;
-};
-
 /// Opens windows to be found, and sees which one is in front.
 class Client {
  public:
-  Client() = default;
+  Client() {
+    xcb_ewmh_init_atoms_replies(&rules_, xcb_ewmh_init_atoms(connection_, &rules_), nullptr);
+  }
   Client(const Client&) = delete;
   Client& operator=(const Client&) = delete;
-  ~Client() { xcb_disconnect(connection_); }
+  ~Client() {
+    xcb_ewmh_connection_wipe(&rules_);
+    xcb_disconnect(connection_);
+  }
 
-  bool BecomesActive(xcb_window_t window) const {
-    const xcb_atom_t property = Atom("_NET_ACTIVE_WINDOW");
+  bool BecomesActive(xcb_window_t window) {
     return Soon([&] {
-      const auto request = xcb_get_property(connection_, 0, root_, property, 0, 0, 1);
-      auto* reply = xcb_get_property_reply(connection_, request, nullptr);
-      const bool isActive = reply != nullptr && reply->value_len == 1 &&
-                            *static_cast<xcb_window_t*>(xcb_get_property_value(reply)) == window;
-      std::free(reply);
-      return isActive;
+      const auto request = xcb_ewmh_get_active_window(&rules_, 0);
+      xcb_window_t active = XCB_WINDOW_NONE;
+      xcb_ewmh_get_active_window_reply(&rules_, request, &active, nullptr);
+      return active == window;
     });
   }
-  xcb_window_t Open(const std::string& title, const std::string& titleProperty = "_NET_WM_NAME",
-                    std::uint32_t process = 0) const {
+  xcb_window_t Open(const std::string& title, bool isOld = false, std::uint32_t process = 0) {
     const xcb_window_t window = xcb_generate_id(connection_);
-    xcb_create_window(connection_, 0, window, root_, 50, 50, 300, 200, 0,
+    xcb_create_window(connection_, 0, window, rules_.screens[0]->root, 50, 50, 300, 200, 0,
                       XCB_WINDOW_CLASS_INPUT_OUTPUT, 0, 0, nullptr);
-    xcb_change_property(connection_, XCB_PROP_MODE_REPLACE, window, Atom(titleProperty),
-                        Atom("UTF8_STRING"), 8, static_cast<std::uint32_t>(title.size()),
+    xcb_change_property(connection_, XCB_PROP_MODE_REPLACE, window,
+                        isOld ? xcb_atom_t{XCB_ATOM_WM_NAME} : rules_._NET_WM_NAME,
+                        rules_.UTF8_STRING, 8, static_cast<std::uint32_t>(title.size()),
                         title.c_str());
-    xcb_change_property(connection_, XCB_PROP_MODE_REPLACE, window, Atom("_NET_WM_PID"),
-                        XCB_ATOM_CARDINAL, 32, 1, &process);
+    xcb_ewmh_set_wm_pid(&rules_, window, process);
     xcb_map_window(connection_, window);
     xcb_flush(connection_);
     return window;
   }
 
  private:
-  xcb_atom_t Atom(const std::string& name) const {
-    const auto length = static_cast<std::uint16_t>(name.size());
-    const auto request = xcb_intern_atom(connection_, 0, length, name.c_str());
-    auto* reply = xcb_intern_atom_reply(connection_, request, nullptr);
-    const xcb_atom_t atom = reply->atom;
-    std::free(reply);
-    return atom;
-  }
-
   xcb_connection_t* connection_ = xcb_connect(nullptr, nullptr);
-  xcb_window_t root_ = xcb_setup_roots_iterator(xcb_get_setup(connection_)).data->root;
+  xcb_ewmh_connection_t rules_ = {};
+};
+
+/// Ends with this object.
+struct Process : QProcess {
+  explicit Process(const QString& program, const QStringList& arguments = {}) {
+    start(program, arguments);
+  }
+  ~Process() override {
+    terminate();
+    waitForFinished();
+  }
 };
 
 TEST(ActivationTest, TheWindowOfThatTitleComesToTheFront) {
@@ -188,26 +166,21 @@ TEST(ActivationTest, TheWindowOfThatTitleComesToTheFront) {
   const auto programs = SystemPrograms();
   ::unsetenv("DISPLAY");
   EXPECT_FALSE(programs->ActivateWindow("Soldat"));
-  std::array<int, 2> channel = {};
-  ASSERT_EQ(::pipe(channel.data()), 0);
-  const Process server({"Xvfb", "-displayfd", std::to_string(channel[1]).c_str()});
-  ::close(channel[1]);
-  std::string display = ":";
-  for (char c = 0; ::read(channel[0], &c, 1) == 1 && c != '\n';) display += c;
-  ASSERT_NE(display, ":") << "Xvfb does not start";
-  ::setenv("DISPLAY", display.c_str(), 1);
-  const Client client;
+  Process server("Xvfb", {"-displayfd", "1"});
+  ASSERT_TRUE(server.waitForReadyRead()) << "Xvfb does not start";
+  ::setenv("DISPLAY", (":" + server.readAllStandardOutput().trimmed()).constData(), 1);
+  Client client;
   const xcb_window_t maker = client.Open("Soldat Map Maker");
   EXPECT_FALSE(programs->ActivateWindow("Soldat Map Maker")) << "nobody manages the windows";
-  const Process manager({"openbox"});
+  const Process manager("openbox");
   const auto activate = [&] { return programs->ActivateWindow("Soldat Map Maker"); };
   ASSERT_TRUE(Soon(activate)) << "openbox does not start";
 
   EXPECT_FALSE(programs->ActivateWindow("Soldat"));
-  const xcb_window_t old = client.Open("Soldat", "WM_NAME");
+  const xcb_window_t old = client.Open("Soldat", true);
   EXPECT_TRUE(client.BecomesActive(old));
   const auto own = static_cast<std::uint32_t>(::getpid());
-  EXPECT_TRUE(client.BecomesActive(client.Open("Own", "_NET_WM_NAME", own)));
+  EXPECT_TRUE(client.BecomesActive(client.Open("Own", false, own)));
   EXPECT_FALSE(programs->ActivateWindow("Own"));
   EXPECT_TRUE(activate()) << "covered";
   EXPECT_TRUE(client.BecomesActive(maker));
