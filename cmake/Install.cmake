@@ -7,26 +7,19 @@ if(UNIX)
   set(only_when_named EXCLUDE_FROM_ALL)
 endif()
 
-if(TARGET vesmora)
-  install(TARGETS vesmora RUNTIME DESTINATION . COMPONENT vesmora ${only_when_named})
-endif()
+install(TARGETS vesmora RUNTIME DESTINATION . COMPONENT vesmora ${only_when_named})
 foreach(folder Prefab Alphabet Help)
-  set(content)
-  if(IS_DIRECTORY "${CMAKE_SOURCE_DIR}/data/${folder}")
-    set(content "${CMAKE_SOURCE_DIR}/data/${folder}/")
-  endif()
-  # Without content the folder is still created.
-  install(DIRECTORY ${content} DESTINATION ${folder} COMPONENT vesmora ${only_when_named}
-    PATTERN ".git*" EXCLUDE)
+  install(DIRECTORY "${CMAKE_SOURCE_DIR}/data/${folder}" DESTINATION . COMPONENT vesmora
+    ${only_when_named})
 endforeach()
 
-if(UNIX AND TARGET vesmora)
+if(UNIX)
   set(packaging "${CMAKE_SOURCE_DIR}/packaging")
   # The program looks for ../share/vesmora, so these places are not for choosing.
   install(TARGETS vesmora RUNTIME DESTINATION bin COMPONENT system)
   foreach(folder Prefab Alphabet Help)
     install(DIRECTORY "${CMAKE_SOURCE_DIR}/data/${folder}" DESTINATION share/vesmora
-      COMPONENT system PATTERN ".git*" EXCLUDE)
+      COMPONENT system)
   endforeach()
   install(FILES "${packaging}/linux/vesmora.desktop" DESTINATION share/applications
     COMPONENT system)
