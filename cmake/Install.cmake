@@ -24,9 +24,13 @@ if(UNIX)
   install(FILES "${packaging}/linux/vesmora.desktop" DESTINATION share/applications
     COMPONENT system)
   install(FILES "${packaging}/linux/vesmora.xml" DESTINATION share/mime/packages COMPONENT system)
-  install(FILES "${packaging}/linux/example.vesmora.Vesmora.metainfo.xml"
-    DESTINATION share/metainfo COMPONENT system)
-  install(FILES "${packaging}/linux/vesmora.1" DESTINATION share/man/man1 COMPONENT system)
+  set(filled_in "${CMAKE_BINARY_DIR}/packaging")
+  foreach(file example.vesmora.Vesmora.metainfo.xml vesmora.1)
+    configure_file("${packaging}/linux/${file}.in" "${filled_in}/${file}" @ONLY)
+  endforeach()
+  install(FILES "${filled_in}/example.vesmora.Vesmora.metainfo.xml" DESTINATION share/metainfo
+    COMPONENT system)
+  install(FILES "${filled_in}/vesmora.1" DESTINATION share/man/man1 COMPONENT system)
   install(FILES "${packaging}/icons/vesmora.svg" DESTINATION share/icons/hicolor/scalable/apps
     COMPONENT system)
   foreach(size 16 24 32 48 64 128 256)
