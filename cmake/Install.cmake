@@ -7,33 +7,30 @@ if(UNIX)
   set(only_when_named EXCLUDE_FROM_ALL)
 endif()
 
-if(TARGET vesmora)
-  install(TARGETS vesmora RUNTIME DESTINATION . COMPONENT vesmora ${only_when_named})
-endif()
+install(TARGETS vesmora RUNTIME DESTINATION . COMPONENT vesmora ${only_when_named})
 foreach(folder Prefab Alphabet Help)
-  set(content)
-  if(IS_DIRECTORY "${CMAKE_SOURCE_DIR}/data/${folder}")
-    set(content "${CMAKE_SOURCE_DIR}/data/${folder}/")
-  endif()
-  # Without content the folder is still created.
-  install(DIRECTORY ${content} DESTINATION ${folder} COMPONENT vesmora ${only_when_named}
-    PATTERN ".git*" EXCLUDE)
+  install(DIRECTORY "${CMAKE_SOURCE_DIR}/data/${folder}" DESTINATION . COMPONENT vesmora
+    ${only_when_named})
 endforeach()
 
-if(UNIX AND TARGET vesmora)
+if(UNIX)
   set(packaging "${CMAKE_SOURCE_DIR}/packaging")
   # The program looks for ../share/vesmora, so these places are not for choosing.
   install(TARGETS vesmora RUNTIME DESTINATION bin COMPONENT system)
   foreach(folder Prefab Alphabet Help)
     install(DIRECTORY "${CMAKE_SOURCE_DIR}/data/${folder}" DESTINATION share/vesmora
-      COMPONENT system PATTERN ".git*" EXCLUDE)
+      COMPONENT system)
   endforeach()
   install(FILES "${packaging}/linux/vesmora.desktop" DESTINATION share/applications
     COMPONENT system)
   install(FILES "${packaging}/linux/vesmora.xml" DESTINATION share/mime/packages COMPONENT system)
-  install(FILES "${packaging}/linux/example.vesmora.Vesmora.metainfo.xml"
-    DESTINATION share/metainfo COMPONENT system)
-  install(FILES "${packaging}/linux/vesmora.1" DESTINATION share/man/man1 COMPONENT system)
+  set(filled_in "${CMAKE_BINARY_DIR}/packaging")
+  foreach(file example.vesmora.Vesmora.metainfo.xml vesmora.1)
+    configure_file("${packaging}/linux/${file}.in" "${filled_in}/${file}" @ONLY)
+  endforeach()
+  install(FILES "${filled_in}/example.vesmora.Vesmora.metainfo.xml" DESTINATION share/metainfo
+    COMPONENT system)
+  install(FILES "${filled_in}/vesmora.1" DESTINATION share/man/man1 COMPONENT system)
   install(FILES "${packaging}/icons/vesmora.svg" DESTINATION share/icons/hicolor/scalable/apps
     COMPONENT system)
   foreach(size 16 24 32 48 64 128 256)

@@ -1,8 +1,7 @@
-# vesmora_glob(OUT PATTERN...): absolute paths of the files below the current source folder that
-# match, found again on every build. Filters run on paths relative to that folder, so the place of
-# the checkout never matters. What is written for another system (*_posix.cpp, *_windows.cpp and
-# their tests) is left out.
-#   vesmora_glob(OUT [INCLUDE REGEX] [EXCLUDE REGEX] PATTERNS pattern...)
+# vesmora_glob(OUT [INCLUDE REGEX] [EXCLUDE REGEX] PATTERNS PATTERN...): absolute paths of the files
+# below the current source folder that match, found again on every build. Filters run on paths
+# relative to that folder, so the place of the checkout never matters. What is written for another
+# system (*_posix.cpp, *_windows.cpp and their tests) is left out.
 function(vesmora_glob out)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "INCLUDE;EXCLUDE" "PATTERNS")
   file(GLOB_RECURSE files CONFIGURE_DEPENDS

@@ -16,7 +16,7 @@ inline constexpr std::int16_t kDefaultColliderSize = 12;
 struct NextObject {
   Rgb vertexColor = {255, 255, 255};
   /// As chosen or typed; none: the last scenery's. See NextVisibility.
-  std::optional<std::string> visibility;
+  std::optional<std::string> visibility = {};
   std::string colliderSize = "12";
   std::array<std::uint8_t, 5> botSettings{};
   /// Moved corners keep their texture coordinates instead of their place in the world's texture.
