@@ -57,7 +57,6 @@ struct IdleWorld {
   NoSettings settings;
   NoShell shell;
   std::unique_ptr<Programs> programs = SystemPrograms();
-  std::unique_ptr<ProfileFiles> profiles = SystemProfileFiles(SystemFileCalls());
 
   Ports Given() {
     return {.files = SystemFileCalls(),
@@ -66,7 +65,6 @@ struct IdleWorld {
             .settings = settings,
             .shell = shell,
             .programs = *programs,
-            .profiles = *profiles,
             .random = [] { return 0.5; },
             .tempFolder = {},
             .programFolder = {},

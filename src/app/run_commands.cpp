@@ -11,7 +11,7 @@ namespace vesmora {
 namespace {
 
 GameFolder GameFolderOf(const Ports& ports) {
-  return {.files = ports.files, .profiles = ports.profiles, .path = ports.gameFolder};
+  return {.files = ports.files, .path = ports.gameFolder};
 }
 
 /// With the system's own slashes only.

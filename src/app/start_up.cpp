@@ -22,7 +22,7 @@ std::string NamedFile(std::string_view arguments) {
 
 void WarnWithoutGame(Editor& editor) {
   const Ports& ports = editor.ports;
-  const std::string game = GamePath({ports.files, ports.profiles, ports.gameFolder}, "Soldat.exe");
+  const std::string game = GamePath({ports.files, ports.gameFolder}, "Soldat.exe");
   if (FileExists(editor.ports.files, game)) return;
   editor.ports.dialogs.Show(
       {.text = game + " not found.\nExtract Vesmora in Soldat directory for full effect.",

@@ -11,10 +11,12 @@ void PointAt(Editor& editor, const MouseInput& input);
 void TurnWheel(Editor& editor, int delta);
 void LeaveMap(Editor& editor);
 
-/// Zooms about the middle of the drawing area, never about the pointer.
+/// Zooms about the middle of the drawing area, never about the pointer. `index` is one of
+/// kZoomLevels.
 void ChooseZoom(Editor& editor, int index);
 /// One step smaller (1) or larger (-1); nothing at either end.
 void StepZoom(Editor& editor, int step);
+/// `index` is one of kGridSizes.
 void ChooseGrid(Editor& editor, int index);
 void SetFixedGrid(Editor& editor, bool isFixed);
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 
 #include "document/map_document.h"
 #include "document/selection.h"
@@ -19,6 +20,11 @@ struct EditedMap {
 };
 
 /// Gives the waypoints that have no key yet keys of their own.
-void GiveWaypointKeys(EditedMap& map);
+inline void GiveWaypointKeys(EditedMap& map) {
+  for (std::int32_t& key :
+       std::span(map.waypointKeys).first(map.document.waypoints.Used().size())) {
+    if (key == 0) key = ++map.newestWaypointKey;
+  }
+}
 
 }  // namespace vesmora

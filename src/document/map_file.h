@@ -13,7 +13,7 @@ namespace vesmora {
 
 enum class LoadOutcome {
   kLoaded,
-  kRefused,     // missing or of the wrong size: the caller owes the user a new map
+  kRefused,     // missing or of the wrong size: the caller must put a new map in its place
   kUnreadable,  // unreadable, or an undo file that was cut: nothing has changed
 };
 

@@ -75,10 +75,11 @@ std::string PointGameAt(const GameFolder& game, const std::string& fileName) {
   if (old.status.failure == FileFailure::kError) {
     return CouldNot("read", profile, old.status.reason);
   }
-  const std::int32_t present = game.profiles.ReadInt(profile, kSection, kStyleKey, kAbsentStyle);
+  ProfileFiles profiles(game.files);
+  const std::int32_t present = profiles.ReadInt(profile, kSection, kStyleKey, kAbsentStyle);
   const std::optional<std::string> style = StyleFor(map, present);
   if (style) {
-    const FileStatus status = game.profiles.Write(profile, kSection, kStyleKey, *style);
+    const FileStatus status = profiles.Write(profile, kSection, kStyleKey, *style);
     if (!status.Ok()) return CouldNot("written", profile, status.reason);
   }
 

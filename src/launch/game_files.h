@@ -10,7 +10,6 @@ namespace vesmora {
 
 struct GameFolder {
   FileCalls& files;
-  ProfileFiles& profiles;
   const std::string& path;  // with a slash at its end
 };
 

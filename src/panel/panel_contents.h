@@ -13,7 +13,7 @@
 
 namespace vesmora {
 
-/// Of check boxes: off, on, or grey where the selection is of several minds.
+/// Of check boxes: off, on, or grey where the selected objects differ.
 enum class Tick { kOff = 0, kOn = 1, kMixed = 2 };
 
 struct ButtonContents {

@@ -1,5 +1,5 @@
-// The program's voice: everything it tells or asks people goes through this
-// port. The window implements it with real boxes, tests with scripted answers.
+// Everything the program tells or asks people goes through this port. The window implements it with
+// real boxes, tests with scripted answers.
 #pragma once
 
 #include <cstdint>

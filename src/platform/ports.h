@@ -6,7 +6,6 @@
 
 #include "platform/dialogs.h"
 #include "platform/file_calls.h"
-#include "platform/profile_files.h"
 #include "platform/programs.h"
 #include "platform/settings.h"
 #include "platform/shell.h"
@@ -22,7 +21,6 @@ struct Ports {
   Settings& settings;
   Shell& shell;
   Programs& programs;
-  ProfileFiles& profiles;
   std::function<double()> random;  // uniform in [0, 1)
   // Folders end with a slash.
   std::string tempFolder;     // of this user's own; empty when there is none

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <string>
 
 #include "platform/files.h"
@@ -32,9 +31,5 @@ class ProfileFiles {
 
 /// The bytes of a profile, with the failures of ReadFile; a file too large to be one is an error.
 FileContents ReadProfile(FileCalls& files, const std::string& path);
-
-inline std::unique_ptr<ProfileFiles> SystemProfileFiles(FileCalls& files) {
-  return std::make_unique<ProfileFiles>(files);
-}
 
 }  // namespace vesmora

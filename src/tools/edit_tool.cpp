@@ -4,7 +4,6 @@
 #include "tools/angles.h"
 #include "tools/move_selection.h"
 #include "tools/picking.h"
-#include "tools/placement.h"
 #include "tools/tool_handlers.h"
 
 namespace vesmora {

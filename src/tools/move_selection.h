@@ -2,6 +2,7 @@
 #pragma once
 
 #include "tools/editing.h"
+#include "view/input.h"
 
 namespace vesmora {
 
@@ -16,5 +17,12 @@ void MoveSelection(Editing& editing, WorldPoint offset);
 
 /// Moves the selection so that its box lies in the middle of the drawing area.
 void CenterSelection(Editing& editing);
+
+/// Centres the selection in the view and lets it follow the pointer from there, until a press
+/// drops it.
+void BeginPlacement(Editing& editing);
+
+/// Carries the selection along, the middle of its box under the pointer.
+void CarryAlong(Editing& editing, const MouseInput& input);
 
 }  // namespace vesmora

@@ -3,9 +3,9 @@
 #include <algorithm>
 
 #include "document/prefab_file.h"
+#include "platform/files.h"
 #include "platform/text.h"
 #include "tools/move_selection.h"
-#include "tools/placement.h"
 #include "tools/tool_change.h"
 
 namespace vesmora {

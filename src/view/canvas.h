@@ -1,4 +1,4 @@
-// What the map is drawn on. The drawing code speaks in these primitives only:
+// What the map is drawn on. The drawing code knows these primitives only:
 // the window paints them, tests record them.
 #pragma once
 

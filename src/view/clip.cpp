@@ -45,7 +45,7 @@ std::optional<PixelLine> ClipLine(ScreenPoint from, ScreenPoint to, int width, i
     return ToPixels(from.x, from.y, to.x, to.y);
   }
   // Measured from the end nearer to the window: seen from one that is far away the
-  // window's edges would drown in rounding.
+  // window's edges would be lost in rounding.
   const bool isReversed = Remoteness(from) > Remoteness(to);
   const ScreenPoint base = isReversed ? to : from;
   const ScreenPoint tip = isReversed ? from : to;

@@ -33,8 +33,7 @@ class GameFilesTest : public testing::Test {
     return text;
   }
   std::string PointAt(const std::string& map, FileCalls& files = SystemFileCalls()) {
-    const auto profiles = SystemProfileFiles(files);
-    return PointGameAt({files, *profiles, folder_.Path()}, map);
+    return PointGameAt({files, folder_.Path()}, map);
   }
 
   ScratchFolder folder_;

@@ -75,24 +75,24 @@ TEST(WindowsTempFolder, IsTheUsersOwnAndEachEditorHoldsOne) {
 
 TEST(WindowsProfileFiles, OneKeyChangesThroughTheSystem) {
   const ScratchFolder folder;
-  const auto profiles = SystemProfileFiles(SystemFileCalls());
+  ProfileFiles profiles(SystemFileCalls());
   const std::string path = folder / "soldat.ini";
   const std::string text = "[CONFIG]\r\nGameStyle=7\r\n[GAME]\r\nGamestyle=3\r\nOther=a b\r\n";
   Put(path, {reinterpret_cast<const std::byte*>(text.data()),
              reinterpret_cast<const std::byte*>(text.data() + text.size())});
-  EXPECT_EQ(profiles->ReadInt(path, "GAME", "GameStyle", 9), 3);
-  EXPECT_EQ(profiles->ReadInt(path, "GAME", "None", 9), 9);
-  EXPECT_EQ(profiles->ReadInt(folder / "none.ini", "GAME", "GameStyle", 9), 9);
+  EXPECT_EQ(profiles.ReadInt(path, "GAME", "GameStyle", 9), 3);
+  EXPECT_EQ(profiles.ReadInt(path, "GAME", "None", 9), 9);
+  EXPECT_EQ(profiles.ReadInt(folder / "none.ini", "GAME", "GameStyle", 9), 9);
 
-  ASSERT_TRUE(profiles->Write(path, "GAME", "GameStyle", "0").Ok());
+  ASSERT_TRUE(profiles.Write(path, "GAME", "GameStyle", "0").Ok());
   std::string changed = text;
   changed[text.find("=3") + 1] = '0';
   const auto bytes = Get(path).value_or(std::vector<std::byte>{});
   EXPECT_EQ(std::string(reinterpret_cast<const char*>(bytes.data()), bytes.size()), changed);
 
   SetFileAttributesW(Wide(path).c_str(), FILE_ATTRIBUTE_READONLY);
-  EXPECT_EQ(profiles->Write(path, "GAME", "GameStyle", "3").reason, ErrorText(ERROR_ACCESS_DENIED));
-  EXPECT_EQ(profiles->ReadInt(path, "GAME", "GameStyle", 9), 0);
+  EXPECT_EQ(profiles.Write(path, "GAME", "GameStyle", "3").reason, ErrorText(ERROR_ACCESS_DENIED));
+  EXPECT_EQ(profiles.ReadInt(path, "GAME", "GameStyle", 9), 0);
   EXPECT_EQ(Get(path), bytes);
   SetFileAttributesW(Wide(path).c_str(), FILE_ATTRIBUTE_NORMAL);
 }

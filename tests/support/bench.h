@@ -87,7 +87,6 @@ struct Bench {
   FakeShell shell{events};
   FakePrograms programs{events};
   FaultyFileCalls files;
-  std::unique_ptr<ProfileFiles> profiles = SystemProfileFiles(files);
   double nextRandom = 0.5;
   // On the heap: it holds whole tables.
   const std::unique_ptr<Editor> holder =
@@ -97,7 +96,6 @@ struct Bench {
                                      .settings = settings,
                                      .shell = shell,
                                      .programs = programs,
-                                     .profiles = *profiles,
                                      .random = [this] { return nextRandom; },
                                      .tempFolder = folder / "temp/",
                                      .programFolder = folder / "game/Vesmora/",

@@ -43,7 +43,7 @@ std::string Native(const std::string& path) {
 }
 
 Ports MakePorts(Dialogs& dialogs, WindowPort& window, Settings& settings, Shell& shell,
-                Programs& programs, ProfileFiles& profiles) {
+                Programs& programs) {
   FileStatus status;
   const auto [programFolder, gameFolder] =
       FindProgramFolders(SystemFileCalls(), FolderOf(QApplication::applicationDirPath()),
@@ -54,7 +54,6 @@ Ports MakePorts(Dialogs& dialogs, WindowPort& window, Settings& settings, Shell&
           .settings = settings,
           .shell = shell,
           .programs = programs,
-          .profiles = profiles,
           .random = MakeRandomSource(),
           .tempFolder = PrivateTempFolder(SystemFileCalls(), status),
           .programFolder = Native(programFolder),
@@ -124,8 +123,7 @@ QString DroppedFile(const QDropEvent& event) {
 }  // namespace
 
 Ikkuna::Ikkuna()
-    : dialogs_(this),
-      editor_(MakePorts(dialogs_, *this, settings_, shell_, *programs_, *profiles_)) {
+    : dialogs_(this), editor_(MakePorts(dialogs_, *this, settings_, shell_, *programs_)) {
   editor_.journal.folder = HoldUndoFolder(SystemFileCalls(), editor_.ports.tempFolder);
   setObjectName("Ikkuna");
   setAcceptDrops(true);

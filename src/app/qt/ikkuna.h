@@ -72,7 +72,6 @@ class Ikkuna final : public QMainWindow, private WindowPort {
   QtSettings settings_;
   QtShell shell_;
   std::unique_ptr<Programs> programs_ = SystemPrograms();
-  std::unique_ptr<ProfileFiles> profiles_ = SystemProfileFiles(SystemFileCalls());
   Editor editor_;
   bool mapIsStale_ = false;
   bool panelIsStale_ = false;

@@ -19,7 +19,7 @@ constexpr int kLargestPlainRadius = 1024;  // pixels; beyond, only what is seen 
 constexpr int kLargeCircleSteps = 1024;    // chords stay within a fifth of a pixel
 constexpr std::uint32_t kNoPen = 0xFFFFFFFF;
 
-Qt::PenStyle ToQt(PenStyle style) {
+Qt::PenStyle QtStyleOf(PenStyle style) {
   switch (style) {
     case PenStyle::kDash:
       return Qt::DashLine;
@@ -78,8 +78,8 @@ void PainterCanvas::UsePen(Pen pen) {
   if (pens_.size() >= kPensKept) pens_.clear();
   auto [entry, isNew] = pens_.try_emplace(key);
   if (isNew) {
-    entry->second = QPen(QColor(pen.color.red, pen.color.green, pen.color.blue), 1, ToQt(pen.style),
-                         Qt::FlatCap, Qt::MiterJoin);
+    entry->second = QPen(QColor(pen.color.red, pen.color.green, pen.color.blue), 1,
+                         QtStyleOf(pen.style), Qt::FlatCap, Qt::MiterJoin);
   }
   painter_.setPen(entry->second);
   currentPen_ = key;
