@@ -178,7 +178,7 @@ void Ikkuna::On(Sender* sender, Signal signal, Action action) {
   connect(sender, signal, this, [this, action](const auto&... values) {
     if constexpr (std::is_invocable_v<Action, decltype(values)...>) {
       action(values...);
-    } else {
+    } else if constexpr (std::is_invocable_v<Action>) {
       action();
     }
     BringUpToDate();
