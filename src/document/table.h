@@ -30,11 +30,13 @@ struct Table {
   Record& Last() { return (*this)[last]; }
   const Record& Last() const { return (*this)[last]; }
 
-  std::span<Record> Used() { return std::span(slots).first(static_cast<std::size_t>(Count())); }
-  std::span<const Record> Used() const {
+  // Not of a temporary: the spans would outlive it in a range-based for.
+  std::span<Record> Used() & { return std::span(slots).first(static_cast<std::size_t>(Count())); }
+  std::span<const Record> Used() const& {
     return std::span(slots).first(static_cast<std::size_t>(Count()));
   }
-  std::span<Record> Free() { return std::span(slots).subspan(static_cast<std::size_t>(Count())); }
+  std::span<Record> Free() & { return std::span(slots).subspan(static_cast<std::size_t>(Count())); }
+  std::span<const Record> Used() const&& = delete;
 
   void SetCount(int count) { last = static_cast<std::int16_t>(count - 1); }
   void Clear() { last = -1; }

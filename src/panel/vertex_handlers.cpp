@@ -24,9 +24,8 @@ bool HasVertices(const Editing& editing) {
 /// Calls `change` with each polygon that has a selected corner.
 template <typename Change>
 void ChangePolygons(Editing& editing, Change change) {
-  for (const int slot : SelectedPolygons(editing.selection).Used()) {
-    change(editing.document.polygons[slot]);
-  }
+  const PolygonSlots polygons = SelectedPolygons(editing.selection);
+  for (const int slot : polygons.Used()) change(editing.document.polygons[slot]);
 }
 
 /// Gives every corner of every polygon with a selected corner new coordinates.

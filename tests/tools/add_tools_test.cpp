@@ -33,9 +33,7 @@ struct PolygonBench : ToolBench {
     editor.tool.next.vertexColor = {10, 20, 30};
   }
 
-  PolygonVertex& Corner(std::size_t i) {
-    return map.polygons[static_cast<std::size_t>(map.polygons.last)].vertices[i];
-  }
+  PolygonVertex& Corner(std::size_t i) { return map.polygons.Last().vertices[i]; }
 };
 
 class AddPolygonTest : public testing::Test, protected PolygonBench {};

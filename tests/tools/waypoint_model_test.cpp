@@ -144,7 +144,7 @@ class Comparison : EditorBench {
     std::vector<std::int16_t> selected;
     for (int slot = 0; slot < Count(); ++slot) {
       Item& item = items_[static_cast<std::size_t>(slot)];
-      const Waypoint& waypoint = map.waypoints[static_cast<std::size_t>(slot)];
+      const Waypoint& waypoint = map.waypoints[slot];
       if (item.isSelected) selected.push_back(static_cast<std::int16_t>(slot));
       ASSERT_EQ(std::pair(waypoint.path, waypoint.id), std::pair(item.look, slot + 1));
       std::erase_if(item.links, isGone);
