@@ -78,13 +78,13 @@ void MenuNew(Editor& editor) {
 LoadOutcome OpenMap(Editor& editor, const std::string& path) {
   const LoadReport report =
       LoadMap(editor.document, editor.selection, editor.ports.files, path, false, editor.shiftDown);
+  if (report.outcome != LoadOutcome::kUnreadable) ForgetEditing(editor);
   TellLoadReport(editor, path, report);
   if (report.outcome == LoadOutcome::kUnreadable) return report.outcome;
   if (report.outcome == LoadOutcome::kRefused) ResetToNewMap(editor.document);
   if (report.outcome == LoadOutcome::kLoaded && EndsIgnoringCase(path, "PMP")) {
     AddRecent(editor.recent, path);
   }
-  ForgetEditing(editor);
   ShowFreshView(editor);
   return report.outcome;
 }

@@ -4,7 +4,7 @@
 #include <span>
 
 #include "platform/settings.h"
-#include "platform/window_placement.h"
+#include "platform/window_port.h"
 
 namespace vesmora {
 

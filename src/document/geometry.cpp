@@ -51,7 +51,7 @@ void RecomputeNormals(Polygon& polygon) {
   }
 }
 
-bool IsPassable(const Polygon& polygon) {
+bool IsPassablePolygon(const Polygon& polygon) {
   return std::ranges::all_of(polygon.edges, [](const Normal& normal) { return normal.y == 0; });
 }
 

@@ -25,7 +25,8 @@ void RecomputeNormals(Polygon& polygon);
 /// Players pass a passable edge.
 inline bool IsPassable(const Normal& normal) { return normal.x == 0 && normal.y == 0; }
 
-/// A passable polygon is kept out of the normals' recomputation and the sector grid.
-bool IsPassable(const Polygon& polygon);
+/// A passable polygon is kept out of the normals' recomputation and the sector grid. Only the
+/// normals' y counts for it.
+bool IsPassablePolygon(const Polygon& polygon);
 
 }  // namespace vesmora

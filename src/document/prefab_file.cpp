@@ -30,7 +30,7 @@ class Reader {
 };
 
 template <typename Item>
-void Append(std::vector<std::byte>& bytes, const Item& item) {
+void AppendBytes(std::vector<std::byte>& bytes, const Item& item) {
   const auto* data = reinterpret_cast<const std::byte*>(&item);
   bytes.insert(bytes.end(), data, data + sizeof(Item));
 }
@@ -91,14 +91,14 @@ std::vector<std::byte> WritePrefab(const MapDocument& document) {
   author.fill(' ');
   std::copy_n(document.author.begin(), std::min(document.author.size(), author.size()),
               author.begin());
-  for (const char character : kVersion) Append(bytes, character);
-  Append(bytes, document.polygons.last);
-  Append(bytes, document.sceneries.last);
-  Append(bytes, document.colliders.last);
-  Append(bytes, author);
-  for (const Polygon& polygon : document.polygons.Used()) Append(bytes, polygon);
-  for (const SceneryObject& scenery : document.sceneries.Used()) Append(bytes, scenery);
-  for (const Collider& collider : document.colliders.Used()) Append(bytes, collider);
+  for (const char character : kVersion) AppendBytes(bytes, character);
+  AppendBytes(bytes, document.polygons.last);
+  AppendBytes(bytes, document.sceneries.last);
+  AppendBytes(bytes, document.colliders.last);
+  AppendBytes(bytes, author);
+  for (const Polygon& polygon : document.polygons.Used()) AppendBytes(bytes, polygon);
+  for (const SceneryObject& scenery : document.sceneries.Used()) AppendBytes(bytes, scenery);
+  for (const Collider& collider : document.colliders.Used()) AppendBytes(bytes, collider);
   return bytes;
 }
 

@@ -33,7 +33,7 @@ PrefabHeader ReadPrefabHeader(std::span<const std::byte> bytes);
 
 /// The whole prefab, or nothing when its counts cannot be or the file is shorter
 /// than they promise.
-std::optional<Prefab> ReadPrefab(std::span<const std::byte> bytes);
+[[nodiscard]] std::optional<Prefab> ReadPrefab(std::span<const std::byte> bytes);
 
 /// The map's polygons, sceneries and colliders as they stand in memory.
 std::vector<std::byte> WritePrefab(const MapDocument& document);

@@ -55,7 +55,7 @@ void PrepareForSave(MapDocument& document, Selection& selection) {
   FollowTurnedCorners(selection, document);
   KorjaaSuunnat(document);
   for (Polygon& polygon : document.polygons.Used()) {
-    if (!IsPassable(polygon)) RecomputeNormals(polygon);
+    if (!IsPassablePolygon(polygon)) RecomputeNormals(polygon);
   }
   ZeroFreeSlots(document);
   SnapSpawns(document);

@@ -136,7 +136,7 @@ SectorShortage FillSectors(MapDocument& document) {
   std::int16_t number = 0;
   for (const Polygon& polygon : document.polygons.Used()) {
     ++number;
-    if (IsPassable(polygon)) continue;
+    if (IsPassablePolygon(polygon)) continue;
     const Bounds bounds = BoundsOfPolygon(polygon);
     const SectorRange columns = RangeOf(document.sectorDivision, bounds.minX, bounds.maxX);
     const SectorRange rows = RangeOf(document.sectorDivision, bounds.minY, bounds.maxY);

@@ -1,5 +1,6 @@
 // The frames of the panel that show the selected objects, or what the next one gets.
 #include <algorithm>
+#include <optional>
 
 #include "document/geometry.h"
 #include "document/numbers.h"

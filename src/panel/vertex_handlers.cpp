@@ -1,4 +1,5 @@
 #include <cmath>
+#include <span>
 
 #include "document/geometry.h"
 #include "document/texture_mapping.h"

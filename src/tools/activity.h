@@ -47,8 +47,8 @@ class Activity {
   /// Ends it and touches nothing.
   void Forget();
 
-  /// What another control has changed meanwhile stays when this is cancelled, and so does the
-  /// undo step, if one was taken for it.
+  /// What another control has changed meanwhile stays when this is cancelled, with the undo step
+  /// that was taken for it, if any. Of a move, rotation or resize what was done so far stays, too.
   void KeepChanges(const EditedMap& map, bool stepTaken);
 
   /// Of a triangle: 1 or 2 once it has begun; 0 for anything else.

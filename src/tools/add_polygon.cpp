@@ -141,7 +141,7 @@ void CarryNextCorner(Editing& editing, const MouseInput& input) {
   SetColor(corner.color, editing.tool.next.vertexColor);
 }
 
-void ShowPreview(Editing& editing, const MouseInput& input) {
+void PreviewFirstCorner(Editing& editing, const MouseInput& input) {
   MapDocument& document = editing.document;
   if (!editing.selection.Empty() || document.polygons.Full()) return;
   // With the grid it is the spawn table, not the polygons', that must have room: a quirk
@@ -158,7 +158,7 @@ void PressInAddPolygon(Editing& editing, const MouseInput& input) {
   } else {
     PlaceFirstCorner(editing, input);
   }
-  if (!IsConstructing(editing)) ShowPreview(editing, input);
+  if (!IsConstructing(editing)) PreviewFirstCorner(editing, input);
   RefreshAll(editing);
 }
 
@@ -167,7 +167,7 @@ void MoveInAddPolygon(Editing& editing, const MouseInput& input) {
   if (IsConstructing(editing)) {
     CarryNextCorner(editing, input);
   } else {
-    ShowPreview(editing, input);
+    PreviewFirstCorner(editing, input);
   }
   RedrawMap(editing);
 }

@@ -1,6 +1,7 @@
 #include "tools/edit_commands.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "document/geometry.h"
 #include "document/numbers.h"

@@ -1,5 +1,7 @@
 #include "tools/mouse_dispatch.h"
 
+#include <array>
+
 #include "document/numbers.h"
 #include "tools/tool_handlers.h"
 
@@ -13,23 +15,16 @@ struct ToolHandlers {
   MouseHandler move;
 };
 
-ToolHandlers HandlersOf(ToolMode tool) {
-  switch (tool) {
-    case ToolMode::kAddPolygon:
-      return {PressInAddPolygon, MoveInAddPolygon};
-    case ToolMode::kAddSpawn:
-      return {PressInAddSpawn, MoveInAddSpawn};
-    case ToolMode::kAddScenery:
-      return {PressInAddScenery, MoveInAddScenery};
-    case ToolMode::kAddCollider:
-      return {PressInAddCollider, MoveInAddCollider};
-    case ToolMode::kAddWaypoint:
-      return {PressInAddWaypoint, MoveInAddWaypoint};
-    case ToolMode::kEdit:
-      break;
-  }
-  return {PressInEdit, MoveInEdit};
-}
+/// By ToolMode.
+constexpr std::array<ToolHandlers, kToolCount> kHandlers = {
+    {{PressInEdit, MoveInEdit},
+     {PressInAddPolygon, MoveInAddPolygon},
+     {PressInAddSpawn, MoveInAddSpawn},
+     {PressInAddScenery, MoveInAddScenery},
+     {PressInAddCollider, MoveInAddCollider},
+     {PressInAddWaypoint, MoveInAddWaypoint}}};
+
+const ToolHandlers& HandlersOf(ToolMode tool) { return kHandlers[static_cast<std::size_t>(tool)]; }
 
 bool Hovers(ToolMode tool) {
   return tool == ToolMode::kAddPolygon || tool == ToolMode::kAddWaypoint;

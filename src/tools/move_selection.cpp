@@ -1,5 +1,7 @@
 #include "tools/move_selection.h"
 
+#include <type_traits>
+
 #include "document/numbers.h"
 #include "document/texture_mapping.h"
 

@@ -68,7 +68,7 @@ std::optional<Prefab> LoadPrefab(const Editing& editing, const std::string& path
 }
 
 /// Letters are set where they belong; placing the text is what is undone.
-void Shift(Editing& editing, WorldPoint offset) {
+void ShiftLetters(Editing& editing, WorldPoint offset) {
   ShiftSelected(editing.document, editing.selection, offset, editing.tool.next.noTextureCorrection);
 }
 
@@ -77,10 +77,10 @@ void Shift(Editing& editing, WorldPoint offset) {
 void SetLetter(Editing& editing, const TableCounts& before) {
   if (editing.selection.Empty()) return;
   const SelectionBox letter = BoundsOf(editing.selection, editing.document);
-  Shift(editing, {-letter.left, -letter.top});
-  Shift(editing, {0, -(letter.bottom - letter.top) / 2});
+  ShiftLetters(editing, {-letter.left, -letter.top});
+  ShiftLetters(editing, {0, -(letter.bottom - letter.top) / 2});
   SelectAppended(editing, before);
-  Shift(editing, {-BoundsOf(editing.selection, editing.document).right, 0});
+  ShiftLetters(editing, {-BoundsOf(editing.selection, editing.document).right, 0});
 }
 
 }  // namespace
@@ -119,7 +119,7 @@ void PlaceAuthorText(Editing& editing, const std::string& text, const std::strin
       SetLetter(editing, before);
     } else {
       SelectAppended(editing, before);
-      Shift(editing, {-kSpaceWidth, 0});
+      ShiftLetters(editing, {-kSpaceWidth, 0});
     }
   }
   SelectAppended(editing, before);

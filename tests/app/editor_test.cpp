@@ -222,6 +222,19 @@ TEST_F(KeysTest, EscapeTakesBackWhatIsInProgressAndNoMore) {
   EXPECT_EQ(corner.x, 50);
   EXPECT_EQ(Status(), "0: 1 0 0 0 0, 0 &Undo");
   drag();
+  const auto hideSpawns = [](PanelEditing& editing) { CBnayta_Click(editing, 2, false); };
+  RunHandler(editor, hideSpawns);  // by keyboard, the button being held
+  Press(Key::kEscape);
+  EXPECT_EQ(corner.x, 90) << "moved before that, and its step is there";
+  EXPECT_EQ(Status(), "0: 1 0 0 0 0, 1 &Undo Move");
+  MenuUndo(editor);
+  PressMouse(editor, {MouseButton::kLeft, 5, 5});
+  MoveMouse(editor, {MouseButton::kLeft, 9, 9});
+  RunHandler(editor, hideSpawns);
+  Press(Key::kEscape);
+  EXPECT_EQ(Status(), "0: 1 0 0 0 0, 0 &Undo");
+  EXPECT_EQ(selection.vertices.Count(), 3) << "a band leaves what was selected";
+  drag();
   MenuUndo(editor);  // ends a drag as well, and then there is nothing left to take back
   Press(Key::kRight);
   Press(Key::kEscape);

@@ -35,18 +35,18 @@ std::function<double()> MakeRandomSource() {
   return [engine] { return std::uniform_real_distribution<double>(0, 1)(*engine); };
 }
 
-std::string FolderOf(const QString& path) { return (path + "/").toStdString(); }
+std::string WithSlash(const QString& path) { return (path + "/").toStdString(); }
 
 /// With the kind of slash that people here read and write.
 std::string Native(const std::string& path) {
-  return QDir::toNativeSeparators(QString::fromStdString(path)).toStdString();
+  return QDir::toNativeSeparators(ToQt(path)).toStdString();
 }
 
 Ports MakePorts(Dialogs& dialogs, WindowPort& window, Settings& settings, Shell& shell,
                 Programs& programs) {
   FileStatus status;
   const auto [programFolder, gameFolder] =
-      FindProgramFolders(SystemFileCalls(), FolderOf(QApplication::applicationDirPath()),
+      FindProgramFolders(SystemFileCalls(), WithSlash(QApplication::applicationDirPath()),
                          qEnvironmentVariable("VESMORA_GAME").toStdString());
   return {.files = SystemFileCalls(),
           .dialogs = dialogs,
@@ -60,7 +60,7 @@ Ports MakePorts(Dialogs& dialogs, WindowPort& window, Settings& settings, Shell&
           .gameFolder = Native(gameFolder)};
 }
 
-QFrame* AddFrame(QWidget* parent, const char* name, const char* accessibleName) {
+QFrame* AddSeam(QWidget* parent, const char* name, const char* accessibleName) {
   auto* frame = new QFrame(parent);
   frame->setObjectName(name);
   frame->setAccessibleName(accessibleName);
@@ -143,7 +143,7 @@ void Ikkuna::BuildPanels() {
   pyla_ = new ToolPanel(client_);
   pala_ = new ViewPanel(client_);
   ppalkki_ = new InfoPanel(client_);
-  fmaski_ = {AddFrame(client_, "Fmaski0", ""), AddFrame(client_, "Fmaski1", "")};
+  fmaski_ = {AddSeam(client_, "Fmaski0", ""), AddSeam(client_, "Fmaski1", "")};
   pala_->ShowState(editor_.view, {});  // seen behind a message at the start
 }
 

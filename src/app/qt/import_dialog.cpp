@@ -4,6 +4,8 @@
 #include <QGridLayout>
 #include <QVBoxLayout>
 
+#include "platform/qt/qt_text.h"
+
 namespace vesmora {
 namespace {
 
@@ -34,11 +36,11 @@ Import::Import(const Editor& editor, QWidget* parent)
     label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   }
   auto* column = new QVBoxLayout(this);
-  folder_->setText(QDir::toNativeSeparators(QString::fromStdString(PrefabFolder(editor.ports))));
+  folder_->setText(QDir::toNativeSeparators(ToQt(PrefabFolder(editor.ports))));
   column->addWidget(folder_);
   files_->setObjectName("fTiedosto");
   files_->setAccessibleName("Prefabs");
-  for (const std::string& name : names_) files_->addItem(QString::fromStdString(name));
+  for (const std::string& name : names_) files_->addItem(ToQt(name));
   // Otherwise the first file would be taken as chosen as soon as the list has the focus.
   files_->setCurrentIndex({});
   column->addWidget(files_, 1);
@@ -80,10 +82,10 @@ void Import::BuildDetails(QBoxLayout& column) {
 
 void Import::ShowChoice() {
   const ImportContents contents = ShowPrefab(editor_, ChosenName());
-  name_->setText(QString::fromStdString(contents.lName));
-  author_->setText(QString::fromStdString(contents.lAuthor));
-  left_->setText(QString::fromStdString(contents.lMaara));
-  counts_->setText(QString::fromStdString(contents.lMaara2));
+  name_->setText(ToQt(contents.lName));
+  author_->setText(ToQt(contents.lAuthor));
+  left_->setText(ToQt(contents.lMaara));
+  counts_->setText(ToQt(contents.lMaara2));
   import_->setEnabled(contents.canImport);
 }
 

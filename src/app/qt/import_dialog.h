@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
-class QBoxLayout;
-
 #include "app/prefab_commands.h"
+
+class QBoxLayout;
 
 namespace vesmora {
 

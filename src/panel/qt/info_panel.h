@@ -72,7 +72,7 @@ class InfoPanel final : public QFrame {
   struct ComboHandlers {
     using TextHandler = void (*)(PanelEditing& editing, const std::string& text);
 
-    TextHandler click;
+    TextHandler click = nullptr;
     void (*dropDown)(PanelEditing& editing) = nullptr;
     // Of boxes that can be typed into.
     TextHandler enter = nullptr;
