@@ -51,12 +51,18 @@ class NoShell final : public Shell {
   bool OpenFile(const std::string&) override { return false; }
 };
 
+class NoPrograms final : public Programs {
+ public:
+  bool ActivateWindow(const std::string&) override { return false; }
+  std::string Start(const std::string&, const std::string&) override { return {}; }
+};
+
 struct IdleWorld {
   SilentDialogs dialogs;
   IdleWindow window;
   NoSettings settings;
   NoShell shell;
-  std::unique_ptr<Programs> programs = SystemPrograms();
+  NoPrograms programs;
 
   Ports Given() {
     return {.files = SystemFileCalls(),
@@ -64,7 +70,7 @@ struct IdleWorld {
             .window = window,
             .settings = settings,
             .shell = shell,
-            .programs = *programs,
+            .programs = programs,
             .random = [] { return 0.5; },
             .tempFolder = {},
             .programFolder = {},
