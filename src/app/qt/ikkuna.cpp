@@ -179,6 +179,8 @@ void Ikkuna::On(Sender* sender, Signal signal, Action action) {
     if constexpr (std::is_invocable_v<Action, decltype(values)...>) {
       action(values...);
     } else if constexpr (std::is_invocable_v<Action>) {
+      // Not a plain else: connect() also tries with fewer values than there are, and with clang
+      // that must compile.
       action();
     }
     BringUpToDate();

@@ -55,7 +55,7 @@ class Ikkuna final : public QMainWindow, private WindowPort {
   void BuildPanels();
   void ConnectSurface();
   void ConnectPanels();
-  /// Runs `action` at each signal and then shows once what it has changed.
+  /// Runs `action`, with the signal's values or with none, and then shows once what it has changed.
   template <typename Sender, typename Signal, typename Action>
   void On(Sender* sender, Signal signal, Action action);
   void HandlePanel(const PanelHandler& handler);

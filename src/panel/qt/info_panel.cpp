@@ -277,8 +277,7 @@ void InfoPanel::BuildColliderFrame(QBoxLayout& column) {
 void InfoPanel::BuildWaypointFrame(QBoxLayout& column) {
   auto* inside = AddToolFrame(column, "Bot Waypoints info", "Fbot", ToolMode::kAddWaypoint);
   auto* filterRow = AddRow(*inside);
-  auto* label = new QLabel("Show");
-  filterRow->addWidget(label);
+  filterRow->addWidget(new QLabel("Show"));
   constexpr std::array<const char*, 3> kFilters = {"Both", "Path 1", "Path 2"};
   for (std::size_t i = 0; i < kFilters.size(); ++i) {
     AddOption(
