@@ -34,15 +34,13 @@ bool IsInside(ScreenPoint point, double width, double height) {
 
 float Remoteness(ScreenPoint point) { return std::max(std::abs(point.x), std::abs(point.y)); }
 
-PixelLine ToPixels(double x1, double y1, double x2, double y2) {
-  return {RoundToInt32(x1), RoundToInt32(y1), RoundToInt32(x2), RoundToInt32(y2)};
-}
-
 }  // namespace
+
+int ToPixel(double position) { return RoundToInt32(std::floor(position + 0.5)); }
 
 std::optional<PixelLine> ClipLine(ScreenPoint from, ScreenPoint to, int width, int height) {
   if (IsInside(from, width, height) && IsInside(to, width, height)) {
-    return ToPixels(from.x, from.y, to.x, to.y);
+    return PixelLine{ToPixel(from.x), ToPixel(from.y), ToPixel(to.x), ToPixel(to.y)};
   }
   // Measured from the end nearer to the window: seen from one that is far away the
   // window's edges would be lost in rounding.
@@ -56,10 +54,10 @@ std::optional<PixelLine> ClipLine(ScreenPoint from, ScreenPoint to, int width, i
   if (!stretch.CutTo(base.x, dx, -kMargin, width + kMargin)) return std::nullopt;
   if (!stretch.CutTo(base.y, dy, -kMargin, height + kMargin)) return std::nullopt;
   const auto pixelX = [&](double part) {
-    return RoundToInt32(std::clamp(base.x + part * dx, -kMargin, width + kMargin));
+    return ToPixel(std::clamp(base.x + part * dx, -kMargin, width + kMargin));
   };
   const auto pixelY = [&](double part) {
-    return RoundToInt32(std::clamp(base.y + part * dy, -kMargin, height + kMargin));
+    return ToPixel(std::clamp(base.y + part * dy, -kMargin, height + kMargin));
   };
   const double first = isReversed ? stretch.end : stretch.start;
   const double last = isReversed ? stretch.start : stretch.end;

@@ -18,8 +18,12 @@ struct PixelLine {
   bool operator==(const PixelLine&) const = default;
 };
 
+/// The whole pixel that a position is painted at. Halves go up everywhere, unlike in all other
+/// roundings, so that equal steps of the world are equal steps on the screen.
+int ToPixel(double position);
+
 /// The part of a line that crosses 0..width, 0..height (give or take a margin
-/// that hides cut ends), in whole pixels rounded halves to even.
+/// that hides cut ends), in whole pixels.
 std::optional<PixelLine> ClipLine(ScreenPoint from, ScreenPoint to, int width, int height);
 
 /// True when some part of the circle's outline can be seen.

@@ -61,8 +61,8 @@ TEST(ViewTransformTest, PolarOffsetsOfAScreenWhoseYPointsDown) {
 }
 
 TEST(ClipTest, LinesAreCutWithoutBendingAndWhatCannotBeSeenIsLeftOut) {
-  EXPECT_EQ(ClipLine({0.5f, 1.5f}, {100, 50}, 100, 50), (PixelLine{0, 2, 100, 50}));
-  EXPECT_EQ(ClipLine({-3, -4}, {-3, -4}, 100, 50), (PixelLine{-3, -4, -3, -4}));
+  EXPECT_EQ(ClipLine({0.5f, 1.5f}, {99.49f, 50}, 100, 50), (PixelLine{1, 2, 99, 50}));
+  EXPECT_EQ(ClipLine({-3, -3.5f}, {-0.5f, -4}, 100, 50), (PixelLine{-3, -3, 0, -4}));
   for (const float reach : {1e3f, 1e9f, 1e12f}) {
     const auto line = ClipLine({-reach, -reach}, {reach, reach}, 100, 50);
     ASSERT_TRUE(line) << reach;

@@ -1,25 +1,26 @@
-// A Canvas that paints with QPainter.
+// A Canvas that paints into a QImage.
 #pragma once
 
+#include <QColor>
 #include <QFont>
 #include <QImage>
-#include <QLine>
 #include <QPainter>
 #include <QPen>
-#include <QPoint>
+#include <QPointF>
 #include <QStaticText>
 #include <string>
 #include <unordered_map>
 #include <vector>
 
 #include "view/canvas.h"
-#include "view/clip.h"
+#include "view/pixel_painter.h"
 
 namespace vesmora {
 
-/// Lives as long as the surface it serves: pens and labels are made once and
-/// kept, so that a redraw allocates nothing per primitive. Lines in one pen
-/// that follow each other are painted together.
+/// Lives as long as the surface it serves: labels and their pens are made once
+/// and kept, so that a redraw allocates nothing per primitive. Positions become
+/// whole pixels of the image, not of the window: at any scale equal steps differ
+/// by no more than one of them.
 class PainterCanvas final : public Canvas {
  public:
   PainterCanvas(const QFont& font, QColor background);
@@ -36,12 +37,10 @@ class PainterCanvas final : public Canvas {
   TextSize MeasureText(std::string_view text) override;
 
  private:
-  /// The picture's own pixels.
-  struct Pixels {
-    QRgb* first = nullptr;
-    qsizetype stride = 0;  // pixels from row to row
-    int width = 0;
-    int height = 0;
+  /// A line in image pixels.
+  struct Side {
+    ScreenPoint from;
+    ScreenPoint to;
   };
 
   struct Label {
@@ -50,25 +49,21 @@ class PainterCanvas final : public Canvas {
     TextSize size;
   };
 
-  void UsePen(Pen pen);
-  void DrawDots(const PixelLine& line, Rgb color);
-  void SetDot(std::int64_t left, std::int64_t top, QRgb color) const;
-  void Flush();
-  void DrawLargeCircle(Pen pen, ScreenPoint center, double radius);
+  ScreenPoint InImage(ScreenPoint point) const { return {point.x * ratio_, point.y * ratio_}; }
+  void DrawSide(const Side& side, const Dashes& dashes, Rgb color) const;
+  void DrawLargeCircle(Pen pen, ScreenPoint center, double radius) const;
   const Label& LabelFor(std::string_view text);
+  const QPen& PenFor(Rgb color);
 
   QFont font_;
   QColor background_;
-  QPainter painter_;
-  int width_ = 0;  // logical pixels
+  QPainter painter_;  // of labels only
+  PixelPainter pixels_;
+  int width_ = 0;  // image pixels
   int height_ = 0;
-  std::unordered_map<std::uint32_t, QPen> pens_;
-  std::uint32_t currentPen_ = 0;
-  std::vector<QLine> lines_;  // waiting, all in the current pen
-  Pixels pixels_;
-  double ratio_ = 1;  // picture pixels per logical pixel
-  int dotSide_ = 1;   // picture pixels
+  float ratio_ = 1;  // image pixels per window pixel
   std::vector<Label> labels_;
+  std::unordered_map<std::uint32_t, QPen> pens_;
 };
 
 }  // namespace vesmora
