@@ -43,10 +43,11 @@ class ThinLine {
     return x >= 0 && x < picture_.width && y >= 0 && y < picture_.height;
   }
 
-  void Set(int from, int end, std::uint32_t color) const {
+  /// The points `from`, `from` + `every` ... before `end`.
+  void Set(int from, int end, int every, std::uint32_t color) const {
     std::int64_t x = x_.start + from * x_.step;
     std::int64_t y = y_.start + from * y_.step;
-    for (int i = from; i < end; ++i, x += x_.step, y += y_.step) {
+    for (int i = from; i < end; i += every, x += every * x_.step, y += every * y_.step) {
       picture_.first[(y >> Track::kBits) * picture_.stride + (x >> Track::kBits)] = color;
     }
   }
@@ -56,6 +57,14 @@ class ThinLine {
   const Track& x_;
   const Track& y_;
 };
+
+/// How far apart the points of a line are that has no longer dashes, as most lines of a map;
+/// 0 for other lines.
+int PointDistance(const Dashes& dashes, int penWidth) {
+  if (dashes[1] == 0) return 1;
+  const bool isDots = dashes[0] == 1 && dashes[2] == 1 && dashes[1] == dashes[3];
+  return isDots && penWidth == 1 ? 1 + dashes[1] : 0;
+}
 
 }  // namespace
 
@@ -91,6 +100,7 @@ void PixelPainter::DrawLine(const PixelLine& line, const Dashes& dashes,
   const bool isForward = (isFlat ? x : y).step > 0;
   const int begin = isForward ? 0 : 1 - penWidth_;
   const int end = begin + steps + penWidth_;
+  const int every = PointDistance(dashes, penWidth_);
   Track& across = isFlat ? y : x;
   for (int row = 0; row < penWidth_; ++row, across.start += Track::kOne) {
     const ThinLine thin(picture_, x, y);
@@ -99,14 +109,15 @@ void PixelPainter::DrawLine(const PixelLine& line, const Dashes& dashes,
     int last = end - 1;
     while (first <= last && !thin.IsInPicture(first)) ++first;
     while (first <= last && !thin.IsInPicture(last)) --last;
-    if (dashes[1] == 0) {
-      thin.Set(first, last + 1, color);
+    if (every > 0) {
+      const int leftOut = (first - begin + every - 1) / every;
+      thin.Set(begin + leftOut * every, last + 1, every, color);
       continue;
     }
     std::size_t part = 0;
     for (int i = begin; i <= last; part = (part + 2) % dashes.size()) {
       const int gap = i + dashes[part] * penWidth_;
-      thin.Set(std::max(i, first), std::min(gap, last + 1), color);
+      thin.Set(std::max(i, first), std::min(gap, last + 1), 1, color);
       i = gap + dashes[part + 1] * penWidth_;
     }
   }

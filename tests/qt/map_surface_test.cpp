@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QMouseEvent>
+#include <QTest>
 #include <QWheelEvent>
 #include <memory>
 #include <vector>
@@ -13,6 +14,15 @@ namespace vesmora {
 namespace {
 
 using testing::ElementsAre;
+
+struct PaintCounter : QObject {
+  int paints = 0;
+
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    if (event->type() == QEvent::Paint) ++paints;
+    return false;
+  }
+};
 
 class MapSurfaceTest : public testing::Test {
  protected:
@@ -109,8 +119,14 @@ TEST_F(MapSurfaceTest, KeepsItsFrameAtTheSizeOfTheWindow) {
   Draw();
   EXPECT_EQ(Shown(surface.rect()).pixel(80, 50), qRgb(75, 75, 75));
   EXPECT_EQ(Shown(surface.rect()).pixel(89, 69), ground);
-  surface.resize(0, 0);
+  surface.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&surface));
+  QCoreApplication::processEvents();
+  PaintCounter counter;
+  surface.installEventFilter(&counter);
   Draw();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(counter.paints, 1) << "a new frame is shown without being asked for";
 }
 
 }  // namespace

@@ -105,6 +105,8 @@ TEST(PainterCanvasTest, LinesHaveBothEndsTheirDashesAndOneWindowPixel) {
 }
 
 TEST(PainterCanvasTest, LinesThatCrossTheEdgesAreWholeInside) {
+  EXPECT_EQ(Line({-2, 0}, {9, 0}, PenStyle::kDot, 8, 1, 1), Rows{".r..r..r"});
+  EXPECT_EQ(Line({-2, 0}, {9, 0}, PenStyle::kDash, 8, 1, 1), Rows{"rr..rrrr"});
   for (const double ratio : {1.0, 1.5, 2.0}) {
     for (const float reach : {10.0f, 1e4f, 1e12f}) {
       const Rows falling = Line({-reach, -reach}, {reach, reach}, PenStyle::kSolid, 8, 8, ratio);
@@ -261,6 +263,24 @@ TEST(PainterCanvasTest, LabelsStandWhereTheyAreMeasured) {
        {ScreenPoint{3 - size.width / 2, 5}, {37, 5}, {5, 2 - size.height / 2}, {5, 34}}) {
     EXPECT_NE(blank, label(1, [&](PainterCanvas& canvas) { canvas.DrawText(kRed, partly, "17"); }));
   }
+}
+
+TEST(PainterCanvasTest, LabelsHaveTheFontOfTheCanvas) {
+  QFont large;
+  large.setPixelSize(60);
+  QImage picture(80, 80, QImage::Format_RGB32);
+  picture.fill(Qt::white);
+  PainterCanvas canvas(large, Qt::white);
+  canvas.Begin(picture);
+  EXPECT_GT(canvas.MeasureText("1").height, 50);
+  canvas.DrawText(kRed, {0, 0}, "1");
+  canvas.End();
+  int rows = 0;
+  for (int y = 0; y < 80; ++y) {
+    const auto* row = reinterpret_cast<const QRgb*>(picture.constScanLine(y));
+    rows += std::any_of(row, row + 80, [](QRgb pixel) { return pixel == qRgb(255, 0, 0); }) ? 1 : 0;
+  }
+  EXPECT_GT(rows, 30);
 }
 
 TEST(PainterCanvasTest, WhatIsDrawnLaterLiesAbove) {
