@@ -162,7 +162,7 @@ inline void CheckDrawing(Bench& bench, unsigned look) {
     show.pathFilter = static_cast<std::int16_t>(i % 3);
     map.toolIndex = static_cast<ToolMode>(i % kToolCount);
     const ToolDrawing tool{.placedCorners = static_cast<int>(i % 3),
-                           .showsNextScenery = i % 2 == 0,
+                           .showsNext = i % 2 == 0,
                            .connectionFrom = look % 2 == 0 ? kNoIndex : static_cast<int>(i % 6),
                            .mouseX = 100,
                            .mouseY = -2147483647 - 1};
@@ -219,8 +219,8 @@ inline void CheckMapInput(std::span<const std::uint8_t> data) {
   EXPECT_TRUE(StateOf(again->map) == StateOf(map)) << "undo changes the map";
   EXPECT_EQ(PackSelection(again->selection, map), PackSelection(selection, map));
 
-  const auto lasts = std::get<1>(StateOf(map));
   EXPECT_EQ(bench->Saved().size(), kMapFileSize);
+  const auto lasts = std::get<1>(StateOf(map));
   CheckRanges(map, selection);
   ClearLists(again->selection);
   EXPECT_EQ(again->Load(bench->folder / "saved.pmp"), LoadOutcome::kLoaded);

@@ -48,6 +48,7 @@ constexpr auto kCommands = std::to_array<Command>({
     {"MenuCopy", kEdit, "&Copy", "Ctrl+C", InEdit, true, OnMap<MenuCopy>},
     {"MenuPaste", kEdit, "&Paste", "Ctrl+V", CanPaste, false, OnMap<MenuPaste>},
     {"MenuDelete", kEdit, "&Delete", "Del", InAnyTool, false, OnMap<MenuDelete>},
+    {"MenuSelectAll", kEdit, "Select &all", "Ctrl+A", InEdit, false, OnMap<MenuSelectAll>},
     {"MenuMirror", kEdit, "&Mirror", "Ctrl+M", InEdit, true, OnMap<MenuMirror>},
     {"MenuFlip", kEdit, "&Flip", "Ctrl+F", InEdit, false, OnMap<MenuFlip>},
     {"MenuFront", kEdit, "&Bring to front", "Ctrl+PgUp", InEdit, false, OnMap<MenuFront>},

@@ -4,7 +4,7 @@ namespace vesmora {
 
 ToolDrawing ToolDrawingOf(const Editing& editing) {
   return {.placedCorners = editing.activity.PlacedCorners(),
-          .showsNextScenery = !editing.activity.Is(ActivityKind::kDirection),
+          .showsNext = !editing.tool.hidesNext && !editing.activity.Is(ActivityKind::kDirection),
           .connectionFrom = editing.activity.Anchor(),
           .mouseX = editing.tool.mouseX,
           .mouseY = editing.tool.mouseY};

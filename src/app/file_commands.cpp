@@ -1,6 +1,7 @@
 #include "app/file_commands.h"
 
 #include "app/file_messages.h"
+#include "launch/game_files.h"
 #include "platform/text.h"
 #include "tools/tool_change.h"
 
@@ -26,8 +27,17 @@ void ForgetEditing(Editor& editor) {
   ClearHistory(editor.journal);
 }
 
-/// The folder of the last map that was chosen in a dialog.
-std::string LastFolder(Editor& editor) { return editor.ports.settings.Read("Recent", "Path", ""); }
+/// The folder of the last map that was chosen in a dialog, at first the one that the game plays
+/// from.
+std::string LastFolder(Editor& editor) {
+  const Ports& ports = editor.ports;
+  const std::string last = ports.settings.Read("Recent", "Path", "");
+  if (!last.empty()) return last;
+  const std::string maps = AbsolutePath(GamePath({ports.files, ports.gameFolder}, "MAPS"));
+  FileInfo info;
+  const bool isThere = ports.files.Info(maps, info) >= 0 && info.kind == FileKind::kFolder;
+  return isThere ? maps + "/" : "";
+}
 
 void StoreLastFolder(Editor& editor, const std::string& path) {
   editor.ports.settings.Write("Recent", "Path", std::string(FolderPart(path)));
@@ -91,7 +101,7 @@ LoadOutcome OpenMap(Editor& editor, const std::string& path) {
 
 void MenuOpen(Editor& editor) {
   const std::string path = editor.ports.dialogs.ChooseFileToOpen(
-      {.directory = LastFolder(editor), .fileName = "", .filter = kMapFilter});
+      {.title = "Open", .directory = LastFolder(editor), .fileName = "", .filter = kMapFilter});
   if (path.empty()) return;
   OpenMap(editor, path);
   StoreLastFolder(editor, path);
@@ -108,8 +118,11 @@ bool MenuSave(Editor& editor) {
 bool MenuSaveAs(Editor& editor) {
   const auto& spawns = editor.document.spawns;
   const bool startsRed = !spawns.Empty() && spawns[0].team == kRedTeam;
-  const std::string path = editor.ports.dialogs.ChooseFileToSave(
-      {.directory = LastFolder(editor), .fileName = startsRed ? "ctf_" : "", .filter = kMapFilter});
+  const std::string path =
+      editor.ports.dialogs.ChooseFileToSave({.title = "Save As",
+                                             .directory = LastFolder(editor),
+                                             .fileName = startsRed ? "ctf_" : "",
+                                             .filter = kMapFilter});
   if (path.empty()) return false;
   const bool isSaved = SaveTo(editor, path);
   if (isSaved) {

@@ -8,15 +8,15 @@ namespace vesmora {
 namespace {
 
 /// World units of one press of an arrow key.
-float ArrowStep(const Editor& editor) {
-  if (editor.shiftDown && editor.ctrlDown) return 50.0f;
-  if (editor.ctrlDown) return 10.0f;
-  return editor.shiftDown ? 0.1f : 1.0f;
+float ArrowStep(KeyModifiers held) {
+  if (held.shift && held.ctrl) return 50.0f;
+  if (held.ctrl) return 10.0f;
+  return held.shift ? 0.1f : 1.0f;
 }
 
-bool MoveByArrow(Editor& editor, WorldPoint direction) {
+bool MoveByArrow(Editor& editor, WorldPoint direction, KeyModifiers held) {
   if (!editor.IsTool(ToolMode::kEdit) || editor.selection.Empty()) return false;
-  const float step = ArrowStep(editor);
+  const float step = ArrowStep(held);
   MoveSelection(editor, {step * direction.x, step * direction.y});
   RedrawMap(editor);
   return true;
@@ -24,7 +24,7 @@ bool MoveByArrow(Editor& editor, WorldPoint direction) {
 
 }  // namespace
 
-bool KeyDown(Editor& editor, Key key) {
+bool KeyDown(Editor& editor, Key key, KeyModifiers held) {
   switch (key) {
     case Key::kShift:
       editor.shiftDown = true;
@@ -33,13 +33,13 @@ bool KeyDown(Editor& editor, Key key) {
       editor.ctrlDown = true;
       return false;
     case Key::kLeft:
-      return MoveByArrow(editor, {-1, 0});
+      return MoveByArrow(editor, {-1, 0}, held);
     case Key::kUp:
-      return MoveByArrow(editor, {0, -1});
+      return MoveByArrow(editor, {0, -1}, held);
     case Key::kRight:
-      return MoveByArrow(editor, {1, 0});
+      return MoveByArrow(editor, {1, 0}, held);
     case Key::kDown:
-      return MoveByArrow(editor, {0, 1});
+      return MoveByArrow(editor, {0, 1}, held);
     case Key::kKeypadPlus:
       StepZoom(editor, -1);
       return true;

@@ -18,8 +18,14 @@ enum class Key {
   kEscape,
 };
 
+/// What is held while a key is pressed, as the key press itself says.
+struct KeyModifiers {
+  bool shift = false;
+  bool ctrl = false;
+};
+
 /// True when the key has been used and no control must see it.
-bool KeyDown(Editor& editor, Key key);
+bool KeyDown(Editor& editor, Key key, KeyModifiers held = {});
 void KeyUp(Editor& editor, Key key);
 
 }  // namespace vesmora

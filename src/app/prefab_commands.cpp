@@ -7,7 +7,6 @@
 #include "platform/single_byte_text.h"
 #include "platform/text.h"
 #include "tools/prefab_import.h"
-#include "tools/tool_change.h"
 
 namespace vesmora {
 namespace {
@@ -67,14 +66,13 @@ ImportContents ShowPrefab(const Editor& editor, const std::string& fileName) {
 
 void MenuExport(Editor& editor) {
   const std::string path = editor.ports.dialogs.ChooseFileToSave(
-      {.directory = PrefabFolder(editor.ports),
+      {.title = "Export",
+       .directory = PrefabFolder(editor.ports),
        .fileName = "",
        .filter = {.description = "Vesmora Prefab (*.pre)", .pattern = "*.pre"}});
   if (path.empty()) return;
-  // Half a triangle is no piece of a map.
-  if (editor.activity.Is(ActivityKind::kTriangle)) ChangeTool(editor, ToolMode::kEdit);
-  TellSaveStatus(editor, path,
-                 WriteFileDurably(editor.ports.files, path, WritePrefab(editor.document)));
+  const auto bytes = WithoutTriangle(editor, [&] { return WritePrefab(editor.document); });
+  TellSaveStatus(editor, path, WriteFileDurably(editor.ports.files, path, bytes));
 }
 
 void MenuImport(Editor& editor) {

@@ -23,9 +23,15 @@ void ShowPosition(std::string& text, WorldPoint place) {
   text.assign(digits.data(), end);
 }
 
+void ForgetPointer(Editor& editor) {
+  editor.pointerText.clear();
+  ForgetHover(editor);
+}
+
 /// As if the pointer had left the map: what it pointed at is elsewhere now.
 void ShowNewZoom(Editor& editor) {
-  LeaveMap(editor);
+  ForgetPointer(editor);
+  editor.tool.hidesNext = true;
   RedrawMap(editor);
 }
 
@@ -41,8 +47,8 @@ void TurnWheel(Editor& editor, int delta) {
 }
 
 void LeaveMap(Editor& editor) {
-  editor.pointerText.clear();
-  ForgetHover(editor);
+  ForgetPointer(editor);
+  editor.view.wheelRest = 0;
 }
 
 void ChooseZoom(Editor& editor, int index) {

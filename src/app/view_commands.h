@@ -8,6 +8,7 @@ namespace vesmora {
 
 /// A move over the map, with the read-out of where the pointer is.
 void PointAt(Editor& editor, const MouseInput& input);
+/// `delta`: 120 a notch, positive away from the user, in parts as fine as the wheel has them.
 void TurnWheel(Editor& editor, int delta);
 void LeaveMap(Editor& editor);
 

@@ -50,7 +50,7 @@ std::span<std::byte> ImageBuffer(std::size_t size) {
   return std::span(buffer).first(size);
 }
 
-/// The last slot of the scenery table is never kept.
+/// The last slot of the scenery table is never kept in a map file.
 void DropLastSceneryOfFullTable(MapDocument& document, Selection& selection) {
   if (!document.sceneries.Full()) return;
   document.sceneries.DropLast();
@@ -110,7 +110,6 @@ LoadReport LoadMap(MapDocument& document, Selection& selection, FileCalls& files
 WriteReport WriteMap(MapDocument& document, Selection& selection, FileCalls& files, double random,
                      const std::string& path, bool isUndo) {
   if (isUndo) {
-    DropLastSceneryOfFullTable(document, selection);
     BringIntoFileForm(document, random);
     const FileStatus status = WriteUndoFile(document, selection, files, path);
     WaypointsToMemory(document);

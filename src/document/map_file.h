@@ -40,9 +40,9 @@ struct WriteReport {
 
 /// Writes the document to `path`. A real save prepares the derived data first,
 /// replaces the file as a whole and then looks for what the game would misread;
-/// when it fails, document and file are what they were. The undo variant writes
-/// what is in memory, in place and without syncing. `random` is a uniform number
-/// in [0, 1), from which the map gets its `randomId`.
+/// when it fails, document and file are what they were. Of a full scenery table the last one
+/// goes. The undo variant writes what is in memory, in place and without syncing. `random` is a
+/// uniform number in [0, 1), from which the map gets its `randomId`.
 [[nodiscard]] WriteReport WriteMap(MapDocument& document, Selection& selection, FileCalls& files,
                                    double random, const std::string& path, bool isUndo);
 

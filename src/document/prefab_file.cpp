@@ -64,14 +64,16 @@ PrefabHeader ReadPrefabHeader(std::span<const std::byte> bytes) {
   return header;
 }
 
+bool HasPossibleCounts(const PrefabHeader& header) {
+  return CanBe(header.polygonCount, kPolygonCapacity) &&
+         CanBe(header.sceneryCount, kSceneryCapacity) &&
+         CanBe(header.colliderCount, kColliderCapacity);
+}
+
 std::optional<Prefab> ReadPrefab(std::span<const std::byte> bytes) {
   if (bytes.size() < kHeaderSize) return std::nullopt;
   const PrefabHeader header = ReadPrefabHeader(bytes);
-  if (!CanBe(header.polygonCount, kPolygonCapacity) ||
-      !CanBe(header.sceneryCount, kSceneryCapacity) ||
-      !CanBe(header.colliderCount, kColliderCapacity)) {
-    return std::nullopt;
-  }
+  if (!HasPossibleCounts(header)) return std::nullopt;
   Reader reader(bytes.subspan(kHeaderSize));
   Prefab prefab;
   if (!ReadRecords(reader, header.polygonCount, prefab.polygons) ||

@@ -31,6 +31,9 @@ struct Prefab {
 /// What stands at the start of a file; one that is too short is of no known version.
 PrefabHeader ReadPrefabHeader(std::span<const std::byte> bytes);
 
+/// Whether the tables of a map could hold so many.
+bool HasPossibleCounts(const PrefabHeader& header);
+
 /// The whole prefab, or nothing when its counts cannot be or the file is shorter
 /// than they promise.
 [[nodiscard]] std::optional<Prefab> ReadPrefab(std::span<const std::byte> bytes);

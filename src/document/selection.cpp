@@ -60,6 +60,12 @@ void ClearLists(Selection& selection) {
   selection.sceneries.Clear();
   selection.colliders.Clear();
   selection.waypoints.Clear();
+  selection.moveSnapshotTaken = false;
+}
+
+void Deselect(Selection& selection) {
+  ClearLists(selection);
+  selection.box = SelectionBox{};
 }
 
 void DropMissing(Selection& selection, const MapDocument& document) {
@@ -70,7 +76,7 @@ void DropMissing(Selection& selection, const MapDocument& document) {
     const auto end = std::remove_if(used.begin(), used.end(), isMissing);
     list.SetCount(static_cast<int>(end - used.begin()));
   });
-  if (selection.Empty() && !wasEmpty) selection.box = SelectionBox{};
+  if (selection.Empty() && !wasEmpty) Deselect(selection);
 }
 
 SelectionBox BoundsOf(const Selection& selection, const MapDocument& document) {
@@ -98,15 +104,6 @@ SelectionBox Normalised(SelectionBox box) {
   PutInOrder(box.left, box.right);
   PutInOrder(box.top, box.bottom);
   return box;
-}
-
-void SettleBox(Selection& selection, const MapDocument& document) {
-  if (selection.Empty()) {
-    selection.box = SelectionBox{};
-    return;
-  }
-  if (!selection.box.Complete()) UpdateSelectionBox(selection, document);
-  selection.box = Normalised(selection.box);
 }
 
 }  // namespace vesmora

@@ -119,8 +119,11 @@ using PolygonSlots = Table<std::int16_t, kPolygonCapacity>;
 /// The polygons with a listed corner, in list order; a run of entries of one counts once.
 PolygonSlots SelectedPolygons(const Selection& selection);
 
-/// Empties the five lists only.
+/// Empties the five lists; what is listed next is moved as a step anew. The box stays.
 void ClearLists(Selection& selection);
+
+/// Nothing listed and no box.
+void Deselect(Selection& selection);
 
 /// Unlists what lies behind the tables' last ones; with the last entry goes the box.
 void DropMissing(Selection& selection, const MapDocument& document);
@@ -135,10 +138,6 @@ void UpdateSelectionBox(Selection& selection, const MapDocument& document);
 /// Left to right and top to bottom. An edge that changes sides is rounded to a
 /// whole unit on its way; deliberately only that one.
 SelectionBox Normalised(SelectionBox box);
-
-/// For commands that work about the box: a hover lists objects without one, and a press
-/// that is still held has set only its first corner.
-void SettleBox(Selection& selection, const MapDocument& document);
 
 /// A whole selection and the tables' last indexes as one block of undo files.
 inline constexpr std::size_t kSelectionBlockSize = 5058;

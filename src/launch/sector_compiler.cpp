@@ -102,12 +102,6 @@ void CenterMap(Editing& editing, const Bounds& bounds) {
                          .bottom = bounds.maxY + 1.0f};
   Selection inside;
   ListInBox(document, everything, box, SelectionKind::kAll, inside);
-  // Waypoints of a path that nobody is shown move with the others.
-  inside.waypoints.Clear();
-  VisitEntries(document.waypoints, 0, [&](int slot, const Waypoint& waypoint) {
-    if (box.Contains(PlaceOf(waypoint))) inside.waypoints.Append(static_cast<std::int16_t>(slot));
-    return true;
-  });
   const auto middle = [](std::int16_t min, std::int16_t max) {
     return static_cast<float>(min + max) / 2;
   };

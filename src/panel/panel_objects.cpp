@@ -34,7 +34,17 @@ ComboList ListFor(const Items& selected) {
   return selected.size() > 1 ? ComboList::kValuesAndMany : ComboList::kValues;
 }
 
-Tick ToTick(std::uint8_t value) { return value == 0 ? Tick::kOff : Tick::kOn; }
+/// `text` is what the selected objects share, empty when that is nothing or has no name.
+ComboContents SharedType(ComboList list, const std::string& text) {
+  const bool isMany = text.empty() && list == ComboList::kValuesAndMany;
+  return {list, isMany ? std::string(kManyTypes) : text, true};
+}
+
+/// A waypoint's setting as it is stored: a check box holds 2 where it is grey.
+Tick ToTick(std::uint8_t setting) {
+  if (setting == 2) return Tick::kMixed;
+  return setting == 0 ? Tick::kOff : Tick::kOn;
+}
 
 }  // namespace
 
@@ -70,7 +80,7 @@ void RefreshSpawnControls(PanelContents& panel, const Editing& editing) {
   } else if (editing.IsTool(ToolMode::kEdit) && !spawns.empty()) {
     const auto team =
         CommonValue(spawns, [&](int slot) { return editing.document.spawns[slot].team; });
-    panel.CBspawn = {ListFor(spawns), team ? SpawnText(*team) : std::string(kManyTypes), true};
+    panel.CBspawn = SharedType(ListFor(spawns), team ? SpawnText(*team) : "");
   }
 }
 
@@ -90,8 +100,8 @@ void RefreshSceneryControls(PanelContents& panel, const Editing& editing) {
   const auto type = CommonValue(sceneries, [&](int slot) { return table[slot].type; });
   const auto level = CommonValue(sceneries, [&](int slot) { return table[slot].level; });
   const ComboList list = ListFor(sceneries);
-  panel.CBscenery = {list, type ? SceneryName(*type) : std::string(kManyTypes), true};
-  panel.CBscenery2 = {list, level ? VisibilityText(*level) : std::string(kManyTypes), true};
+  panel.CBscenery = SharedType(list, type ? SceneryName(*type) : "");
+  panel.CBscenery2 = SharedType(list, level ? VisibilityText(*level) : "");
 }
 
 void RefreshColliderControls(PanelContents& panel, const Editing& editing) {

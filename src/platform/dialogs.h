@@ -24,6 +24,7 @@ struct FileFilter {
 };
 
 struct FileRequest {
+  std::string title;
   std::string directory;  // where the dialog starts; empty: wherever it was
   std::string fileName;   // preset name
   FileFilter filter;

@@ -12,7 +12,7 @@ std::string_view TrimBlanks(std::string_view text);
 /// ASCII letters only: what it is used on are file names' fixed parts.
 bool EqualsIgnoringCase(std::string_view a, std::string_view b);
 
-/// ASCII and the accented letters of Western Europe; others stay. UTF-8.
+/// UTF-8. On Windows the system's letters, elsewhere those of Windows-1252; all else stays.
 std::string UpperCase(std::string_view text);
 std::string LowerCase(std::string_view text);
 

@@ -54,7 +54,7 @@ class Activity {
   /// Of a triangle: 1 or 2 once it has begun; 0 for anything else.
   int PlacedCorners() const { return placedCorners_; }
   void SetPlacedCorners(int count) { placedCorners_ = count; }
-  /// The liana's slot, -1 unless its direction is awaited. A save may have dropped the slot.
+  /// The liana's slot, -1 unless its direction is awaited.
   int Liana() const { return Is(ActivityKind::kDirection) ? slot_ : kNoIndex; }
   /// The waypoint that a connection is drawn from, -1 for none.
   int Anchor() const { return Is(ActivityKind::kConnection) ? slot_ : kNoIndex; }

@@ -69,9 +69,7 @@ SceneryObject MakeScenery(const Editing& editing, const MouseInput& input) {
 }
 
 void PointLianaAt(Editing& editing, const MouseInput& input) {
-  const int slot = editing.activity.Liana();
-  if (!editing.document.sceneries.Has(slot)) return;
-  SceneryObject& liana = editing.document.sceneries[slot];
+  SceneryObject& liana = editing.document.sceneries[editing.activity.Liana()];
   const WorldPoint mouse = editing.view.ToWorld(input.x, input.y);
   const float angle = OffsetToPolar(mouse.x - liana.x, mouse.y - liana.y).angle;
   liana.rotation = editing.shiftDown ? SnapAngle45(angle) : angle;

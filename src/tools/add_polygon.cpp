@@ -69,10 +69,6 @@ WorldPoint ConstructionPlace(Editing& editing, const MouseInput& input) {
 
 void PlaceFirstCorner(Editing& editing, const MouseInput& input) {
   auto& polygons = editing.document.polygons;
-  if (polygons.Full()) {
-    Refuse(editing, "Max number of polygons reached.");
-    return;
-  }
   editing.activity.Begin(ActivityKind::kTriangle, editing);
   TakeUndoSnapshot(editing, kPolygonAction);
 
@@ -155,8 +151,11 @@ void PreviewFirstCorner(Editing& editing, const MouseInput& input) {
 void PressInAddPolygon(Editing& editing, const MouseInput& input) {
   if (IsConstructing(editing)) {
     PlaceNextCorner(editing, input);
-  } else {
+  } else if (!editing.document.polygons.Full()) {
     PlaceFirstCorner(editing, input);
+  } else {
+    Refuse(editing, "Max number of polygons reached.");
+    return;
   }
   if (!IsConstructing(editing)) PreviewFirstCorner(editing, input);
   RefreshAll(editing);

@@ -6,20 +6,21 @@
 namespace vesmora {
 namespace {
 
-void Connect(Editing& editing, int hovered) {
-  auto& waypoints = editing.document.waypoints;
-  const int anchor = editing.activity.Anchor();
-  if (anchor != kNoIndex) {
-    if (hovered != kNoIndex) AddConnection(waypoints[anchor], hovered);
-    editing.activity.Forget();
-    return;
-  }
-  if (waypoints[hovered].connectionCount >= kConnectionCapacity) {
+void BeginConnection(Editing& editing, int from) {
+  if (editing.document.waypoints[from].connectionCount >= kConnectionCapacity) {
     Refuse(editing, "Selected waypoint have max number of connections.");
     return;
   }
   TakeUndoSnapshot(editing, "Waypoint");
-  editing.activity.Begin(ActivityKind::kConnection, editing, hovered);
+  editing.activity.Begin(ActivityKind::kConnection, editing, from);
+  RedrawMap(editing);
+}
+
+/// `to`: a waypoint, or -1 to give the connection up.
+void EndConnection(Editing& editing, int to) {
+  if (to != kNoIndex) AddConnection(editing.document.waypoints[editing.activity.Anchor()], to);
+  editing.activity.Forget();
+  RedrawMap(editing);
 }
 
 void Create(Editing& editing, const MouseInput& input) {
@@ -47,12 +48,13 @@ void Create(Editing& editing, const MouseInput& input) {
 void PressInAddWaypoint(Editing& editing, const MouseInput& input) {
   const auto& listed = editing.selection.waypoints;
   const int hovered = listed.Empty() ? kNoIndex : listed[0];
-  if (hovered == kNoIndex && editing.activity.Anchor() == kNoIndex) {
+  if (editing.activity.Is(ActivityKind::kConnection)) {
+    EndConnection(editing, hovered);
+  } else if (hovered != kNoIndex) {
+    BeginConnection(editing, hovered);
+  } else {
     Create(editing, input);
-    return;
   }
-  Connect(editing, hovered);
-  RedrawMap(editing);
 }
 
 void MoveInAddWaypoint(Editing& editing, const MouseInput& input) {

@@ -105,6 +105,7 @@ void MenuCopy(Editing& editing) {
   Clipboard& clipboard = editing.clipboard;
   bool& overflow = clipboard.overflow;
   EndActivity(editing);
+  RequireBox(editing);
   overflow = false;
   PolygonSlots polygons = SelectedPolygons(selection);
   CopyRecords(document.polygons, clipboard.polygons, polygons, overflow);
@@ -115,7 +116,7 @@ void MenuCopy(Editing& editing) {
   CopyKeys(editing);
   FillTails(editing.document, clipboard);
   clipboard.box = selection.box;
-  if (selection.Empty()) selection.box = SelectionBox{};  // the lists may have been cut to nothing
+  if (selection.Empty()) Deselect(selection);  // the lists may have been cut to nothing
   RefreshAll(editing);
 }
 
@@ -136,8 +137,7 @@ void MenuPaste(Editing& editing) {
   PasteRecords(document.waypoints, clipboard.waypoints, selection.waypoints, overflow);
   ReconnectPasted(editing, firstWaypoint);
   if (selection.Empty()) {  // nothing fitted
-    selection.box = SelectionBox{};
-    selection.moveSnapshotTaken = false;
+    Deselect(selection);
   } else {
     selection.box = clipboard.box;
     CenterSelection(editing);

@@ -150,18 +150,20 @@ void TakeBack(Editing& editing) {
 
 void MenuDelete(Editing& editing) {
   const bool isEdit = editing.IsTool(ToolMode::kEdit);
-  if (isEdit) EndActivity(editing);
+  const bool isRefused = isEdit && editing.selection.Empty();
+  if (isEdit && !isRefused) EndActivity(editing);
   TakeUndoSnapshot(editing, "Delete");
-  if (!isEdit) {
-    TakeBack(editing);
-    DropMissing(editing.selection, editing.document);  // the hovered one may have gone
-  } else if (editing.selection.Empty()) {
+  if (isRefused) {
     editing.ports.dialogs.Show({.text = "You need select something at first.",
                                 .title = "Problem",
                                 .icon = MessageIcon::kInformation});
     return;
-  } else {
+  }
+  if (isEdit) {
     DeleteSelection(editing);
+  } else {
+    TakeBack(editing);
+    DropMissing(editing.selection, editing.document);  // the hovered one may have gone
   }
   RefreshAll(editing);
 }

@@ -6,6 +6,7 @@
 #include "document/geometry.h"
 #include "document/numbers.h"
 #include "document/texture_mapping.h"
+#include "tools/picking.h"
 
 namespace vesmora {
 namespace {
@@ -55,6 +56,7 @@ void TurnOverSelection(Editing& editing, const char* action, bool isLeftRight) {
     return;
   }
   EndActivity(editing);
+  RequireBox(editing);
   TakeUndoSnapshot(editing, action);
   const WorldPoint center = editing.selection.box.Center();
   VisitSelected(editing.document, editing.selection,
@@ -88,6 +90,13 @@ void ReorderSelection(Editing& editing, const char* action, Reorder reorder) {
 }
 
 }  // namespace
+
+void MenuSelectAll(Editing& editing) {
+  ClearSelection(editing);
+  ListAllShown(editing.document, editing.show, editing.selection);
+  UpdateSelectionBox(editing.selection, editing.document);
+  RefreshAll(editing);
+}
 
 void MenuMirror(Editing& editing) { TurnOverSelection(editing, "Mirror", true); }
 

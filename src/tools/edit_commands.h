@@ -17,6 +17,9 @@ void MenuPaste(Editing& editing);
 /// tool takes back the last object of its kind. Its undo step comes before any test.
 void MenuDelete(Editing& editing);
 
+/// Selects all that is shown, with its bounds for the box.
+void MenuSelectAll(Editing& editing);
+
 /// About the middle of the selection's box.
 void MenuMirror(Editing& editing);
 void MenuFlip(Editing& editing);

@@ -64,7 +64,6 @@ void Drag(Editing& editing, const MouseInput& input) {
   SceneryObject* scenery = SceneryWithHandles(editing);
   switch (editing.activity.Kind()) {
     case ActivityKind::kMove:
-      selection.box = Normalised(selection.box);
       MoveSelection(editing, {(input.x - view.lastMouseX) / view.zoom,
                               (input.y - view.lastMouseY) / view.zoom});
       break;
@@ -103,8 +102,10 @@ void FinishPick(Editing& editing) {
     ClearSelection(editing);
     RefreshInfoPanel(editing);
   } else if (box.left != box.right || box.top != box.bottom) {
-    box = Normalised(box);
     SelectInBox(editing, box, false, SelectionKind::kAll);
+    // Only now and only once: an edge that changes sides is rounded, and may have changed them
+    // back by that.
+    box = Normalised(box);
   } else {
     PickAtPoint(editing);
   }

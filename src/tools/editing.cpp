@@ -5,13 +5,9 @@
 namespace vesmora {
 
 void TakeUndoSnapshot(Editing& editing, const std::string& actionName) {
-  // A triangle that is being built is no part of the map that undo brings back.
-  const int unfinished = editing.activity.PlacedCorners() > 0 ? 1 : 0;
-  auto& polygons = editing.document.polygons;
-  polygons.SetCount(polygons.Count() - unfinished);
-  const auto failure =
-      FileSnapshot(editing, editing.ports.files, editing.ports.random(), actionName);
-  polygons.SetCount(polygons.Count() + unfinished);
+  const auto failure = WithoutTriangle(editing, [&] {
+    return FileSnapshot(editing, editing.ports.files, editing.ports.random(), actionName);
+  });
   bool& failureTold = editing.journal.failureTold;
   if (failure && !failureTold) {
     editing.ports.dialogs.Show({.text = "File '" + failure->path +
@@ -40,16 +36,27 @@ void RefreshAll(Editing& editing) {
 }
 
 void ClearSelection(Editing& editing) {
-  ClearLists(editing.selection);
-  editing.selection.box = SelectionBox{};
-  editing.selection.moveSnapshotTaken = false;
+  Deselect(editing.selection);
   editing.activity.Forget();
   editing.pointer = PointerShape::kDefault;
 }
 
 void EndActivity(Editing& editing) {
+  const bool wasBand = editing.activity.Is(ActivityKind::kBand);
   editing.activity.Finish(editing);
-  if (editing.IsTool(ToolMode::kEdit)) SettleBox(editing.selection, editing.document);
+  if (!wasBand) return;
+  SelectionBox& box = editing.selection.box;
+  if (editing.selection.Empty()) {
+    box = SelectionBox{};
+  } else {
+    RequireBox(editing);  // the press alone has set only its first corner
+    box = Normalised(box);
+  }
+}
+
+void RequireBox(Editing& editing) {
+  Selection& selection = editing.selection;
+  if (!selection.box.Complete()) UpdateSelectionBox(selection, editing.document);
 }
 
 bool SnapsToGrid(const Editing& editing) { return editing.view.gridSize >= 1 && !editing.ctrlDown; }

@@ -32,6 +32,18 @@ struct Editing : EditedMap {
   bool IsTool(ToolMode mode) const { return document.toolIndex == mode; }
 };
 
+/// What `write` gives for the map without the triangle that is being built, which is no part of
+/// any file and goes on afterwards.
+template <typename Write>
+auto WithoutTriangle(Editing& editing, Write write) {
+  auto& polygons = editing.document.polygons;
+  const int unfinished = editing.activity.PlacedCorners() > 0 ? 1 : 0;
+  polygons.SetCount(polygons.Count() - unfinished);
+  auto written = write();
+  polygons.SetCount(polygons.Count() + unfinished);
+  return written;
+}
+
 /// Files the map as it is under the name of the edit that is about to happen. A failure is
 /// told once, and the edit goes on.
 void TakeUndoSnapshot(Editing& editing, const std::string& actionName);
@@ -48,9 +60,13 @@ void RefreshAll(Editing& editing);
 /// Nothing selected, no box, nothing in progress, default pointer. Callers redraw.
 void ClearSelection(Editing& editing);
 
-/// Ends what is in progress: a command has come in between. In Edit a rubber band that was
-/// still drawn becomes a box to work about, or goes.
+/// Ends what is in progress: a command has come in between. A rubber band that was still drawn
+/// becomes the box of the selection, or goes.
 void EndActivity(Editing& editing);
+
+/// Gives a selection that has no box its bounds, for a command that works about them: a hover
+/// lists objects without one.
+void RequireBox(Editing& editing);
 
 /// Whether placed points stick to the grid now.
 bool SnapsToGrid(const Editing& editing);

@@ -46,11 +46,15 @@ void MoveMouse(Editing& editing, const MouseInput& input) {
   ViewTransform& view = editing.view;
   if (input.rightIsUp) view.panning = false;
   if (input.leftIsUp) ReleaseInEdit(editing);
+  // The tools measure drags from the previous position.
+  if (!view.panning) {
+    editing.tool.hidesNext = false;
+    HandlersOf(editing.document.toolIndex).move(editing, input);
+  }
+  if (TrackMouse(view, input.x, input.y)) RedrawMap(editing);
+  // Where the pointer is once the view has moved along.
   editing.tool.mouseX = RoundToInt32(view.LaskeRuutu2X(input.x));
   editing.tool.mouseY = RoundToInt32(view.LaskeRuutu2Y(input.y));
-  // The tools measure drags from the previous position.
-  if (!view.panning) HandlersOf(editing.document.toolIndex).move(editing, input);
-  if (TrackMouse(view, input.x, input.y)) RedrawMap(editing);
 }
 
 void ReleaseMouse(Editing& editing, const MouseInput& input) {
@@ -68,9 +72,15 @@ void ForgetHover(Editing& editing) {
 }
 
 void CancelGesture(Editing& editing) {
-  if (editing.activity.Is(ActivityKind::kNone)) return;
+  const bool isEdit = editing.IsTool(ToolMode::kEdit);
+  if (editing.activity.Is(ActivityKind::kNone)) {
+    if (!isEdit || editing.selection.Empty()) return;
+    ClearSelection(editing);
+    RefreshAll(editing);
+    return;
+  }
   editing.activity.Cancel(editing);
-  if (editing.IsTool(ToolMode::kEdit)) {
+  if (isEdit) {
     editing.pointer = PointerShape::kDefault;
   } else {
     ClearLists(editing.selection);  // what was hovered when it began

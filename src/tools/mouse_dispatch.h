@@ -14,7 +14,8 @@ void ReleaseMouse(Editing& editing, const MouseInput& input);
 /// What the pointer was over is elsewhere now, or the pointer has left the map.
 void ForgetHover(Editing& editing);
 
-/// Escape: ends what is in progress and leaves the map as it was before.
+/// Escape: ends what is in progress and leaves the map as it was before. With nothing in
+/// progress it deselects in Edit, as a click beside the selection does.
 void CancelGesture(Editing& editing);
 
 }  // namespace vesmora

@@ -16,17 +16,17 @@ bool PassesPathFilter(const ShowOptions& show, const Waypoint& waypoint) {
   return show.ShowsPath(waypoint.path);
 }
 
-}  // namespace
-
-void ListInBox(const MapDocument& document, const ShowOptions& show, const SelectionBox& box,
-               SelectionKind kind, Selection& selection) {
+/// Lists what is shown and `isWanted`.
+template <typename Filter>
+void ListWhere(const MapDocument& document, const ShowOptions& show, SelectionKind kind,
+               Selection& selection, Filter isWanted) {
   ClearLists(selection);
   const bool all = kind == SelectionKind::kAll;
   const auto listShown = [&]<typename Entry, int kEntries>(ShowFlag flag, const auto& table,
                                                            Table<Entry, kEntries>& list) {
     if (!show.Shows(flag)) return;
     VisitEntries(table, 0, [&](auto entry, const auto& record) {
-      if (!box.Contains(PlaceOf(record)) || !PassesPathFilter(show, record)) return true;
+      if (!isWanted(record) || !PassesPathFilter(show, record)) return true;
       return list.Append(static_cast<Entry>(entry)) && all;
     });
   };
@@ -41,6 +41,19 @@ void ListInBox(const MapDocument& document, const ShowOptions& show, const Selec
   if (all || kind == SelectionKind::kFirstWaypoint) {
     listShown(ShowFlag::kWaypoints, document.waypoints, selection.waypoints);
   }
+}
+
+}  // namespace
+
+void ListInBox(const MapDocument& document, const ShowOptions& show, const SelectionBox& box,
+               SelectionKind kind, Selection& selection) {
+  ListWhere(document, show, kind, selection,
+            [&box](const auto& record) { return box.Contains(PlaceOf(record)); });
+}
+
+void ListAllShown(const MapDocument& document, const ShowOptions& show, Selection& selection) {
+  ListWhere(document, show, SelectionKind::kAll, selection,
+            [](const auto& /*record*/) { return true; });
 }
 
 void SelectInBox(Editing& editing, const SelectionBox& box, bool keep, SelectionKind kind) {

@@ -18,6 +18,9 @@ enum class SelectionKind { kAll = 0, kFirstVertex = 1, kFirstWaypoint = 5 };
 void ListInBox(const MapDocument& document, const ShowOptions& show, const SelectionBox& box,
                SelectionKind kind, Selection& selection);
 
+/// Lists all that is shown, wherever it lies.
+void ListAllShown(const MapDocument& document, const ShowOptions& show, Selection& selection);
+
 /// Rebuilds the selection from what is shown inside a box, but for a triangle without its third
 /// corner. When nothing is found, nobody holds the button and `keep` is off, the selection's
 /// own box becomes unset.

@@ -44,27 +44,41 @@ bool AppendPrefab(MapDocument& document, const Prefab& prefab) {
   return polygonsFit && sceneriesFit && collidersFit;
 }
 
-/// The prefab's records, or nothing with the reason in `problem`.
+/// What is wrong with a file whose records cannot be read.
+std::string DamageOf(const PrefabHeader& header) {
+  if (HasPossibleCounts(header)) return "is damaged: it holds less than it promises.";
+  return "is damaged: it names " + std::to_string(header.polygonCount) + " polygons, " +
+         std::to_string(header.sceneryCount) + " sceneries and " +
+         std::to_string(header.colliderCount) + " colliders.";
+}
+
+/// The prefab's records, or nothing.
 std::optional<Prefab> LoadPrefab(const Editing& editing, const std::string& path,
-                                 std::string& problem) {
+                                 ImportManner manner) {
+  const auto tell = [&](const std::string& problem) {
+    if (manner == ImportManner::kQuiet) return;
+    editing.ports.dialogs.Show({.text = "File '" + path + "' " + problem,
+                                .title = "File error",
+                                .icon = MessageIcon::kNone});
+  };
   const FileContents file = ReadFile(editing.ports.files, path, kPrefabReadLimit);
-  if (file.status.failure == FileFailure::kMissing) {
-    problem = "File '" + path + "' not found.";
-    return std::nullopt;
-  }
   if (!file.status.Ok()) {
-    problem = "File '" + path + "' could not be read: " + file.status.reason;
+    const bool isMissing = file.status.failure == FileFailure::kMissing;
+    tell(isMissing ? "not found." : "could not be read: " + file.status.reason);
     return std::nullopt;
   }
-  if (!ReadPrefabHeader(file.bytes).isKnownVersion) {
-    problem = "File '" + path + "' is not Vesmora " VESMORA_VERSION " prop file.";
+  const PrefabHeader header = ReadPrefabHeader(file.bytes);
+  if (!header.isKnownVersion) {
+    tell("is not Vesmora " VESMORA_VERSION " prop file.");
     if (!editing.shiftDown) return std::nullopt;
   }
   std::optional<Prefab> prefab = ReadPrefab(file.bytes);
-  if (!prefab && problem.empty()) {
-    problem = "File '" + path + "' is damaged: it holds less than it promises.";
-  }
+  if (!prefab) tell(DamageOf(header));
   return prefab;
+}
+
+void TellOverflow(const Editing& editing) {
+  Refuse(editing, "Some of imported objects couldn't be pasted");
 }
 
 /// Letters are set where they belong; placing the text is what is undone.
@@ -85,37 +99,32 @@ void SetLetter(Editing& editing, const TableCounts& before) {
 
 }  // namespace
 
-void ImportPrefab(Editing& editing, const std::string& path, ImportManner manner) {
+bool ImportPrefab(Editing& editing, const std::string& path, ImportManner manner) {
+  const bool isPlaced = manner == ImportManner::kPlaced;
   ChangeTool(editing, ToolMode::kEdit);
   ClearSelection(editing);
-
-  std::string problem;
-  const std::optional<Prefab> prefab = LoadPrefab(editing, path, problem);
-  if (!problem.empty() && manner == ImportManner::kPlaced) {
-    editing.ports.dialogs.Show(
-        {.text = problem, .title = "File error", .icon = MessageIcon::kNone});
-  }
-  if (!prefab) return;
+  const std::optional<Prefab> prefab = LoadPrefab(editing, path, manner);
+  if (!prefab) return true;
 
   const TableCounts before = CountsOf(editing.document);
   const bool allFitted = AppendPrefab(editing.document, *prefab);
   SelectAppended(editing, before);
-  if (!allFitted && manner == ImportManner::kPlaced) {
-    Refuse(editing, "Some of imported objects couldn't be pasted");
-  }
+  if (!allFitted && isPlaced) TellOverflow(editing);
   UpdateSelectionBox(editing.selection, editing.document);
-  if (manner == ImportManner::kPlaced && !editing.selection.Empty()) BeginPlacement(editing);
+  if (isPlaced && !editing.selection.Empty()) BeginPlacement(editing);
+  return allFitted;
 }
 
 void PlaceAuthorText(Editing& editing, const std::string& text, const std::string& alphabetFolder) {
   editing.activity.Finish(editing);
   Selection& selection = editing.selection;
   const TableCounts before = CountsOf(editing.document);
+  bool allFitted = true;
   for (const char character : LowerCaseSingleByte(text)) {
     const int code = static_cast<unsigned char>(character);
     const std::string letter = alphabetFolder + std::to_string(code) + ".pre";
     if (FileExists(editing.ports.files, letter)) {
-      ImportPrefab(editing, letter, ImportManner::kQuiet);
+      allFitted = ImportPrefab(editing, letter, ImportManner::kQuiet) && allFitted;
       SetLetter(editing, before);
     } else {
       SelectAppended(editing, before);
@@ -123,6 +132,7 @@ void PlaceAuthorText(Editing& editing, const std::string& text, const std::strin
     }
   }
   SelectAppended(editing, before);
+  if (!allFitted) TellOverflow(editing);
   UpdateSelectionBox(selection, editing.document);
   selection.moveSnapshotTaken = !selection.Empty();  // the step "Author" is the one
   if (!selection.Empty()) BeginPlacement(editing);

@@ -65,12 +65,15 @@ void ChangeTool(Editing& editing, ToolMode mode) {
   } else {
     editing.show.showFlags[static_cast<std::size_t>(mode) - 1] = 1;
     ClearSelection(editing);
-    // The previews of the Add tools use the slots where the copies lie.
-    editing.clipboard.Clear();
     editing.pointer = PointerShape::kCross;
   }
   OfferProperties(editing);
   RefreshAll(editing);
+}
+
+void ChooseTool(Editing& editing, ToolMode mode) {
+  if (mode != ToolMode::kEdit) editing.clipboard.Clear();
+  ChangeTool(editing, mode);
 }
 
 std::string NextVisibility(const Editing& editing) {

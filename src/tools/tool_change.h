@@ -12,6 +12,9 @@ namespace vesmora {
 /// keeps the selection.
 void ChangeTool(Editing& editing, ToolMode mode);
 
+/// The same as a person's choice: an Add tool also empties the clipboard.
+void ChooseTool(Editing& editing, ToolMode mode);
+
 /// The visibility that the next scenery gets, as a percentage: as chosen or typed, else the
 /// last scenery's.
 std::string NextVisibility(const Editing& editing);

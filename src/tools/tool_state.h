@@ -30,6 +30,8 @@ struct ToolState {
   // The pointer in whole world units.
   std::int32_t mouseX = 0;
   std::int32_t mouseY = 0;
+  /// What would be placed next lies where the pointer was before the zoom changed.
+  bool hidesNext = false;
   NextObject next;
 };
 

@@ -41,6 +41,8 @@ struct Drawing {
 
   bool IsTool(ToolMode tool) const { return document.toolIndex == tool; }
   bool Shows(ShowFlag kind) const { return scene.show.Shows(kind); }
+  /// Whether what `tool` would place next is drawn.
+  bool ShowsNext(ToolMode tool) const { return IsTool(tool) && scene.tool.showsNext; }
 };
 
 void DrawMark(Drawing& drawing, WorldPoint place) {
@@ -114,7 +116,7 @@ void DrawPolygons(Drawing& drawing) {
 
 void DrawConstructionMark(Drawing& drawing) {
   drawing.painter.SetStyle(PenStyle::kDash);
-  if (!drawing.IsTool(ToolMode::kAddPolygon) || !drawing.scene.selection.Empty()) return;
+  if (!drawing.ShowsNext(ToolMode::kAddPolygon) || !drawing.scene.selection.Empty()) return;
   const int polygon =
       drawing.document.polygons.last + (drawing.scene.tool.placedCorners == 0 ? 1 : 0);
   if (polygon < 0 || polygon >= kPolygonCapacity) return;
@@ -134,7 +136,7 @@ void DrawSpawns(Drawing& drawing) {
   bool isFirstRed = true;
   bool isFirstBlue = true;
   for (const SpawnPoint& spawn :
-       Shown(drawing.document.spawns, drawing.IsTool(ToolMode::kAddSpawn))) {
+       Shown(drawing.document.spawns, drawing.ShowsNext(ToolMode::kAddSpawn))) {
     if (spawn.team == kNormalTeam) {
       DrawSpawn(drawing, spawn, kNormalSpawnColor, false);
     } else if (spawn.team == kRedTeam) {
@@ -159,9 +161,8 @@ void DrawSceneryOutline(Drawing& drawing, const SceneryObject& scenery) {
 void DrawSceneries(Drawing& drawing) {
   if (!drawing.Shows(ShowFlag::kSceneries)) return;
   drawing.painter.SetColor(kSceneryColor);
-  const bool withNext =
-      drawing.IsTool(ToolMode::kAddScenery) && drawing.scene.tool.showsNextScenery;
-  for (const SceneryObject& scenery : Shown(drawing.document.sceneries, withNext)) {
+  for (const SceneryObject& scenery :
+       Shown(drawing.document.sceneries, drawing.ShowsNext(ToolMode::kAddScenery))) {
     const auto [x, y] = PlaceOf(scenery);
     drawing.painter.DrawWorldCircle(x, y, kMarkRadius, kSceneryColor);
     if (scenery.type < kSceneryTypes.size()) DrawSceneryOutline(drawing, scenery);
@@ -171,7 +172,7 @@ void DrawSceneries(Drawing& drawing) {
 void DrawColliders(Drawing& drawing) {
   if (!drawing.Shows(ShowFlag::kColliders)) return;
   for (const Collider& collider :
-       Shown(drawing.document.colliders, drawing.IsTool(ToolMode::kAddCollider))) {
+       Shown(drawing.document.colliders, drawing.ShowsNext(ToolMode::kAddCollider))) {
     drawing.painter.DrawWorldCircle(collider.x, collider.y,
                                     RoundToInt16(collider.radius / 2 * drawing.view.zoom),
                                     kColliderColor);

@@ -14,10 +14,10 @@ namespace vesmora {
 
 /// What the drawing must know of the active tool.
 struct ToolDrawing {
-  int placedCorners = 0;         // of the polygon under construction, 0..2
-  bool showsNextScenery = true;  // where Add scenery would place one
-  int connectionFrom = -1;       // the waypoint that a connection is drawn from, -1 for none
-  std::int32_t mouseX = 0;       // whole world units
+  int placedCorners = 0;    // of the polygon under construction, 0..2
+  bool showsNext = true;    // the corner or object that a press would place
+  int connectionFrom = -1;  // the waypoint that a connection is drawn from, -1 for none
+  std::int32_t mouseX = 0;  // whole world units
   std::int32_t mouseY = 0;
 };
 

@@ -23,10 +23,8 @@ struct ShowOptions {
   std::int16_t pathFilter = 0;
 
   bool Shows(ShowFlag flag) const { return showFlags[static_cast<std::size_t>(flag)] == 1; }
-  /// Waypoints of a path that does not exist are never shown.
-  bool ShowsPath(std::int32_t path) const {
-    return (path == 1 || path == 2) && (pathFilter == 0 || pathFilter == path);
-  }
+  /// With both paths, also of waypoints whose path is neither.
+  bool ShowsPath(std::int32_t path) const { return pathFilter == 0 || pathFilter == path; }
 };
 
 }  // namespace vesmora

@@ -33,6 +33,7 @@ struct ViewTransform {
   bool panning = false;
   float lastMouseX = 0;  // window position of the previous mouse move
   float lastMouseY = 0;
+  int wheelRest = 0;  // what the wheel has turned beyond its last whole notch
   DrawingArea area;
 
   // World to window and back. The half pixels differ on purpose and the way
@@ -68,7 +69,8 @@ int GridIndex(const ViewTransform& view);
 /// One zoom larger (-1) or smaller (1) in the list; false, with nothing changed, at its ends.
 bool StepZoomLevel(ViewTransform& view, int step);
 
-/// The wheel moves one zoom step per whole notch of +-120; anything else is no notch.
+/// One zoom step a whole notch of +-120. Parts of one, as touchpads and fine wheels send them,
+/// add up until the wheel is turned the other way. True when the zoom changed.
 bool ZoomByWheel(ViewTransform& view, int delta);
 
 /// Steps to a coarser grid until its lines are not too dense for the zoom.

@@ -3,12 +3,14 @@
 
 #include <cerrno>
 #include <filesystem>
+#include <functional>
 #include <set>
 
 #include "app/commands.h"
 #include "app/keys.h"
 #include "app/start_up.h"
 #include "app/undo_commands.h"
+#include "app/view_commands.h"
 #include "app/window_placement.h"
 #include "panel/panel_handlers.h"
 #include "support/editor_bench.h"
@@ -138,8 +140,8 @@ class KeysTest : public testing::Test, protected EditorBench {
 };
 
 TEST_F(KeysTest, CommandsKnowTheirToolAndNoShortcutOrMnemonicMeansTwoThings) {
-  const std::set<std::string_view> needEdit = {"MenuCopy", "MenuPaste", "MenuMirror",
-                                               "MenuFlip", "MenuFront", "MenuBack"};
+  const std::set<std::string_view> needEdit = {"MenuCopy",  "MenuPaste", "MenuMirror",   "MenuFlip",
+                                               "MenuFront", "MenuBack",  "MenuSelectAll"};
   std::set<std::pair<std::string_view, char>> shortcuts;
   for (const Command& command : Commands()) {
     const std::string name(command.name);
@@ -162,15 +164,22 @@ TEST_F(KeysTest, ArrowsMoveTheSelectionInStepsOrArePassedOn) {
     editor.view.zoom = 4;
     editor.view.gridSize = 25;  // neither counts
     const PolygonVertex& corner = AddSelectedTriangle();
-    KeyUp(editor, Key::kShift);
-    KeyUp(editor, Key::kCtrl);
-    EXPECT_FALSE((shift && Press(Key::kShift)) || (ctrl && Press(Key::kCtrl))) << "controls see it";
-    EXPECT_TRUE(Press(key));
+    // What the window followed does not count: a key may have been let go elsewhere.
+    editor.shiftDown = !shift;
+    editor.ctrlDown = !ctrl;
+    EXPECT_TRUE(Press(key, {.shift = shift, .ctrl = ctrl}));
     EXPECT_THAT(events, ElementsAre("RedrawMap"));
     EXPECT_FLOAT_EQ(corner.x, 50 + x);
     EXPECT_FLOAT_EQ(corner.y, y);
     Press(key);
     EXPECT_EQ(Status(), "0: 1 0 0 0 0, 1 &Undo Move") << "one step a selection";
+    for (const Key modifier : {Key::kShift, Key::kCtrl}) {
+      EXPECT_FALSE(Press(modifier)) << "controls see it";
+    }
+    EXPECT_TRUE(editor.shiftDown && editor.ctrlDown);
+    KeyUp(editor, Key::kShift);
+    KeyUp(editor, Key::kCtrl);
+    EXPECT_FALSE(editor.shiftDown || editor.ctrlDown);
     MenuUndo(editor);
     Press(key);
     EXPECT_EQ(journal.undoAvailable, 0) << "a move after Undo is a step of its own";
@@ -181,6 +190,34 @@ TEST_F(KeysTest, ArrowsMoveTheSelectionInStepsOrArePassedOn) {
   Choose(ToolMode::kEdit);
   ClearLists(selection);
   EXPECT_FALSE(Press(Key::kLeft));
+}
+
+TEST_F(KeysTest, AZoomHidesWhatComesNextUntilThePointerMoves) {
+  Choose(ToolMode::kAddSpawn);
+  const auto turn = [&](int delta) { TurnWheel(editor, delta); };
+  for (const auto& [zoom, changed] :
+       {std::pair<std::function<void()>, float>([&] { turn(120); }, 2),
+        {[&] { ChooseZoom(editor, 2); }, 1},
+        {[&] { Press(Key::kKeypadPlus); }, 2}}) {
+    PointAt(editor, {MouseButton::kNone, 300, 300});
+    EXPECT_TRUE(ToolDrawingOf(editor).showsNext);
+    EXPECT_FALSE(editor.pointerText.empty());
+    zoom();
+    EXPECT_EQ(editor.view.zoom, changed);
+    EXPECT_FALSE(ToolDrawingOf(editor).showsNext);
+    EXPECT_TRUE(editor.pointerText.empty());
+    PressMouse(editor, {MouseButton::kRight, 300, 300});
+    PointAt(editor, {MouseButton::kNone, 310, 300});
+    EXPECT_FALSE(ToolDrawingOf(editor).showsNext) << "panning brings it along from nowhere";
+    ReleaseMouse(editor, {MouseButton::kRight, 310, 300});
+  }
+  turn(-180);  // the half notch that is left outlives the zoom, not the pointer's leaving
+  turn(-60);
+  EXPECT_EQ(editor.view.zoom, 0.5f);
+  turn(60);
+  LeaveMap(editor);
+  turn(60);
+  EXPECT_EQ(editor.view.zoom, 0.5f);
 }
 
 TEST_F(KeysTest, EscapeTakesBackWhatIsInProgressAndNoMore) {

@@ -68,9 +68,9 @@ TEST_F(FileCommandsTest, NewAndOpenStartAllOver) {
     EXPECT_EQ(editor.recent.slots[0], path == small ? small : "") << path;
     if (path.empty()) continue;
     EXPECT_EQ(settings.values["Recent/Path"], path == "/no.pmp" ? "/" : folder.Path()) << path;
-    const auto& [directory, fileName, filter] = dialogs.requests.back();
-    EXPECT_EQ(directory + fileName + "|" + filter.description + "|" + filter.pattern,
-              "/last/|Soldat Map (*.pmp)|*.PMP");
+    const auto& [title, directory, fileName, filter] = dialogs.requests.back();
+    EXPECT_EQ(title + directory + fileName + "|" + filter.description + "|" + filter.pattern,
+              "Open/last/|Soldat Map (*.pmp)|*.PMP");
   }
   editor.shiftDown = true;
   OpenMap(editor, cut);
@@ -113,10 +113,14 @@ TEST_F(FileCommandsTest, SaveKeepsTheHistoryAndOneBackup) {
 
 TEST_F(FileCommandsTest, SaveAsEmptiesTheHistoryAndKeepsTheCaption) {
   map.spawns[0].team = 1;  // a preview counts for nothing
-  for (const char* preset : {"", "ctf_"}) {
+  const std::string maps = AbsolutePath(folder / "game/Maps") + "/";
+  for (const auto& [preset, start] : {std::pair{"", std::string()}, {"ctf_", maps}}) {
     dialogs.chosenFiles = {""};
     MenuSave(editor);
+    EXPECT_EQ(dialogs.requests.back().title, "Save As");
     EXPECT_EQ(dialogs.requests.back().fileName, preset);
+    EXPECT_EQ(dialogs.requests.back().directory, start) << "the game's maps, if there are any";
+    std::filesystem::create_directory(folder / "game/Maps");
     AddSpawn(map, 1, 2, 1);
   }
   AddTriangle(map, {{{0, 0}, {0, 0}, {0, 50}}});
@@ -146,7 +150,7 @@ TEST_F(FileCommandsTest, AFailedSaveLosesNothing) {
     const std::string path = PutMap("ctf_a.pmp", "full.pmp");
     OpenMap(editor, path);
     Snapshot("Move");
-    AddScenery(map, 1, 2, 3);  // in the last slot, which no file keeps
+    EXPECT_TRUE(map.sceneries.Full());  // no file keeps the last one
     map.author = " ";
     SelectEverything(selection, map);
     const std::string target = saveAs ? other : path;
@@ -201,8 +205,13 @@ TEST_F(FileCommandsTest, UndoBringsBackToolAndSelectionAndNothingHalfBuilt) {
   Choose(ToolMode::kAddCollider);
   Click(300, 300);
   Click(500, 400);  // on its way there it had a preview behind the first
+  AddSpawn(map, 1, 2, 0);
+  editor.clipboard.spawns.Append(map.spawns[0]);
   UndoAs("4: 0 0 0 0 1, 1 &Undo Collider");
   EXPECT_EQ(Pointer(), PointerShape::kCross);
+  EXPECT_FALSE(editor.clipboard.Empty()) << "nobody chose an Add tool";
+  Choose(ToolMode::kAddCollider);
+  EXPECT_TRUE(editor.clipboard.Empty());
   Choose(ToolMode::kEdit);
   SelectEverything(selection, map);
   Press(Key::kLeft);

@@ -45,9 +45,19 @@ TEST_F(PrefabCommandsTest, ExportWritesTheWholeMapAndChangesNothing) {
   EXPECT_THAT(dialogs.messages[0].text, testing::HasSubstr(path));
   EXPECT_EQ(StateOf(map), before);
   const FileRequest& request = dialogs.requests[0];
-  EXPECT_EQ(request.directory + request.fileName + request.filter.description + "|" +
-                request.filter.pattern,
-            prefabs_ + "Vesmora Prefab (*.pre)|*.pre");
+  EXPECT_EQ(request.title + request.directory + request.fileName + request.filter.description +
+                "|" + request.filter.pattern,
+            "Export" + prefabs_ + "Vesmora Prefab (*.pre)|*.pre");
+  // Half a triangle is no piece of a map, but it goes on being built.
+  Choose(ToolMode::kAddPolygon);
+  Click(300, 300);
+  files.LimitFileSize(~std::uint64_t{0});
+  dialogs.chosenFiles = {folder / "half.pre"};
+  MenuExport(editor);
+  EXPECT_EQ(FileBytes(folder / "half.pre"), whole);
+  Click(400, 300);
+  Click(350, 400);
+  EXPECT_EQ(Status(), "1: 2 0 0 0 0, 1 &Undo Polygon");
 }
 
 TEST_F(PrefabCommandsTest, ImportTakesItsStepAfterTheDialog) {

@@ -60,7 +60,7 @@ TEST_F(MapFileTest, ADamagedPolygonCountIsToldOnceAndClamped) {
   }
 }
 
-TEST_F(MapFileTest, EveryFileHasWholeWaypointsAndItsNumberAndNoLastScenery) {
+TEST_F(MapFileTest, EveryFileHasWholeWaypointsAndItsNumberAndOnlyASaveDropsTheLastScenery) {
   for (const bool isUndo : {false, true}) {
     for (const auto& [memory, file] : {std::pair{2688, 10}, {2944, 12}, {-2944, -12}}) {
       map.waypoints.last = -1;
@@ -79,9 +79,14 @@ TEST_F(MapFileTest, EveryFileHasWholeWaypointsAndItsNumberAndNoLastScenery) {
     selection.sceneries.Clear();
     selection.sceneries.Append(254);
     UpdateSelectionBox(selection, map);
+    selection.moveSnapshotTaken = true;
     Saved("saved.pmp", isUndo);
-    EXPECT_EQ(map.sceneries.last, 253);
-    EXPECT_TRUE(selection.Empty() && selection.box == SelectionBox{});
+    EXPECT_EQ(map.sceneries.last, isUndo ? 254 : 253);
+    EXPECT_EQ(selection.Empty(), !isUndo);
+    EXPECT_EQ(selection.box == SelectionBox{}, !isUndo);
+    EXPECT_EQ(selection.moveSnapshotTaken, isUndo);
+    EXPECT_TRUE(Load(folder / "saved.pmp", false, isUndo) == LoadOutcome::kLoaded);
+    EXPECT_EQ(map.sceneries.last, isUndo ? 254 : 253);
   }
 }
 

@@ -57,8 +57,7 @@ TEST_F(PanelContentsTest, NamesAndLevels) {
   for (const auto& [path, texture, shownAs] :
        {Row("a.pmp", "a.b", "|"), Row("/maps.old/a.b.pmp", "wall.jpeg", "A.B|wall.jpe"),
         Row(R"(C:\maps/x\y.PMP)", std::string("abc\0wall.bmp", 12), "Y|"),
-        Row("/maps/h\xC3\xB6hle \xC3\xBF.pmp", "\xC4rger.bmp",
-            "H\xC3\x96HLE \xC3\xBF|\xC3\xA4rger.bmp"),
+        Row("/maps/h\xC3\xB6hle.pmp", "\xC4rger.bmp", "H\xC3\x96HLE|\xC3\xA4rger.bmp"),
         Row("/maps/a\xC3\xA9xyz", "ABCD.BMP", "A|abcd.bmp")}) {  // four characters, not bytes
     map.fileName = path;
     map.texture = MakeTextureName(texture);
@@ -114,6 +113,8 @@ TEST_F(PanelContentsTest, WhatTheSelectedShareAndWhatTheNextOneGets) {
   AddSpawn(map, 9, 9, 3);                // a team of no name
   AddScenery(map, 0, 0, 22).level = 64;  // a type of no name
   AddScenery(map, 0, 0, 17).level = 128;
+  AddSpawn(map, 9, 9, 3);
+  AddScenery(map, 0, 0, 22).level = 128;
   AddCollider(map, 0, 0, 0.1f);
   map.waypoints[2].botSettings = {1, 0, 0, 1, 1};
   AddWaypoint(map, 0, 0, 3).botSettings = {0, 0, 0, 0, 2};
@@ -132,7 +133,8 @@ TEST_F(PanelContentsTest, WhatTheSelectedShareAndWhatTheNextOneGets) {
             "...+..+30, 2 Many types, 2 Many types, 2 Many types, 1 , .. +.~~."),
         Row(0, "v0.1 v0.0 v0.1 s2 s1 o1 o4 c3 w2 w3 w0",
             "...+..~30, 2 Many types, 2 Barrel, 2 Many types, 1 0.1, .. ~.~~~"),
-        Row(0, "v0.0 v1.0 s3 o3 w3", "...+..., 1 , 1 , 1 25%,, .. ....+"),
+        Row(0, "v0.0 v1.0 s3 o3 w3", "...+..., 1 , 1 , 1 25%,, .. ....~"),
+        Row(0, "s3 s4 o3 o5", "---x---, 2 Many types, 2 Many types, 2 Many types,, -- -----"),
         Row(0, "v0.0 v1.1 o4", "...+...,, 1 Barrel, 1 50%,, -- -----"),
         Row(1, "v0.1", ".--x---7,,,,, -- -----"), Row(2, "s0", "---x---, 1 CTF Blue,,,, -- -----"),
         Row(3, "o0", "---x---,, 1 Short Grass, 1 50%,, -- -----"),

@@ -7,6 +7,7 @@
 
 #include "platform/profile_text.h"
 #include "platform/single_byte_text.h"
+#include "platform/text.h"
 
 namespace vesmora {
 namespace {
@@ -79,6 +80,16 @@ TEST(SingleByteText, EveryByteComesBackAndStrayOnesBecomeQuestionMarks) {
         Row("\xf4\x90\x80\x80", "????"), Row("\xf0\x80\x80\xaf", "????"), Row("\xc3z", "?z")}) {
     EXPECT_EQ(FromUtf8(utf8), single) << utf8;
   }
+}
+
+TEST(SingleByteText, EveryLetterHasItsOtherCase) {
+  const std::string capitals = "AZ\x8A\x8C\x8E\x9F\xC0\xC4\xD6\xD8\xDE @[`{\xD7\xF7\xDF\x99";
+  const std::string small = "az\x9A\x9C\x9E\xFF\xE0\xE4\xF6\xF8\xFE @[`{\xD7\xF7\xDF\x99";
+  EXPECT_EQ(LowerCaseSingleByte(capitals), small);
+  EXPECT_EQ(LowerCaseSingleByte(small), small);
+  EXPECT_EQ(LowerCase(ToUtf8(capitals)), ToUtf8(small));
+  EXPECT_EQ(UpperCase(ToUtf8(small)), ToUtf8(capitals));
+  EXPECT_EQ(UpperCase(ToUtf8(capitals)), ToUtf8(capitals));
 }
 
 }  // namespace

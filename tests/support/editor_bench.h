@@ -41,8 +41,8 @@ struct EditorBench : Bench {
   }
 
   void Snapshot(const std::string& action) { TakeUndoSnapshot(editor, action); }
-  void Choose(ToolMode tool) { ChangeTool(editor, tool); }
-  bool Press(Key key) { return KeyDown(editor, key); }
+  void Choose(ToolMode tool) { ChooseTool(editor, tool); }
+  bool Press(Key key, KeyModifiers held = {}) { return KeyDown(editor, key, held); }
   /// A left press on the map, the pointer having come there before.
   void Click(float x, float y) {
     MoveMouse(editor, {MouseButton::kNone, x, y});

@@ -84,7 +84,7 @@ class PanelBench : public ToolBench {
   }
   /// Chooses the tool as a user does.
   void Choose(ToolMode tool) {
-    ChangeTool(editor, tool);
+    ChooseTool(editor, tool);
     BringUpToDate();
     TakeAsked();
   }

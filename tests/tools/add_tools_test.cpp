@@ -129,7 +129,12 @@ TEST_F(AddObjectsTest, EachClickIsAStepUntilTheTableIsFull) {
     EXPECT_TRUE(bench.BeforeNewestStep() == before) << step;
     bench.editor.activity.Finish(bench.editor);
     last = static_cast<std::int16_t>(capacity - 1);
-    bench.Click(300, 200);
+    bench.Move(300, 200);
+    bench.TakeEvents();
+    const DocumentState full = StateOf(bench.map);
+    bench.Press(310, 190);
+    EXPECT_THAT(bench.events, ElementsAre("Show Problem")) << "not even the picture changes";
+    EXPECT_TRUE(StateOf(bench.map) == full) << step;
     bench.ExpectRefusal("Max number of " + std::string(kind) + " reached.");
     EXPECT_EQ(bench.Steps().size(), 1U);
   }
@@ -224,13 +229,22 @@ TEST_F(AddWaypointTest, TwoClicksConnectOneWay) {
   EXPECT_THAT(LinksOf(map, 1), ElementsAre(3, 3, 2));
   Click(0, 0);
   EXPECT_EQ(editor.activity.Anchor(), 0);
+  Move(50, 40);
+  Press(50, 40, MouseButton::kRight);
+  MoveMouse(editor, {MouseButton::kNone, 700, 500});
+  EXPECT_EQ(std::pair(editor.tool.mouseX, editor.tool.mouseY), std::pair(50, 40))
+      << "the view moves along with the pointer";
+  Release(MouseButton::kRight);
   CancelGesture(editor);
   EXPECT_EQ(editor.activity.Anchor(), kNoIndex);
   Click(100, 0);
   map.waypoints[0].connectionCount = map.waypoints[1].connectionCount = 20;  // in the meantime
   Click(200, 0);
   EXPECT_EQ(map.waypoints[1].connectionCount, 20);
-  Click(0, 0);
+  Move(0, 0);
+  TakeEvents();
+  Press(0, 0);
+  EXPECT_THAT(events, ElementsAre("Show Problem"));
   ExpectRefusal("Selected waypoint have max number of connections.");
   EXPECT_EQ(editor.activity.Anchor(), kNoIndex);
   EXPECT_EQ(Steps(), std::vector<std::string>(5, "Waypoint"));
@@ -260,6 +274,12 @@ TEST_F(ToolChangeTest, AnAddToolStartsCleanAndShowsItsKind) {
     EXPECT_EQ(Listed(), "c0") << "Edit keeps the selection";
     EXPECT_EQ(std::tuple(editor.activity.Anchor(), editor.tool.value), std::tuple(kNoIndex, 0));
     EXPECT_EQ(Pointer(), PointerShape::kDefault);
+  }
+  const SelectionBox box = {5, 4.5f, 7, 3.25f};
+  for (const SelectionBox& kept : {box, SelectionBox{}}) {
+    selection.box = kept;
+    ChooseTool(editor, ToolMode::kEdit);
+    EXPECT_EQ(selection.box, kept) << "chosen again, Edit leaves the box alone";
   }
 }
 

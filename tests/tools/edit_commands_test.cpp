@@ -3,6 +3,8 @@
 
 #include <gmock/gmock.h>
 
+#include <cmath>
+
 #include "document/geometry.h"
 #include "document/scenery_types.h"
 #include "support/map_builder.h"
@@ -27,13 +29,17 @@ TEST_F(EditCommandsTest, EachSaysWhatItMust) {
   const Strings refused = {"Show Problem"};
   using Row = std::tuple<void (*)(Editing&), bool, Strings, MessageIcon>;
   for (const auto& [command, deselects, toldOfNone, icon] :
-       {Row{MenuCopy, false, shown, {}}, Row{MenuFront, true, shown, {}},
-        Row{MenuBack, true, shown, {}}, Row{MenuMirror, false, refused, MessageIcon::kCritical},
+       {Row{MenuCopy, false, shown, {}}, Row{MenuSelectAll, false, shown, {}},
+        Row{MenuFront, true, shown, {}}, Row{MenuBack, true, shown, {}},
+        Row{MenuMirror, false, refused, MessageIcon::kCritical},
         Row{MenuFlip, false, refused, MessageIcon::kCritical},
         Row{MenuDelete, true, refused, MessageIcon::kInformation}}) {
     EditBench bench;
+    bench.Press(-300, -200);
     command(bench.editor);
     EXPECT_EQ(bench.TakeEvents(), toldOfNone);
+    EXPECT_EQ(bench.editor.activity.Is(ActivityKind::kBand), toldOfNone == refused)
+        << "a refusal ends nothing";
     const Message refusal{"You need select something at first.", "Problem", icon};
     EXPECT_THAT(bench.dialogs.messages, testing::Each(refusal));
     ListSlots(bench.selection, {1});
@@ -41,6 +47,32 @@ TEST_F(EditCommandsTest, EachSaysWhatItMust) {
     EXPECT_EQ(bench.events, shown);
     EXPECT_EQ(bench.selection.Empty(), deselects);
   }
+}
+
+TEST_F(EditCommandsTest, SelectAllTakesWhatIsShownAndEscapeLetsItGo) {
+  ToolBench bench;
+  AddNumbered(bench.map, 2);
+  bench.map.colliders[0].x = NAN;  // in no box
+  bench.map.waypoints[1].path = 2;
+  bench.editor.show = {.showFlags = {1, 0, 1, 1, 1, 0, 0}, .pathFilter = 2};
+  bench.selection.spawns.Append(0);
+  bench.selection.moveSnapshotTaken = true;
+  bench.Press(-300, -200);
+  bench.Move(-290, -190);
+  MenuSelectAll(bench.editor);
+  bench.Release();  // of the band, which is no more
+  EXPECT_EQ(bench.Listed(), "v0.0 v0.1 v0.2 v1.0 v1.1 v1.2 o0 o1 c0 c1 w1");
+  EXPECT_EQ(bench.selection.box, (SelectionBox{0, 30, 0, 50}));
+  EXPECT_FALSE(bench.selection.moveSnapshotTaken);
+  bench.Move(5, 5);
+  for (const Strings& asked : {Strings{"RefreshInfoPanel", "RedrawMap"}, Strings{}}) {
+    bench.TakeEvents();
+    CancelGesture(bench.editor);
+    EXPECT_EQ(bench.events, asked);
+    EXPECT_TRUE(bench.selection.Empty() && bench.selection.box == SelectionBox{});
+    EXPECT_EQ(bench.Pointer(), PointerShape::kDefault);
+  }
+  EXPECT_TRUE(bench.Steps().empty());
 }
 
 TEST_F(EditCommandsTest, MirrorAndFlipTurnOverAboutTheMiddleOfTheBox) {
@@ -175,9 +207,11 @@ TEST_F(EditCommandsTest, ATriangleIsTakenBackCornerByCorner) {
 TEST_F(EditCommandsTest, WhatIsHalfDoneIsTakenBackFirst) {
   ChangeTool(editor, ToolMode::kAddScenery);
   editor.tool.value = kLianaType;
+  map.sceneries.last = 253;
   Click(200, 200);
   MenuDelete(editor);
-  EXPECT_EQ(std::tuple(map.sceneries.last, editor.tool.value), std::tuple(5, kLianaType));
+  EXPECT_EQ(std::tuple(map.sceneries.last, editor.tool.value), std::tuple(253, kLianaType))
+      << "one, also of a full table";
   EXPECT_TRUE(editor.activity.Is(ActivityKind::kNone));
   ChangeTool(editor, ToolMode::kAddWaypoint);
   Click(40, 50);
@@ -194,10 +228,14 @@ TEST_F(EditCommandsTest, AHoveredCornerMayBeTakenBackAndSetsNoBox) {
   ASSERT_EQ(Listed(), "v5.0");
   MenuDelete(editor);
   EXPECT_EQ(Listed(), "");
-  Move(90, 0);
-  ChangeTool(editor, ToolMode::kEdit);
-  ASSERT_EQ(Listed(), "v4.1");
-  MenuMirror(editor);
+  for (const auto command : {MenuCopy, MenuMirror}) {
+    ChangeTool(editor, ToolMode::kAddPolygon);
+    Move(90, 0);
+    ChangeTool(editor, ToolMode::kEdit);
+    ASSERT_EQ(Listed(), "v4.1");
+    command(editor);
+    EXPECT_TRUE(editor.clipboard.box.Complete());
+  }
   Press(300, 200);  // the first corner of a box that never comes
   MenuMirror(editor);
   MenuCopy(editor);
@@ -244,6 +282,7 @@ TEST_F(ClipboardTest, PasteAddsCopiesInTheMiddleOfTheView) {
   MenuCopy(editor);
   ClearLists(selection);
   selection.box = {9000, 9010, 7000, 7010};  // somebody else's
+  selection.moveSnapshotTaken = true;
   editor.view.zoom = 2;
   TakeEvents();
   MenuPaste(editor);
@@ -263,6 +302,7 @@ TEST_F(ClipboardTest, PasteAddsCopiesInTheMiddleOfTheView) {
     ExpectCopy(map.waypoints[i + 3], map.waypoints[i]);
   }
   EXPECT_EQ(map.spawns[29], map.spawns[3]) << "what was pasted is what is copied now";
+  EXPECT_THAT(Steps(), ElementsAre("Paste", "Move"));
 }
 
 TEST_F(ClipboardTest, OneSlotStaysFreeAndWhatDoesNotFitIsToldAfterPasting) {

@@ -29,6 +29,7 @@ class PickingTest : public testing::Test, protected ToolBench {
     AddCollider(map, 40, 40, 25);
     AddWaypoint(map, 50, 50, 1);
     AddWaypoint(map, 50.5f, 50, 2);
+    AddWaypoint(map, 60, 60, 7);  // neither path
   }
 
   std::string In(const SelectionBox& box, SelectionKind kind = SelectionKind::kAll) {
@@ -44,9 +45,11 @@ TEST_F(PickingTest, ABoxHoldsThePointsOnItsEdges) {
   for (const auto& [box, kind, expected] :
        {Row({0, 10, 0, 0}, {}, "v0.0 v0.1"), Row({5.5f, 5.5f, 5, 5}, {}, "s0"),
         Row({30, 30, 30, 30}, {}, "o0"), Row({40, 40, 40, 40}, {}, "c0"),
-        Row({50, 50.25f, 50, 50}, {}, "w0"), Row({1, 99, -1, 99}, kVertex, "v0.1"),
-        Row({50.25f, 99, 0, 99}, kWaypoint, "w1")}) {
+        Row({50, 50.25f, 50, 50}, {}, "w0"), Row({60, 60, 60, 60}, {}, "w2"),
+        Row({1, 99, -1, 99}, kVertex, "v0.1"), Row({50.25f, 99, 0, 99}, kWaypoint, "w1")}) {
+    selection.moveSnapshotTaken = true;
     EXPECT_EQ(In(box, kind), expected) << box.left;
+    EXPECT_FALSE(selection.moveSnapshotTaken) << "what was moved is not selected any more";
   }
   map.toolIndex = ToolMode::kAddPolygon;
   editor.activity.Begin(ActivityKind::kTriangle, editor);
@@ -107,9 +110,11 @@ TEST_F(EditToolTest, TheRubberBandSelectsLiveInEveryDirection) {
   AddCollider(map, 5, 10.875f, 5);  // reached only by an edge that is rounded to 11
   AddCollider(map, 10.125f, 5, 5);  // missed by an edge that is rounded to 10
   AddCollider(map, 15, 15, 5);
+  AddCollider(map, 10, 20, 5);  // found by an edge that is rounded a second time
   using Row = std::tuple<float, float, std::string, SelectionBox>;
-  for (const auto& [x, y, found, box] : {Row(20, 20.5f, "c2", {10.25f, 20, 10.75f, 20.5f}),
-                                         Row(0, -5, "c0", {0, 10, -5, 11}), Row(20, -5, "", {})}) {
+  for (const auto& [x, y, found, box] :
+       {Row(20, 20.5f, "c2", {10.25f, 20, 10.75f, 20.5f}), Row(0, -5, "c0", {0, 10, -5, 11}),
+        Row(20, -5, "", {}), Row(10.125f, 20.5f, "", {})}) {
     Press(10.25f, 10.75f);
     Move(90, 90);
     TakeEvents();

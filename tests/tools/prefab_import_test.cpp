@@ -43,17 +43,31 @@ struct ImportBench : ToolBench {
 class PrefabImportTest : public testing::Test, protected ImportBench {};
 
 TEST_F(PrefabImportTest, WhatCannotBeIsRefusedAndToldWhy) {
-  const std::string version = "' is not Vesmora " VESMORA_VERSION " prop file.";
-  using Row = std::tuple<const char*, bool, std::string, int>;
-  for (const auto& [name, shift, problem, polygons] :
-       {Row{"truncated_5.pre", false, "' is damaged: it holds less than it promises.", 0},
-        Row{"version_0.pre", false, version, 0}, Row{"version_0.pre", true, version, 90},
-        Row{"none.pre", false, "' not found.", 0}}) {
-    const std::string file = DataPath(std::string("hostile/prefab-") + name);
+  const std::string version = "is not Vesmora " VESMORA_VERSION " prop file.";
+  const std::string cut = "is damaged: it holds less than it promises.";
+  const std::string impossible = "is damaged: it names -4 polygons, 40 sceneries and 24 colliders.";
+  using Row = std::tuple<const char*, char, bool, std::vector<std::string>, int>;
+  for (const auto& [name, minor, shift, problems, polygons] :
+       {Row{"truncated_5.pre", '0', false, {cut}, 0},
+        Row{"polygons_3.pre", '0', true, {impossible}, 0},
+        Row{"version_0.pre", '1', false, {version}, 0},
+        Row{"version_0.pre", '1', true, {version}, 90},
+        Row{"truncated_5.pre", '1', true, {version, cut}, 0},
+        Row{"polygons_3.pre", '1', true, {version, impossible}, 0},
+        Row{"polygons_3.pre", '1', false, {version}, 0}, Row{"", '0', false, {"not found."}, 0}}) {
+    const std::string file = folder / (name + std::string("x"));
+    if (*name != 0) {
+      Bytes bytes = FileBytes(DataPath(std::string("hostile/prefab-") + name));
+      bytes[2] = static_cast<std::byte>(minor);
+      PutFile(file, bytes);
+    }
     editor.shiftDown = shift;
     ImportPrefab(editor, file, ImportManner::kPlaced);
-    EXPECT_THAT(std::exchange(dialogs.messages, {}),
-                ElementsAre(Message{"File '" + file + problem, "File error", MessageIcon::kNone}));
+    std::vector<Message> messages;
+    for (const std::string& problem : problems) {
+      messages.push_back(FileError("File '" + file + "' " + problem));
+    }
+    EXPECT_EQ(TakeMessages(), messages);
     EXPECT_EQ(std::tuple(map.polygons.last, selection.vertices.Count(),
                          editor.activity.Is(ActivityKind::kPlacement)),
               std::tuple(polygons, 3 * polygons, polygons > 0));
@@ -66,7 +80,22 @@ TEST_F(PrefabImportTest, WhatDoesNotFitIsToldOnce) {
   map.colliders.last = 126;
   ImportPrefab(editor, path, ImportManner::kPlaced);
   EXPECT_EQ(Listed(), "o1 c127") << "to the last slot";
-  ExpectRefusal("Some of imported objects couldn't be pasted");
+  const std::string overflow = "Some of imported objects couldn't be pasted";
+  ExpectRefusal(overflow);
+  // Its step takes no scenery away to make room, nor does that of the move what has come in.
+  for (const auto& [last, listed] : {std::pair{253, "o254"}, {254, ""}}) {
+    map.sceneries.last = static_cast<std::int16_t>(last);
+    map.colliders.last = 127;
+    TakeUndoSnapshot(editor, "Import");
+    ImportPrefab(editor, path, ImportManner::kPlaced);
+    EXPECT_EQ(std::tuple(Listed(), map.sceneries.last), std::tuple(listed, 254));
+    ExpectRefusal(overflow);
+  }
+  PutLetter('a', {{{10, 100}, {30, 100}, {10, 140}}});
+  map.polygons.last = 397;
+  PlaceAuthorText(editor, "aaaa", folder.Path());
+  EXPECT_EQ(selection.vertices.Count(), 6) << "two of the letters";
+  ExpectRefusal(overflow);
 }
 
 TEST_F(PrefabImportTest, ThePieceIsAppendedAndFollowsThePointerUntilAClickDropsIt) {

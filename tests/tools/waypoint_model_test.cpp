@@ -70,7 +70,6 @@ class Comparison : EditorBench {
       Copy();
       MenuCopy(editor);
     } else if (choice < 9) {
-      selection.moveSnapshotTaken = true;  // one step is enough here
       Paste();
       MenuPaste(editor);
     } else if (choice < 12) {
@@ -83,7 +82,7 @@ class Comparison : EditorBench {
       Select(1 + Number(4));
     } else {
       copies_.clear();
-      ChangeTool(editor, ToolMode::kAddSpawn);
+      ChooseTool(editor, ToolMode::kAddSpawn);
       ChangeTool(editor, ToolMode::kEdit);
       Select(4);
     }
@@ -122,6 +121,7 @@ class Comparison : EditorBench {
         if (item.isSelected && numbers.contains(link)) link = numbers[link];
       }
     }
+    TakeStep();  // of the move to the middle
     Copy();
   }
 

@@ -122,7 +122,7 @@ TEST_F(DrawMapTest, EveryKindInItsColoursPensAndPlace) {
   AddCollider(map_, 40, 41, 7);
   AddWaypoint(map_, 100, 100, 1, {2, 0, 501, -1, 3});
   AddWaypoint(map_, 200, 100, 2).botSettings = {0, 1, 0, 0, 0};
-  AddWaypoint(map_, 100, 4, 3);  // no path, but a target
+  AddWaypoint(map_, 100, 4, 3);  // neither path: shown with both
   map_.sectorDivision = 10;
   map_.backgroundColor2 = {5, 6, 7, 8};
   SelectEverything(selection_, map_);
@@ -157,9 +157,12 @@ TEST_F(DrawMapTest, WhatAToolIsAboutToPlaceLiesBehindTheLast) {
   for (Polygon& polygon : map_.polygons.slots) polygon.vertices[2].x = 11;
   for (int tool = 0; tool < kToolCount; ++tool) {
     map_.toolIndex = static_cast<ToolMode>(tool);
-    for (const auto& [last, corners] : {std::pair{-1, 0}, {1, 2}, {398, 0}, {399, 0}, {399, 2}}) {
+    using Row = std::tuple<int, int, bool>;
+    for (const auto& [last, corners, showsNext] :
+         {Row(-1, 0, true), Row(1, 0, false), Row(1, 2, true), Row(398, 0, true), Row(399, 0, true),
+          Row(399, 2, true)}) {
       map_.polygons.last = static_cast<std::int16_t>(last);
-      tool_ = {.placedCorners = corners, .showsNextScenery = corners == 0};
+      tool_ = {.placedCorners = corners, .showsNext = showsNext};
       if (tool == 1 || last < 2) Draw();
     }
   }
@@ -180,6 +183,7 @@ TEST_F(DrawMapTest, ACollidersSizeIsItsDiameter) {
 
 TEST_F(DrawMapTest, RoutesTakeTheTargetsColourAndNoMoreThanTheSlotsThereAre) {
   show_.showFlags = {0, 0, 0, 0, 1, 0, 0};
+  show_.pathFilter = 1;  // without the target itself
   Waypoint& waypoint = AddWaypoint(map_, 100, 100, 1, {2});
   waypoint.botSettings = {1, 1, 1, 1, 1};
   auto& settings = AddWaypoint(map_, 200, 100, 0).botSettings;

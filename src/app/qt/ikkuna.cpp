@@ -220,7 +220,7 @@ void Ikkuna::ConnectPanels() {
   On(ppalkki_, &InfoPanel::ListClosed, giveKeysToMap);
   On(pala_, &ViewPanel::ListClosed, giveKeysToMap);
   On(pyla_, &ToolPanel::ToolChosen, [this](ToolMode tool) {
-    ChangeTool(editor_, tool);
+    ChooseTool(editor_, tool);
     pala_->setFocus();
   });
   On(pala_, &ViewPanel::ZoomChosen, [this](int index) {
@@ -296,7 +296,10 @@ bool Ikkuna::FilterKey(QEvent* event) {
   const auto& keyEvent = static_cast<const QKeyEvent&>(*event);
   const Key key = ToKey(keyEvent);
   if (event->type() == QEvent::KeyPress) {
-    const bool isUsed = KeyDown(editor_, key);
+    const Qt::KeyboardModifiers held = keyEvent.modifiers();
+    const bool isUsed = KeyDown(
+        editor_, key,
+        {.shift = held.testFlag(Qt::ShiftModifier), .ctrl = held.testFlag(Qt::ControlModifier)});
     BringUpToDate();
     return isUsed;
   }

@@ -63,14 +63,14 @@ bool QtDialogs::Ask(const Message& message) {
 }
 
 std::string QtDialogs::ChooseFileToOpen(const FileRequest& request) {
-  QFileDialog dialog(parent_, "Open");
+  QFileDialog dialog(parent_, ToQt(request.title));
   dialog.setFileMode(QFileDialog::ExistingFile);
   Prepare(dialog, request);
   return Chosen(dialog);
 }
 
 std::string QtDialogs::ChooseFileToSave(const FileRequest& request) {
-  QFileDialog dialog(parent_, "Save As");
+  QFileDialog dialog(parent_, ToQt(request.title));
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   Prepare(dialog, request);
   while (true) {
