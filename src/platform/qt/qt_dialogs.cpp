@@ -2,10 +2,15 @@
 
 #include <QColorDialog>
 #include <QDir>
+#include <QEvent>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QInputDialog>
+#include <QLabel>
+#include <QLayout>
 #include <QMessageBox>
+#include <QScreen>
+#include <algorithm>
 
 #include "platform/qt/qt_text.h"
 
@@ -28,10 +33,40 @@ QMessageBox::Icon BoxIcon(MessageIcon icon) {
   return QMessageBox::NoIcon;
 }
 
+/// As wide as its longest line, where the screen is: the toolkit would break lines that the
+/// texts do not, at half a screen or less.
+class MessageBox final : public QMessageBox {
+ public:
+  using QMessageBox::QMessageBox;
+
+ protected:
+  bool event(QEvent* event) override {
+    const bool isHandled = QMessageBox::event(event);
+    const bool isSized = event->type() == QEvent::Show || event->type() == QEvent::LayoutRequest ||
+                         event->type() == QEvent::FontChange;
+    if (isSized && isVisible()) FitToLines();
+    return isHandled;
+  }
+
+ private:
+  void FitToLines() {
+    constexpr int kRoomBeside = 40;  // pixels of the screen
+    auto* label = findChild<QLabel*>("qt_msgbox_label");
+    const int limit = screen()->availableSize().width() - kRoomBeside;
+    label->setWordWrap(false);
+    const int wanted = layout()->totalMinimumSize().width();
+    const int width = std::max(std::min(wanted, limit), minimumWidth());
+    label->setWordWrap(wanted > limit);
+    const int height = layout()->hasHeightForWidth() ? layout()->totalHeightForWidth(width)
+                                                     : layout()->totalMinimumSize().height();
+    setFixedSize(width, height);
+  }
+};
+
 QMessageBox::StandardButton Run(QWidget* parent, const Message& message,
                                 QMessageBox::StandardButtons buttons) {
-  QMessageBox box(BoxIcon(message.icon), message.title.empty() ? "Vesmora" : ToQt(message.title),
-                  ToQt(message.text), buttons, parent);
+  MessageBox box(BoxIcon(message.icon), message.title.empty() ? "Vesmora" : ToQt(message.title),
+                 ToQt(message.text), buttons, parent);
   box.setTextFormat(Qt::PlainText);  // file names may hold anything
   return static_cast<QMessageBox::StandardButton>(box.exec());
 }

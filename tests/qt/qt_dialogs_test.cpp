@@ -1,0 +1,193 @@
+// The real boxes and file dialogs: what they show, and what becomes of the answers.
+#include "platform/qt/qt_dialogs.h"
+
+#include <gmock/gmock.h>
+
+#include <QApplication>
+#include <QColorDialog>
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+#include <deque>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+
+#include "support/scratch_folder.h"
+
+namespace vesmora {
+namespace {
+
+using testing::ElementsAre;
+
+class QtDialogsTest : public testing::Test {
+ protected:
+  using Answer = std::function<void(QDialog&)>;
+
+  QtDialogsTest() {
+    QObject::connect(&clock_, &QTimer::timeout, [this] {
+      auto* front = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+      if (isAnswering_ || front == nullptr || !front->isVisible()) return;
+      isAnswering_ = true;
+      // A timer does not run again inside what it has called, and answers open further boxes.
+      QTimer::singleShot(0, front, [this, front] { AnswerTo(*front); });
+    });
+    clock_.start(5);
+    parent.show();
+  }
+  ~QtDialogsTest() override { EXPECT_TRUE(answers.empty()) << "a box did not come"; }
+
+  void AnswerTo(QDialog& front) {
+    isAnswering_ = false;
+    if (answers.empty()) {
+      ADD_FAILURE() << "unexpected: " << front.windowTitle().toStdString();
+      front.reject();
+      return;
+    }
+    const Answer answer = answers.front();
+    answers.pop_front();
+    answer(front);
+  }
+  /// Notes title and text of a box and presses a button.
+  Answer Press(QMessageBox::StandardButton button) {
+    return [this, button](QDialog& dialog) {
+      const auto& box = dynamic_cast<QMessageBox&>(dialog);
+      told.push_back((box.windowTitle() + ": " + box.text()).toStdString());
+      box.button(button)->click();
+    };
+  }
+  /// Types a name into a file dialog and accepts it.
+  static Answer Name(const std::string& name) {
+    return [name](QDialog& dialog) {
+      dialog.findChild<QLineEdit*>("fileNameEdit")->setText(QString::fromStdString(name));
+      dialog.findChild<QDialogButtonBox*>()->buttons().first()->click();
+    };
+  }
+  static void Cancel(QDialog& dialog) { dialog.reject(); }
+
+  const ScratchFolder folder;
+  QWidget parent;
+  QtDialogs dialogs{&parent};
+  std::deque<Answer> answers;
+  std::vector<std::string> told;
+
+ private:
+  QTimer clock_;
+  bool isAnswering_ = false;
+};
+
+TEST_F(QtDialogsTest, BoxesShowTheirTextWholeAndAsItIs) {
+  // The toolkit would break the second line.
+  const std::string text =
+      "File '<b>a</b>' is damaged.\n"
+      "What is this long has often come as a line of its own and is better left as one.\nShort.";
+  const std::array icons = {QMessageBox::NoIcon, QMessageBox::Critical, QMessageBox::Warning,
+                            QMessageBox::Question, QMessageBox::Information};
+  for (std::size_t i = 0; i < icons.size(); ++i) {
+    answers = {[&](QDialog& dialog) {
+      const auto& box = dynamic_cast<QMessageBox&>(dialog);
+      const auto* label = box.findChild<QLabel*>("qt_msgbox_label");
+      EXPECT_EQ(box.icon(), icons[i]);
+      EXPECT_EQ(box.windowTitle(), i == 0 ? "Vesmora" : "Run error");
+      EXPECT_EQ(label->textFormat(), Qt::PlainText);
+      const QSize needed = label->fontMetrics().size(0, label->text());
+      EXPECT_GE(label->width(), needed.width());
+      EXPECT_GE(label->height(), needed.height());
+      EXPECT_LE(box.width(), box.screen()->availableSize().width());
+      Press(QMessageBox::Ok)(dialog);
+    }};
+    dialogs.Show(
+        {.text = text, .title = i == 0 ? "" : "Run error", .icon = static_cast<MessageIcon>(i)});
+  }
+  answers = {Press(QMessageBox::Ok), Press(QMessageBox::Cancel), Cancel};
+  const Message question{"Sure?", "Warning", MessageIcon::kQuestion};
+  EXPECT_TRUE(dialogs.Ask(question));
+  EXPECT_FALSE(dialogs.Ask(question));
+  EXPECT_FALSE(dialogs.Ask(question));
+}
+
+TEST_F(QtDialogsTest, OpenStartsWhereItIsToldAndGivesAnExistingFile) {
+  const std::string path = folder / "a map.PMP";
+  std::ofstream(path) << "x";
+  const FileRequest request{.title = "Open",
+                            .directory = folder.Path(),
+                            .fileName = "",
+                            .filter = {.description = "Soldat Map (*.pmp)", .pattern = "*.PMP"}};
+  answers = {[&](QDialog& dialog) {
+               const auto& files = dynamic_cast<QFileDialog&>(dialog);
+               EXPECT_EQ(files.windowTitle(), "Open");
+               EXPECT_EQ(files.directory().canonicalPath().toStdString() + "/",
+                         std::filesystem::canonical(folder.Path()).string() + "/");
+               EXPECT_THAT(files.nameFilters(), ElementsAre("Soldat Map (*.pmp)"));
+               Name("a map.PMP")(dialog);
+             },
+             Cancel};
+  EXPECT_EQ(dialogs.ChooseFileToOpen(request), path);
+  EXPECT_EQ(dialogs.ChooseFileToOpen(request), "");
+}
+
+TEST_F(QtDialogsTest, ASavedNameGetsItsEndingAndNothingIsReplacedUnasked) {
+  for (const char* name : {"Hollow v1.2.pmp", "there.pmp"}) std::ofstream(folder / name) << "x";
+  const FileRequest request{.title = "Export",
+                            .directory = folder.Path(),
+                            .fileName = "ctf_",
+                            .filter = {.description = "Soldat Map (*.pmp)", .pattern = "*.PMP"}};
+  const auto save = [&](std::deque<Answer> script) {
+    told.clear();
+    answers = std::move(script);
+    const std::string path = dialogs.ChooseFileToSave(request);
+    return path.empty() ? path : std::filesystem::path(path).filename().string();
+  };
+  EXPECT_EQ(save({[&](QDialog& dialog) {
+              EXPECT_EQ(dialog.windowTitle(), "Export");
+              EXPECT_EQ(dialog.findChild<QLineEdit*>("fileNameEdit")->text(), "ctf_");
+              Name("ctf_new")(dialog);
+            }}),
+            "ctf_new.pmp");
+  EXPECT_EQ(save({Name("New v1.2")}), "New v1.2.pmp");
+  EXPECT_EQ(save({Name("Loud.PMP")}), "Loud.PMP");
+  EXPECT_EQ(save({Name("Hollow v1.2"), Press(QMessageBox::Cancel), Name("Hollow v1.2"),
+                  Press(QMessageBox::Ok)}),
+            "Hollow v1.2.pmp");
+  EXPECT_THAT(told, testing::Each("Warning: File '" + folder / "Hollow v1.2.pmp" +
+                                  "' already exists.\nDo you want to replace it?"));
+  EXPECT_EQ(
+      save({Name("there.pmp"), Press(QMessageBox::No), Name("there.pmp"), Press(QMessageBox::Yes)}),
+      "there.pmp");
+  EXPECT_EQ(save({Name("gone/a.pmp"), Press(QMessageBox::Ok), Cancel}), "");
+  EXPECT_THAT(told, ElementsAre("File error: Folder '" + folder / "gone" +
+                                "' does not exist.\nPlease choose another one."));
+}
+
+TEST_F(QtDialogsTest, ColoursAndTextsBeginWithWhatThereIs) {
+  answers = {[](QDialog& dialog) {
+               auto& colors = dynamic_cast<QColorDialog&>(dialog);
+               EXPECT_EQ(colors.currentColor(), QColor(1, 2, 3));
+               colors.setCurrentColor(QColor(4, 5, 6));
+               dialog.accept();
+             },
+             Cancel,
+             [](QDialog& dialog) {
+               EXPECT_EQ(dialog.windowTitle(), "Map properties");
+               EXPECT_EQ(dialog.findChild<QLabel*>()->text(), "Author's name");
+               auto* line = dialog.findChild<QLineEdit*>();
+               EXPECT_EQ(line->text(), "Jos\u00E9");
+               line->setText("Z\u00EB");
+               dialog.accept();
+             },
+             Cancel};
+  EXPECT_EQ(dialogs.ChooseColor(0x030201), 0x060504);
+  EXPECT_EQ(dialogs.ChooseColor(0), std::nullopt);
+  const TextRequest request{
+      .title = "Map properties", .prompt = "Author's name", .answer = "Jos\u00E9"};
+  EXPECT_EQ(dialogs.AskText(request), "Z\u00EB");
+  EXPECT_EQ(dialogs.AskText(request), "");
+}
+
+}  // namespace
+}  // namespace vesmora
