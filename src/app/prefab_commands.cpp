@@ -61,6 +61,10 @@ ImportContents ShowPrefab(const Editor& editor, const std::string& fileName) {
   } else {
     contents.lMaara2 = "Err\nErr\nErr";
   }
+  if (const auto prefab = ReadPrefab(file.bytes); prefab && header.isKnownVersion) {
+    contents.map = std::make_unique<MapDocument>();
+    AppendPrefab(*contents.map, *prefab);
+  }
   return contents;
 }
 
@@ -72,7 +76,9 @@ void MenuExport(Editor& editor) {
        .filter = {.description = "Vesmora Prefab (*.pre)", .pattern = "*.pre"}});
   if (path.empty()) return;
   const auto bytes = WithoutTriangle(editor, [&] { return WritePrefab(editor.document); });
-  TellSaveStatus(editor, path, WriteFileDurably(editor.ports.files, path, bytes));
+  const FileStatus status = WriteFileDurably(editor.ports.files, path, bytes);
+  TellSaveStatus(editor, path, status);
+  if (status.Ok()) editor.note = "Exported " + editor.ports.timeOfDay();
 }
 
 void MenuImport(Editor& editor) {

@@ -1,6 +1,7 @@
 // Export, Import and the author's name.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -31,6 +32,7 @@ struct ImportContents {
   std::string lMaara;
   std::string lMaara2;
   bool canImport = false;
+  std::unique_ptr<MapDocument> map;  // that holds the prefab alone; none when it cannot be read
 };
 
 /// `fileName` is one of ListPrefabs, or empty while nothing is chosen.

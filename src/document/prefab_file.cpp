@@ -87,6 +87,16 @@ std::optional<Prefab> ReadPrefab(std::span<const std::byte> bytes) {
   return prefab;
 }
 
+bool AppendPrefab(MapDocument& document, const Prefab& prefab) {
+  const auto append = [](auto& table, const auto& records) {
+    return std::ranges::all_of(records, [&](const auto& record) { return table.Append(record); });
+  };
+  const bool polygonsFit = append(document.polygons, prefab.polygons);
+  const bool sceneriesFit = append(document.sceneries, prefab.sceneries);
+  const bool collidersFit = append(document.colliders, prefab.colliders);
+  return polygonsFit && sceneriesFit && collidersFit;
+}
+
 std::vector<std::byte> WritePrefab(const MapDocument& document) {
   std::vector<std::byte> bytes;
   std::array<char, kAuthorLength> author{};

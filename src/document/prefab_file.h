@@ -38,6 +38,9 @@ bool HasPossibleCounts(const PrefabHeader& header);
 /// than they promise.
 [[nodiscard]] std::optional<Prefab> ReadPrefab(std::span<const std::byte> bytes);
 
+/// Adds a prefab's records to a map as far as they fit; false when not all did.
+bool AppendPrefab(MapDocument& document, const Prefab& prefab);
+
 /// The map's polygons, sceneries and colliders as they stand in memory.
 std::vector<std::byte> WritePrefab(const MapDocument& document);
 

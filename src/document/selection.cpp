@@ -1,29 +1,14 @@
 #include "document/selection.h"
 
 #include <algorithm>
-#include <cmath>
-#include <limits>
 
+#include "document/extent.h"
 #include "document/numbers.h"
 
 namespace vesmora {
 namespace {
 
 constexpr float kSmallestExtent = 4.0f;  // world units
-
-/// The stretch of one axis that is taken up. What is infinite or no number does not count:
-/// moves that follow from it would carry it into every other object.
-struct Extent {
-  float low = std::numeric_limits<float>::max();
-  float high = std::numeric_limits<float>::lowest();
-
-  void Include(float value) {
-    if (!std::isfinite(value)) return;
-    low = std::min(low, value);
-    high = std::max(high, value);
-  }
-  bool Empty() const { return low > high; }
-};
 
 void Widen(float& low, float& high) {
   if (high - low >= kSmallestExtent) return;

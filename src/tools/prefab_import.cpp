@@ -33,17 +33,6 @@ void SelectAppended(Editing& editing, const TableCounts& before) {
   ListFrom(before.colliders, document.colliders, selection.colliders);
 }
 
-/// False when not all records fitted.
-bool AppendPrefab(MapDocument& document, const Prefab& prefab) {
-  const auto append = [](auto& table, const auto& records) {
-    return std::ranges::all_of(records, [&](const auto& record) { return table.Append(record); });
-  };
-  const bool polygonsFit = append(document.polygons, prefab.polygons);
-  const bool sceneriesFit = append(document.sceneries, prefab.sceneries);
-  const bool collidersFit = append(document.colliders, prefab.colliders);
-  return polygonsFit && sceneriesFit && collidersFit;
-}
-
 /// What is wrong with a file whose records cannot be read.
 std::string DamageOf(const PrefabHeader& header) {
   if (HasPossibleCounts(header)) return "is damaged: it holds less than it promises.";
@@ -77,10 +66,6 @@ std::optional<Prefab> LoadPrefab(const Editing& editing, const std::string& path
   return prefab;
 }
 
-void TellOverflow(const Editing& editing) {
-  Refuse(editing, "Some of imported objects couldn't be pasted");
-}
-
 /// Letters are set where they belong; placing the text is what is undone.
 void ShiftLetters(Editing& editing, WorldPoint offset) {
   ShiftSelected(editing.document, editing.selection, offset, editing.tool.next.noTextureCorrection);
@@ -99,32 +84,30 @@ void SetLetter(Editing& editing, const TableCounts& before) {
 
 }  // namespace
 
-bool ImportPrefab(Editing& editing, const std::string& path, ImportManner manner) {
+void ImportPrefab(Editing& editing, const std::string& path, ImportManner manner) {
   const bool isPlaced = manner == ImportManner::kPlaced;
   ChangeTool(editing, ToolMode::kEdit);
   ClearSelection(editing);
   const std::optional<Prefab> prefab = LoadPrefab(editing, path, manner);
-  if (!prefab) return true;
+  if (!prefab) return;
 
   const TableCounts before = CountsOf(editing.document);
   const bool allFitted = AppendPrefab(editing.document, *prefab);
   SelectAppended(editing, before);
-  if (!allFitted && isPlaced) TellOverflow(editing);
+  if (!allFitted && isPlaced) Refuse(editing, "Some of imported objects couldn't be pasted");
   UpdateSelectionBox(editing.selection, editing.document);
   if (isPlaced && !editing.selection.Empty()) BeginPlacement(editing);
-  return allFitted;
 }
 
 void PlaceAuthorText(Editing& editing, const std::string& text, const std::string& alphabetFolder) {
   editing.activity.Finish(editing);
   Selection& selection = editing.selection;
   const TableCounts before = CountsOf(editing.document);
-  bool allFitted = true;
   for (const char character : LowerCaseSingleByte(text)) {
     const int code = static_cast<unsigned char>(character);
     const std::string letter = alphabetFolder + std::to_string(code) + ".pre";
     if (FileExists(editing.ports.files, letter)) {
-      allFitted = ImportPrefab(editing, letter, ImportManner::kQuiet) && allFitted;
+      ImportPrefab(editing, letter, ImportManner::kQuiet);
       SetLetter(editing, before);
     } else {
       SelectAppended(editing, before);
@@ -132,7 +115,6 @@ void PlaceAuthorText(Editing& editing, const std::string& text, const std::strin
     }
   }
   SelectAppended(editing, before);
-  if (!allFitted) TellOverflow(editing);
   UpdateSelectionBox(selection, editing.document);
   selection.moveSnapshotTaken = !selection.Empty();  // the step "Author" is the one
   if (!selection.Empty()) BeginPlacement(editing);

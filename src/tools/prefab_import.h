@@ -14,12 +14,11 @@ enum class ImportManner {
 };
 
 /// Appends a prefab's objects, as far as they fit, and selects them alone. `shiftDown`
-/// of the state lets a prefab of another version be read. False when not all fitted.
-bool ImportPrefab(Editing& editing, const std::string& path, ImportManner manner);
+/// of the state lets a prefab of another version be read.
+void ImportPrefab(Editing& editing, const std::string& path, ImportManner manner);
 
 /// Writes a text on the map with the letter prefabs of a folder, to place with the
-/// mouse. `text` is single-byte; characters without a letter leave a gap. That not all fitted is
-/// told once.
+/// mouse. `text` is single-byte; characters without a letter leave a gap.
 void PlaceAuthorText(Editing& editing, const std::string& text, const std::string& alphabetFolder);
 
 }  // namespace vesmora

@@ -228,9 +228,12 @@ TEST(ImportDialogTest, OnlyAChosenPrefabIsImported) {
   EXPECT_FALSE(import->isEnabled());
   for (int i = 0; i < 3; ++i) QTest::keyClick(list, Qt::Key_Down);
   EXPECT_EQ(text("lName") + " " + text("lMaara2"), "z Err\nErr\nErr");
+  const QImage blank = dialog.findChild<QWidget*>("pKuva")->grab().toImage();
   EXPECT_FALSE(import->isEnabled());
+  EXPECT_EQ(blank.pixelColor(0, 0), kMapBackground);
   for (int i = 0; i < 2; ++i) QTest::keyClick(list, Qt::Key_Up);
   EXPECT_EQ(text("lName") + " " + text("lMaara2"), "a 1\n0\n0");
+  EXPECT_NE(dialog.findChild<QWidget*>("pKuva")->grab().toImage(), blank);
   QTest::keyClick(list, Qt::Key_Down);
   EXPECT_TRUE(import->isEnabled());
   QTimer::singleShot(0, import, &QPushButton::click);

@@ -23,6 +23,7 @@ Import::Import(const Editor& editor, QWidget* parent)
       editor_(editor),
       names_(ListPrefabs(editor.ports)),
       files_(new QListWidget),
+      picture_(new MapPicture),
       folder_(MakeLabel("lHakemisto")),
       name_(MakeLabel("lName")),
       author_(MakeLabel("lAuthor")),
@@ -43,7 +44,12 @@ Import::Import(const Editor& editor, QWidget* parent)
   for (const std::string& name : names_) files_->addItem(ToQt(name));
   // Otherwise the first file would be taken as chosen as soon as the list has the focus.
   files_->setCurrentIndex({});
-  column->addWidget(files_, 1);
+  picture_->setObjectName("pKuva");
+  picture_->setAccessibleName("Picture of the prefab");
+  auto* choice = new QHBoxLayout;
+  choice->addWidget(files_, 2);
+  choice->addWidget(picture_, 3);
+  column->addLayout(choice, 1);
   BuildDetails(*column);
 
   import_->setObjectName("cImport");
@@ -61,7 +67,9 @@ Import::Import(const Editor& editor, QWidget* parent)
   connect(import_, &QPushButton::clicked, this, &QDialog::accept);
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
   ShowChoice();
-  resize(420, 440);
+  // By the font: a list of usual names, a picture as high, and the numbers below them.
+  const int line = fontMetrics().lineSpacing();
+  resize(line * 36, line * 28);
 }
 
 void Import::BuildDetails(QBoxLayout& column) {
@@ -81,12 +89,13 @@ void Import::BuildDetails(QBoxLayout& column) {
 }
 
 void Import::ShowChoice() {
-  const ImportContents contents = ShowPrefab(editor_, ChosenName());
+  ImportContents contents = ShowPrefab(editor_, ChosenName());
   name_->setText(ToQt(contents.lName));
   author_->setText(ToQt(contents.lAuthor));
   left_->setText(ToQt(contents.lMaara));
   counts_->setText(ToQt(contents.lMaara2));
   import_->setEnabled(contents.canImport);
+  picture_->Show(std::move(contents.map));
 }
 
 std::string Import::Choose() {

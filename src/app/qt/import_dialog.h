@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "app/prefab_commands.h"
+#include "view/qt/map_picture.h"
 
 class QBoxLayout;
 
@@ -33,6 +34,7 @@ class Import final : public QDialog {
   const Editor& editor_;
   const std::vector<std::string> names_;  // by row
   QListWidget* files_;
+  MapPicture* picture_;
   QLabel* folder_;
   QLabel* name_;
   QLabel* author_;

@@ -7,10 +7,6 @@
 namespace vesmora {
 namespace {
 
-/// Every colour of the drawing, white edges and both grid greys included, stands
-/// out from this one.
-constexpr QColor kBackground(172, 190, 172);
-
 MouseButton ToButton(Qt::MouseButton button) {
   switch (button) {
     case Qt::NoButton:
@@ -34,7 +30,7 @@ MouseInput ToInput(const QMouseEvent& event) {
 
 }  // namespace
 
-MapSurface::MapSurface(QWidget* parent) : QWidget(parent), canvas_(font(), kBackground) {
+MapSurface::MapSurface(QWidget* parent) : QWidget(parent), canvas_(font(), kMapBackground) {
   setObjectName("Map");
   setAccessibleName("Map");
   setMouseTracking(true);
@@ -62,7 +58,7 @@ void MapSurface::Draw(const MapScene& scene) {
 void MapSurface::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
   if (frame_.isNull()) {
-    painter.fillRect(event->rect(), kBackground);
+    painter.fillRect(event->rect(), kMapBackground);
     return;
   }
   painter.setClipRegion(event->region());

@@ -17,6 +17,9 @@
 
 namespace vesmora {
 
+/// Every colour of the drawing, white edges and both grid greys included, stands out from this one.
+inline constexpr QColor kMapBackground(172, 190, 172);
+
 /// Lives as long as the surface it serves: labels and their pens are made once
 /// and kept, so that a redraw allocates nothing per primitive. Positions become
 /// whole pixels of the image, not of the window: at any scale equal steps differ
