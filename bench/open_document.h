@@ -72,6 +72,7 @@ struct IdleWorld {
             .shell = shell,
             .programs = programs,
             .random = [] { return 0.5; },
+            .timeOfDay = [] { return std::string(); },
             .tempFolder = {},
             .programFolder = {},
             .gameFolder = {}};

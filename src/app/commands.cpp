@@ -69,6 +69,11 @@ std::span<const std::string_view> MenuCaptions() { return kMenuCaptions; }
 
 std::span<const Command> Commands() { return kCommands; }
 
+void RunCommand(Editor& editor, const Command& command) {
+  editor.note.clear();
+  command.action(editor);
+}
+
 std::string_view CaptionOf(const Command& command, const Editor& editor) {
   return command.action == MenuUndo ? editor.journal.caption : command.caption;
 }

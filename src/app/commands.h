@@ -29,6 +29,9 @@ struct Command {
 /// In menu order.
 std::span<const Command> Commands();
 
+/// As the menu and the shortcut do it.
+void RunCommand(Editor& editor, const Command& command);
+
 /// The caption as it is now: Undo names the step it takes back.
 std::string_view CaptionOf(const Command& command, const Editor& editor);
 

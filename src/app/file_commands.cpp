@@ -74,6 +74,7 @@ bool SaveTo(Editor& editor, const std::string& path) {
   }
   TellSaveStatus(editor, path, report.status);
   TellSaveFindings(editor, report.findings);
+  if (report.status.Ok()) editor.note = "Saved " + editor.ports.timeOfDay();
   return report.status.Ok();
 }
 

@@ -17,6 +17,7 @@ float ArrowStep(KeyModifiers held) {
 bool MoveByArrow(Editor& editor, WorldPoint direction, KeyModifiers held) {
   if (!editor.IsTool(ToolMode::kEdit) || editor.selection.Empty()) return false;
   const float step = ArrowStep(held);
+  editor.note.clear();
   MoveSelection(editor, {step * direction.x, step * direction.y});
   RedrawMap(editor);
   return true;

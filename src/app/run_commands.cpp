@@ -46,7 +46,11 @@ void MenuRunMaker(Editor& editor) {
   if (!problem.empty()) TellRunError(editor, problem);
 }
 
-bool MenuRunCompile(Editor& editor) { return CompileSectors(editor); }
+bool MenuRunCompile(Editor& editor) {
+  if (!CompileSectors(editor)) return false;
+  editor.note = "Compiled: sectors of " + std::to_string(editor.document.sectorDivision);
+  return true;
+}
 
 void MenuRunSoldat(Editor& editor) {
   const Ports& ports = editor.ports;

@@ -52,8 +52,10 @@ void MenuUndo(Editor& editor) {
     return;
   }
   editor.selection.moveSnapshotTaken = false;
+  const std::string undone = editor.journal.NewestAction();
   ConsumeUndoStep(editor.journal);
   ChangeTool(editor, editor.document.toolIndex);
+  if (undone != kHelpAction) editor.note = "Undone: " + undone;
 }
 
 void MenuHelp(Editor& editor) {

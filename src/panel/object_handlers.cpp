@@ -11,6 +11,7 @@ namespace {
 
 constexpr double kSmallestCollider = 2;
 constexpr double kLargestCollider = 999;
+constexpr const char* kEnterApplies = "Enter applies";  // while a text is typed
 
 /// True, with the user told, when Edit has nothing of the kind to work on.
 template <typename List>
@@ -109,12 +110,16 @@ void CBscenery2_Click(PanelEditing& editing, const std::string& text) {
 }
 
 void CBscenery2_Change(PanelEditing& editing, const std::string& text) {
-  if (!editing.IsTool(ToolMode::kAddScenery)) return;
+  if (!editing.IsTool(ToolMode::kAddScenery)) {
+    editing.note = kEnterApplies;
+    return;
+  }
   editing.panel.contents.CBscenery2.text = text;
   editing.tool.next.visibility = text;
 }
 
 void CBcollider_Change(PanelEditing& editing, const std::string& text) {
+  editing.note = kEnterApplies;
   if (!editing.IsTool(ToolMode::kAddCollider)) return;
   editing.panel.contents.CBcollider.text = text;
   editing.tool.next.colliderSize = text;

@@ -7,6 +7,7 @@ void RunHandler(PanelEditing& editing, const PanelHandler& handler) {
   if (panelRefreshing) return;
   panelRefreshing = true;
   const std::int16_t stepBefore = editing.journal.undoSlot;
+  editing.note.clear();
   handler(editing);
   panelRefreshing = false;
   editing.activity.KeepChanges(editing, editing.journal.undoSlot != stepBefore);

@@ -21,7 +21,8 @@ struct Ports {
   Settings& settings;
   Shell& shell;
   Programs& programs;
-  std::function<double()> random;  // uniform in [0, 1)
+  std::function<double()> random;          // uniform in [0, 1)
+  std::function<std::string()> timeOfDay;  // "15:03"
   // Folders end with a slash.
   std::string tempFolder;     // of this user's own; empty when there is none
   std::string programFolder;  // the program with Prefab, Alphabet and Help

@@ -28,10 +28,11 @@ struct Clipboard {
     VisitTables(*this, [](auto& table) { table.Clear(); });
     overflow = false;
   }
-  bool Empty() const {
-    return polygons.Empty() && spawns.Empty() && sceneries.Empty() && colliders.Empty() &&
-           waypoints.Empty();
+  int Count() const {
+    return polygons.Count() + spawns.Count() + sceneries.Count() + colliders.Count() +
+           waypoints.Count();
   }
+  bool Empty() const { return Count() == 0; }
 };
 
 }  // namespace vesmora

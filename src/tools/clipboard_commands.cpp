@@ -97,6 +97,10 @@ void ReconnectPasted(Editing& editing, int first) {
   }
 }
 
+std::string CountText(const Clipboard& clipboard) {
+  return std::to_string(clipboard.Count()) + (clipboard.Count() == 1 ? " object" : " objects");
+}
+
 }  // namespace
 
 void MenuCopy(Editing& editing) {
@@ -118,6 +122,7 @@ void MenuCopy(Editing& editing) {
   clipboard.box = selection.box;
   if (selection.Empty()) Deselect(selection);  // the lists may have been cut to nothing
   RefreshAll(editing);
+  editing.note = "Copied " + CountText(clipboard);
 }
 
 void MenuPaste(Editing& editing) {
@@ -147,7 +152,9 @@ void MenuPaste(Editing& editing) {
     Refuse(editing, "Some of copied objects couldnt be pasted");
     overflow = false;
   }
-  if (!selection.Empty()) MenuCopy(editing);
+  if (selection.Empty()) return;
+  MenuCopy(editing);
+  editing.note = "Pasted " + CountText(clipboard);
 }
 
 }  // namespace vesmora

@@ -25,6 +25,7 @@ struct Editing : EditedMap {
   Activity activity;
   Clipboard clipboard;
   PointerShape pointer = PointerShape::kDefault;
+  std::string note;        // what the last command has done, until something else is done
   bool shiftDown = false;  // as last seen by the window's key events
   bool ctrlDown = false;
   Ports ports;

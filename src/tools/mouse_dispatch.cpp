@@ -34,6 +34,7 @@ bool Hovers(ToolMode tool) {
 
 void PressMouse(Editing& editing, const MouseInput& input) {
   ViewTransform& view = editing.view;
+  editing.note.clear();
   view.lastMouseX = input.x;
   view.lastMouseY = input.y;
   if (input.button == MouseButton::kRight) view.panning = true;

@@ -58,6 +58,7 @@ void ChangeTool(Editing& editing, ToolMode mode) {
     editing.activity.Forget();
   }
   EndActivity(editing);
+  editing.note.clear();
   editing.document.toolIndex = mode;
   editing.tool.value = 0;
   if (mode == ToolMode::kEdit) {

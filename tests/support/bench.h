@@ -97,6 +97,7 @@ struct Bench {
                                      .shell = shell,
                                      .programs = programs,
                                      .random = [this] { return nextRandom; },
+                                     .timeOfDay = [] { return std::string("15:03"); },
                                      .tempFolder = folder / "temp/",
                                      .programFolder = folder / "game/Vesmora/",
                                      .gameFolder = folder / "game/"});

@@ -7,6 +7,7 @@
 #include <QLayout>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QTime>
 #include <QTimer>
 #include <memory>
 #include <random>
@@ -55,6 +56,7 @@ Ports MakePorts(Dialogs& dialogs, WindowPort& window, Settings& settings, Shell&
           .shell = shell,
           .programs = programs,
           .random = MakeRandomSource(),
+          .timeOfDay = [] { return QTime::currentTime().toString("hh:mm").toStdString(); },
           .tempFolder = PrivateTempFolder(SystemFileCalls(), status),
           .programFolder = Native(programFolder),
           .gameFolder = Native(gameFolder)};
@@ -167,7 +169,10 @@ void Ikkuna::BuildMenus() {
     QAction* action = menu->addAction(ToQt(command.caption));
     action->setObjectName(ToQt(command.name));
     action->setShortcut(QKeySequence(ToQt(command.shortcut), QKeySequence::PortableText));
-    On(action, &QAction::triggered, [this, run = command.action] { run(editor_); });
+    On(action, &QAction::triggered, [this, &command] {
+      RunCommand(editor_, command);
+      shortcutModifiers_ = Qt::NoModifier;
+    });
     actions_.push_back(action);
   }
   ShowMenus();
@@ -267,14 +272,27 @@ void Ikkuna::LayOut() {
 }
 
 bool Ikkuna::event(QEvent* event) {
-  // What a dialog opens over must be up to date.
-  if (event->type() == QEvent::WindowBlocked) BringUpToDate();
+  if (event->type() == QEvent::WindowBlocked) {
+    ReleaseShortcut();
+    BringUpToDate();  // a dialog opens over it
+  }
   return QMainWindow::event(event);
+}
+
+/// A dialog has opened: who used a shortcut for it lets go of its keys there, and this window
+/// would never hear of it.
+void Ikkuna::ReleaseShortcut() {
+  if (shortcutModifiers_.testFlag(Qt::ShiftModifier)) KeyUp(editor_, Key::kShift);
+  if (shortcutModifiers_.testFlag(Qt::ControlModifier)) KeyUp(editor_, Key::kCtrl);
 }
 
 bool Ikkuna::eventFilter(QObject* watched, QEvent* event) {
   const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
-  if (isKey && IsFirstReceiver(watched) && FilterKey(event)) return true;
+  if (isKey && FilterKey(watched, event)) return true;
+  if (event->type() == QEvent::Shortcut && watched->inherits("QAction")) {
+    const QKeySequence& keys = static_cast<const QShortcutEvent*>(event)->key();
+    shortcutModifiers_ = keys[0].keyboardModifiers();
+  }
   if (watched == client_ && event->type() == QEvent::Resize) {
     LayOut();
     BringUpToDate();
@@ -292,19 +310,23 @@ bool Ikkuna::IsFirstReceiver(const QObject* watched) const {
   return isActiveWindow() && watched == (focused != nullptr ? focused : this);
 }
 
-bool Ikkuna::FilterKey(QEvent* event) {
+/// Shift and Ctrl are followed wherever in this window they go, its menus included; all other
+/// keys are the map's only where they come first.
+bool Ikkuna::FilterKey(const QObject* watched, const QEvent* event) {
   const auto& keyEvent = static_cast<const QKeyEvent&>(*event);
   const Key key = ToKey(keyEvent);
-  if (event->type() == QEvent::KeyPress) {
-    const Qt::KeyboardModifiers held = keyEvent.modifiers();
-    const bool isUsed = KeyDown(
-        editor_, key,
-        {.shift = held.testFlag(Qt::ShiftModifier), .ctrl = held.testFlag(Qt::ControlModifier)});
-    BringUpToDate();
-    return isUsed;
-  }
-  if (!keyEvent.isAutoRepeat()) KeyUp(editor_, key);
-  return false;
+  const bool isModifier = key == Key::kShift || key == Key::kCtrl;
+  const bool isOurs =
+      isModifier ? QApplication::activeModalWidget() == nullptr : IsFirstReceiver(watched);
+  if (!isOurs) return false;
+  const Qt::KeyboardModifiers held = keyEvent.modifiers();
+  const bool isPress = event->type() == QEvent::KeyPress;
+  const bool isUsed = isPress && KeyDown(editor_, key,
+                                         {.shift = held.testFlag(Qt::ShiftModifier),
+                                          .ctrl = held.testFlag(Qt::ControlModifier)});
+  if (!isPress && !keyEvent.isAutoRepeat()) KeyUp(editor_, key);
+  BringUpToDate();
+  return isUsed;
 }
 
 void Ikkuna::changeEvent(QEvent* event) {

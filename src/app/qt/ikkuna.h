@@ -66,7 +66,8 @@ class Ikkuna final : public QMainWindow, private WindowPort {
   static QSize FirstSize();
   void EnforceMinimumSize();
   bool IsFirstReceiver(const QObject* watched) const;
-  bool FilterKey(QEvent* event);
+  bool FilterKey(const QObject* watched, const QEvent* event);
+  void ReleaseShortcut();
 
   QtDialogs dialogs_;
   QtSettings settings_;
@@ -76,6 +77,7 @@ class Ikkuna final : public QMainWindow, private WindowPort {
   bool mapIsStale_ = false;
   bool panelIsStale_ = false;
   PointerShape shownPointer_ = PointerShape::kDefault;
+  Qt::KeyboardModifiers shortcutModifiers_;  // of the command that runs, when a shortcut began it
   std::optional<RecentFiles> shownRecent_;
   bool activated_ = false;
   bool firstResize_ = true;
