@@ -60,11 +60,9 @@ Ports MakePorts(Dialogs& dialogs, WindowPort& window, Settings& settings, Shell&
           .gameFolder = Native(gameFolder)};
 }
 
-QFrame* AddSeam(QWidget* parent, const char* name, const char* accessibleName) {
+QFrame* AddSeam(QWidget* parent, const char* name) {
   auto* frame = new QFrame(parent);
   frame->setObjectName(name);
-  frame->setAccessibleName(accessibleName);
-  frame->setFrameStyle(QFrame::Panel | QFrame::Raised);
   frame->setAutoFillBackground(true);
   return frame;
 }
@@ -143,7 +141,7 @@ void Ikkuna::BuildPanels() {
   pyla_ = new ToolPanel(client_);
   pala_ = new ViewPanel(client_);
   ppalkki_ = new InfoPanel(client_);
-  fmaski_ = {AddSeam(client_, "Fmaski0", ""), AddSeam(client_, "Fmaski1", "")};
+  fmaski_ = {AddSeam(client_, "Fmaski0"), AddSeam(client_, "Fmaski1")};
   pala_->ShowState(editor_.view, {});  // seen behind a message at the start
 }
 
@@ -255,14 +253,17 @@ void Ikkuna::LayOut() {
   QMainWindow::layout()->activate();  // so that the client area has its size
   const int width = client_->width();
   const int height = client_->height();
-  const WindowLayout layout = ComputeLayout(width, height);
+  sizes_ = MeasurePanels();
+  const WindowLayout layout = ComputeLayout(sizes_, width, height);
+  pala_->SetCovered(layout.palaCovered);
+  pyla_->SetCovered(layout.pylaCovered);
   surface_->setGeometry(0, 0, width, height);
   Place(ppalkki_, layout.ppalkki);
   Place(pala_, layout.pala);
   Place(pyla_, layout.pyla);
   Place(fmaski_[0], layout.fmaski0);
   Place(fmaski_[1], layout.fmaski1);
-  editor_.view.area = ComputeDrawingArea(width, height);
+  editor_.view.area = ComputeDrawingArea(width, height, sizes_);
   MapChanged();
 }
 
@@ -275,8 +276,12 @@ bool Ikkuna::event(QEvent* event) {
 bool Ikkuna::eventFilter(QObject* watched, QEvent* event) {
   const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
   if (isKey && IsFirstReceiver(watched) && FilterKey(event)) return true;
-  if (watched == client_ && event->type() == QEvent::Resize) {
+  const bool isResize = event->type() == QEvent::Resize;
+  const bool isRequest = event->type() == QEvent::LayoutRequest;
+  // A panel asks when it needs another size: the font or the style has changed.
+  if (watched == client_ && (isResize || (isRequest && sizes_ != MeasurePanels()))) {
     LayOut();
+    EnforceMinimumSize();
     BringUpToDate();
   }
   const bool isPanel = watched == pala_ || watched == ppalkki_ || watched == pyla_;
