@@ -20,7 +20,9 @@ void CaptionFrame::Highlight(bool isHighlighted) {
 // Not by a style sheet: the frame would get another shape and place.
 void CaptionFrame::initStyleOption(QStyleOptionGroupBox* option) const {
   QGroupBox::initStyleOption(option);
-  if (isHighlighted_) option->textColor = QColor(255, 0, 0);
+  if (!isHighlighted_) return;
+  option->textColor = QColor(255, 0, 0);
+  option->palette.setColor(QPalette::WindowText, option->textColor);  // what some styles go by
 }
 
 }  // namespace vesmora

@@ -138,14 +138,16 @@ void InfoPanel::BuildSceneryFrame(QBoxLayout& column) {
             .dropDown = CBscenery2_DropDown,
             .enter = CBscenery2_Enter,
             .change = CBscenery2_Change},
-           &PanelContents::CBscenery2, kVisibilities);
+           &PanelContents::CBscenery2, kVisibilities)
+      ->setToolTip("How opaque the sceneries are; Enter applies a number that is typed");
 }
 
 void InfoPanel::BuildColliderFrame(QBoxLayout& column) {
   auto* inside = AddToolFrame(column, "Collider info", "Fcollider", ToolMode::kAddCollider);
   AddCombo(*inside, "Size", "CBcollider",
            {.click = CBcollider_Click, .enter = CBcollider_Enter, .change = CBcollider_Change},
-           &PanelContents::CBcollider, kColliderSizes);
+           &PanelContents::CBcollider, kColliderSizes)
+      ->setToolTip("Radius of the colliders; Enter applies a number that is typed");
 }
 
 void InfoPanel::BuildWaypointFrame(QBoxLayout& column) {

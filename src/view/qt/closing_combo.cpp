@@ -9,12 +9,12 @@ void ClosingCombo::showPopup() {
   isOpen_ = true;
   QComboBox::showPopup();
   // Queued: mouse and keys select an item just before they make it the current one.
-  const auto type = static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::UniqueConnection);
-  connect(view()->selectionModel(), &QItemSelectionModel::selectionChanged, this,
-          &ClosingCombo::ChooseSelected, type);
+  selecting_ = connect(view()->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+                       &ClosingCombo::ChooseSelected, Qt::QueuedConnection);
 }
 
 void ClosingCombo::hidePopup() {
+  disconnect(selecting_);
   QComboBox::hidePopup();
   if (!isOpen_) return;
   isOpen_ = false;

@@ -25,6 +25,7 @@ class ClosingCombo : public QComboBox {
  private:
   void ChooseSelected();
 
+  QMetaObject::Connection selecting_;  // while the list is open
   bool isOpen_ = false;  // the toolkit also hides a list that was never shown
 };
 
