@@ -5,18 +5,14 @@
 namespace vesmora {
 namespace {
 
-constexpr int kSwatchMargin = 4;  // pixels, around the colour of a disabled button
+// Pixels.
+constexpr int kSwatchMargin = 4;  // around the colour of a disabled button
+constexpr int kFocusRing = 2;
 
 /// Whichever of black and white can be read on the colour.
 QColor ContrastTo(const QColor& color) {
   const int brightness = (color.red() * 299 + color.green() * 587 + color.blue() * 114) / 1000;
   return brightness < 128 ? Qt::white : Qt::black;
-}
-
-/// A line of one pixel along the inside of `rect`.
-void DrawLineAround(QPainter& painter, const QRect& rect, const QColor& color) {
-  painter.setPen(QPen(color, 1));
-  painter.drawRect(rect.adjusted(0, 0, -1, -1));
 }
 
 }  // namespace
@@ -53,22 +49,22 @@ void ColorButton::paintEvent(QPaintEvent* event) {
   }
   QPainter painter(this);
   const QColor contrast = ContrastTo(*color_);
+  QRect face = rect();
+  // Filled, not drawn: at fractions of a scale lines would fall short of the edge.
+  const auto addRing = [&painter, &face](const QColor& color, int pixels) {
+    painter.fillRect(face, color);
+    face.adjust(pixels, pixels, -pixels, -pixels);
+  };
   if (!isEnabled()) {  // the colour on a sheet, without the frame that invites to press it
-    painter.fillRect(rect(), palette().color(QPalette::Window));
-    painter.fillRect(rect().adjusted(kSwatchMargin, kSwatchMargin, -kSwatchMargin, -kSwatchMargin),
-                     *color_);
+    addRing(palette().color(QPalette::Window), kSwatchMargin);
+  } else if (hasFocus()) {
+    addRing(palette().color(QPalette::Highlight), kFocusRing);
+    addRing(contrast, 1);
   } else {
-    painter.fillRect(rect(), *color_);
-    DrawLineAround(painter, rect(), palette().color(QPalette::WindowText));
+    addRing(palette().color(QPalette::WindowText), 1);
   }
-  if (hasFocus()) {
-    const QColor focus = palette().color(QPalette::Highlight);
-    DrawLineAround(painter, rect(), focus);
-    DrawLineAround(painter, rect().adjusted(1, 1, -1, -1), focus);
-    DrawLineAround(painter, rect().adjusted(2, 2, -2, -2), contrast);
-  } else if (isDown()) {
-    DrawLineAround(painter, rect().adjusted(1, 1, -1, -1), contrast);
-  }
+  if (isDown()) addRing(contrast, 1);
+  painter.fillRect(face, *color_);
   const QRect place = isDown() ? rect().translated(1, 1) : rect();
   painter.setPen(contrast);
   painter.drawText(place, Qt::AlignCenter | Qt::TextShowMnemonic, text());

@@ -106,6 +106,7 @@ PanelCombo* InfoPanel::AddCombo(QBoxLayout& column, const QString& caption, cons
       name, handlers.enter != nullptr ? PanelCombo::Kind::kEditable : PanelCombo::Kind::kList,
       values);
   auto* row = AddRow(column);
+  row->setSpacing(2 * kSpacing);
   auto* label = new QLabel(caption);
   label->setBuddy(combo);
   row->addWidget(label);

@@ -119,6 +119,7 @@ void InfoPanel::BuildPolygonFrame(QBoxLayout& column) {
       ->setToolTip("Take the texture off the polygons of the selected corners");
   TickBox* box =
       MakeBox("Passable", "CBverticeLapi", CBverticeLapi_Click, &PanelContents::CBverticeLapi);
+  buttons->addSpacing(2 * kSpacing);
   box->setToolTip("Players can go through the polygons of the selected corners");
   buttons->addWidget(box);
 }

@@ -5,13 +5,13 @@
 
 namespace vesmora {
 
-inline constexpr int kFrameMargin = 4;  // pixels
+inline constexpr int kFrameMargin = 4;  // pixels, at the sides
 inline constexpr int kSpacing = 2;
 
 template <typename Layout>
 Layout* LayoutIn(QWidget* frame) {
   auto* layout = new Layout(frame);
-  layout->setContentsMargins(kFrameMargin, kSpacing, kFrameMargin, kFrameMargin);
+  layout->setContentsMargins(kFrameMargin, 0, kFrameMargin, kSpacing);
   layout->setSpacing(kSpacing);
   return layout;
 }

@@ -7,6 +7,12 @@
 #include <algorithm>
 
 namespace vesmora {
+namespace {
+
+// Pixels: at fractions of a scale a line is a little longer and lower than its metrics say.
+constexpr int kSlack = 2;
+
+}  // namespace
 
 int WidestWidth(const QFontMetrics& metrics, const QString& text) {
   QChar widestDigit = '0';
@@ -36,7 +42,7 @@ QSize ElidedLabel::sizeHint() const {
   ensurePolished();
   const QFontMetrics metrics = fontMetrics();
   const int lines = static_cast<int>(widest_.count('\n')) + 1;
-  return {WidestWidth(metrics, widest_), lines * metrics.lineSpacing()};
+  return {WidestWidth(metrics, widest_) + kSlack, lines * metrics.lineSpacing() + kSlack};
 }
 
 bool ElidedLabel::IsCut() const {
@@ -54,16 +60,21 @@ bool ElidedLabel::event(QEvent* event) {
   return QLabel::event(event);
 }
 
+// Line by line: at fractions of a scale the toolkit's own lines grow farther apart than the metrics
+// say, and the last one would not fit.
 void ElidedLabel::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   const QFontMetrics metrics = fontMetrics();
   const QStringList lines = text().split('\n');
-  QStringList shown;
+  const int height = static_cast<int>(lines.size()) * metrics.lineSpacing();
+  QRect place = style()->alignedRect(layoutDirection(), alignment(), {width(), height}, rect());
+  place.setHeight(metrics.lineSpacing());
   for (const QString& line : lines) {
-    shown << metrics.elidedText(line, Qt::ElideRight, width());
+    style()->drawItemText(&painter, place, static_cast<int>(alignment()) | Qt::TextSingleLine,
+                          palette(), isEnabled(), metrics.elidedText(line, Qt::ElideRight, width()),
+                          foregroundRole());
+    place.translate(0, metrics.lineSpacing());
   }
-  style()->drawItemText(&painter, rect(), static_cast<int>(alignment()), palette(), isEnabled(),
-                        shown.join('\n'), foregroundRole());
 }
 
 }  // namespace vesmora
