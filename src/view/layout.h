@@ -15,11 +15,15 @@ struct PanelRect {
   bool operator==(const PanelRect&) const = default;
 };
 
-/// The panels' own sizes in pixels.
-inline constexpr int kPpalkkiWidth = 332;
-inline constexpr int kPalaHeight = 40;
-inline constexpr int kPylaHeight = 40;
-inline constexpr int kFmaskiWidth = 12;
+/// What the panels take in the user's font, in pixels.
+struct PanelSizes {
+  int ppalkkiWidth = 332;
+  int palaHeight = 40;
+  int pylaHeight = 40;
+  int stripWidth = 0;  // the least in which both strips show all of their controls
+
+  bool operator==(const PanelSizes&) const = default;
+};
 
 struct WindowSize {
   int width = 0;
@@ -28,8 +32,9 @@ struct WindowSize {
   bool operator==(const WindowSize&) const = default;
 };
 
-/// Smallest outer size of the window, frame and menu bar included.
-WindowSize MinimumWindowSize();
+/// Smallest size of the window without its frame, menu bar included. `frame` is what the frame
+/// adds; together they fit on `screen`.
+WindowSize MinimumWindowSize(const PanelSizes& sizes, WindowSize frame, WindowSize screen);
 
 struct WindowLayout {
   PanelRect ppalkki;  // properties, on the right
@@ -37,10 +42,16 @@ struct WindowLayout {
   PanelRect pyla;     // tools, along the top
   PanelRect fmaski0;  // covers the seam between Pala and Ppalkki
   PanelRect fmaski1;  // covers the seam between Pyla and Ppalkki
+  // How much of a strip's right end lies under other panels.
+  int palaCovered = 0;
+  int pylaCovered = 0;
 };
 
-WindowLayout ComputeLayout(int clientWidth, int clientHeight);
+WindowLayout ComputeLayout(const PanelSizes& sizes, int clientWidth, int clientHeight);
 
-DrawingArea ComputeDrawingArea(int clientWidth, int clientHeight);
+/// What is seen of the strips between the window's left edge and the seams, in pixels.
+int StripRoom(const PanelSizes& sizes, int clientWidth);
+
+DrawingArea ComputeDrawingArea(int clientWidth, int clientHeight, const PanelSizes& sizes = {});
 
 }  // namespace vesmora

@@ -1,61 +1,23 @@
 // The widgets of the property panel, wired to the handlers as the window wires them.
-#include "panel/qt/info_panel.h"
-
 #include <gmock/gmock.h>
 
-#include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QAccessible>
-#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QRadioButton>
-#include <QScrollArea>
 #include <QSet>
-#include <QTest>
 
-#include "support/panel_bench.h"
-#include "view/layout.h"
+#include "qt/panel_window.h"
 
 namespace vesmora {
 namespace {
 
 using testing::ElementsAre;
 
-constexpr auto kEdit = ToolMode::kEdit;
-
-class InfoPanelTest : public testing::Test, protected PanelBench {
+class InfoPanelTest : public PanelWindow {
  protected:
-  InfoPanelTest() {
-    QObject::connect(&widget, &InfoPanel::Triggered, &widget,
-                     [this](const InfoPanel::Handler& handler) {
-                       ++triggered;
-                       Handle(handler);
-                       widget.Apply(shown);
-                     });
-    widget.resize(ComputeLayout(MinimumWindowSize().width, 700).ppalkki.width, 1000);
-    parent.resize(widget.size());
-    parent.show();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&parent));
-    Refresh(kEdit, "");
-  }
-
-  void Refresh(ToolMode tool, const std::string& listed) {
-    Show(tool, listed);
-    widget.Apply(shown);
-    QCoreApplication::processEvents();
-  }
-  template <typename Widget = QWidget>
-  Widget* Find(const QString& name) {
-    auto* found = widget.findChild<Widget*>(name);
-    if (found == nullptr) ADD_FAILURE() << "no " << name.toStdString();
-    return found;
-  }
-  void Click(const char* name) {
-    auto* button = Find<QAbstractButton>(name);
-    QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(8, button->height() / 2));
-  }
   void Type(const char* name, const char* text, Qt::Key last) {
     auto* combo = Find<QComboBox>(name);
     combo->setFocus();
@@ -71,10 +33,6 @@ class InfoPanelTest : public testing::Test, protected PanelBench {
     return text.toStdString() + " of " + std::to_string(combo->count());
   }
   int Tick(const char* name) { return Find<QCheckBox>(name)->checkState(); }
-
-  QWidget parent;
-  InfoPanel& widget = *new InfoPanel(&parent);
-  int triggered = 0;
 };
 
 TEST_F(InfoPanelTest, ShowsItsContents) {
@@ -87,25 +45,12 @@ TEST_F(InfoPanelTest, ShowsItsContents) {
   EXPECT_EQ(Text("CBscenery"), "Barrel of 22");
   EXPECT_EQ(Text("CBscenery2"), "78% of 5");  // not in the list
   EXPECT_EQ(Text("CBcollider"), "20.5 of 4");
-  const QImage face = Find("CBverticevari")->grab().toImage();
-  const QColor color = face.pixelColor(6, face.height() / 2);  // shaded a little by the style
-  EXPECT_NEAR(color.red(), 10, 16);
-  EXPECT_NEAR(color.blue(), 30, 16);
   Refresh(kEdit, "w0");
   EXPECT_TRUE(Find<QRadioButton>("OBbotKumpi1")->isChecked());
   EXPECT_EQ(Text("CBspawn") + Text("CBscenery2") + Text("CBcollider"), " of 0 of 0 of 4");
   for (const char* name : {"CByhista", "CBverticeLapi", "CBspawn"}) {
     EXPECT_FALSE(Find(name)->isEnabled()) << name;
   }
-  const std::array frames = {"Fvertice", "Fspawn", "Fscenery", "Fcollider", "Fbot"};
-  for (int tool = 5; tool >= 0; --tool) {
-    Refresh(static_cast<ToolMode>(tool), "");
-    for (std::size_t i = 0; i < frames.size(); ++i) {
-      EXPECT_EQ(Find(frames[i])->styleSheet().contains("rgb(255, 0, 0)"),
-                static_cast<int>(i) + 1 == tool);
-    }
-  }
-  EXPECT_EQ(Find("CBverticevari")->palette(), Find("CByhista")->palette()) << "grey again";
   EXPECT_EQ(triggered, 0) << "showing never counts as choosing";
 }
 
@@ -169,32 +114,24 @@ TEST_F(InfoPanelTest, TypedTextsCountWithEnterOnlyAndOpenedListsOfferRealValues)
   EXPECT_EQ(map.spawns[0].team, 2);
 }
 
-TEST_F(InfoPanelTest, EveryControlIsReachedByTheKeyboardNamedAndWhole) {
-  constexpr int kMenuBar = 30;  // what menu bar and frame take at most
-  const WindowSize minimum = MinimumWindowSize();
-  const PanelRect place = ComputeLayout(minimum.width, minimum.height - kMenuBar).ppalkki;
-  widget.resize(place.width, place.height);
-  map.fileName = "/maps/A_name_that_is_somewhat_longer.pmp";
-  Refresh(kEdit, "v0.0 v1.0 s0 s1 o0 o1 c0 w0 w1");
-  QTest::qWait(20);
-  const auto* scroll = widget.findChild<QScrollArea*>();
-  EXPECT_LE(scroll->widget()->width(), scroll->viewport()->width());
+TEST_F(InfoPanelTest, TheKeyboardReachesEveryControlAndShowsWhereItIs) {
+  Refresh(kEdit, kMany);
   QSet<QString> reached;
   QTest::keyClick(&widget, Qt::Key_Tab);
-  for (int i = 0; i < 60; ++i) {
-    reached << QApplication::focusWidget()->objectName();
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  for (QWidget* focused = QApplication::focusWidget(); !reached.contains(focused->objectName());
+       focused = QApplication::focusWidget()) {
+    reached << focused->objectName();
+    const QImage picture = focused->grab().toImage();
+    QTest::keyClick(focused, Qt::Key_Tab);
+    EXPECT_NE(focused->grab().toImage(), picture) << focused->objectName().toStdString();
   }
-  for (auto* control : scroll->widget()->findChildren<QWidget*>()) {
-    const bool isButton = control->inherits("QAbstractButton");
-    if (!(isButton || control->inherits("QComboBox")) || control->objectName().isEmpty()) continue;
+  for (auto* control : widget.findChildren<QWidget*>()) {
+    const bool isOurs = control->inherits("QAbstractButton") || control->inherits("QComboBox");
+    if (!isOurs || control->objectName().isEmpty()) continue;
     const std::string name = control->objectName().toStdString();
     EXPECT_TRUE(reached.contains(control->objectName())) << name;
     EXPECT_FALSE(QAccessible::queryAccessibleInterface(control)->text(QAccessible::Name).isEmpty())
         << name;
-    const QRect inside(control->mapTo(scroll->widget(), QPoint(0, 0)), control->size());
-    EXPECT_TRUE(scroll->widget()->rect().contains(inside)) << name;
-    EXPECT_TRUE(!isButton || control->width() >= control->minimumSizeHint().width()) << name;
   }
   QTest::keyClick(Find("OBbotKumpi2"), Qt::Key_Space);
   EXPECT_EQ(map.waypoints[0].path, 2);

@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDir>
-#include <QKeyEvent>
 #include <QLayout>
 #include <QMenuBar>
 #include <QMimeData>
@@ -12,7 +11,7 @@
 #include <memory>
 #include <random>
 
-#include "app/keys.h"
+#include "app/hints.h"
 #include "app/prefab_commands.h"
 #include "app/program_folders.h"
 #include "app/qt/about.h"
@@ -62,11 +61,9 @@ Ports MakePorts(Dialogs& dialogs, WindowPort& window, Settings& settings, Shell&
           .gameFolder = Native(gameFolder)};
 }
 
-QFrame* AddSeam(QWidget* parent, const char* name, const char* accessibleName) {
+QFrame* AddSeam(QWidget* parent, const char* name) {
   auto* frame = new QFrame(parent);
   frame->setObjectName(name);
-  frame->setAccessibleName(accessibleName);
-  frame->setFrameStyle(QFrame::Panel | QFrame::Raised);
   frame->setAutoFillBackground(true);
   return frame;
 }
@@ -87,33 +84,6 @@ Qt::CursorShape CursorOf(PointerShape shape) {
       break;
   }
   return Qt::ArrowCursor;
-}
-
-Key ToKey(const QKeyEvent& event) {
-  const bool isKeypad = event.modifiers().testFlag(Qt::KeypadModifier);
-  const bool isWithAlt = event.modifiers().testFlag(Qt::AltModifier);
-  switch (event.key()) {
-    case Qt::Key_Shift:
-      return Key::kShift;
-    case Qt::Key_Control:
-      return Key::kCtrl;
-    case Qt::Key_Left:
-      return Key::kLeft;
-    case Qt::Key_Up:
-      return isWithAlt ? Key::kOther : Key::kUp;  // opens the list of a combo box
-    case Qt::Key_Right:
-      return Key::kRight;
-    case Qt::Key_Down:
-      return isWithAlt ? Key::kOther : Key::kDown;
-    case Qt::Key_Escape:
-      return Key::kEscape;
-    case Qt::Key_Plus:
-      return isKeypad ? Key::kKeypadPlus : Key::kOther;
-    case Qt::Key_Minus:
-      return isKeypad ? Key::kKeypadMinus : Key::kOther;
-    default:
-      return Key::kOther;
-  }
 }
 
 /// The local file that is dropped; empty for anything else, or for several at once.
@@ -145,7 +115,7 @@ void Ikkuna::BuildPanels() {
   pyla_ = new ToolPanel(client_);
   pala_ = new ViewPanel(client_);
   ppalkki_ = new InfoPanel(client_);
-  fmaski_ = {AddSeam(client_, "Fmaski0", ""), AddSeam(client_, "Fmaski1", "")};
+  fmaski_ = {AddSeam(client_, "Fmaski0"), AddSeam(client_, "Fmaski1")};
   pala_->ShowState(editor_.view, {});  // seen behind a message at the start
 }
 
@@ -260,14 +230,17 @@ void Ikkuna::LayOut() {
   QMainWindow::layout()->activate();  // so that the client area has its size
   const int width = client_->width();
   const int height = client_->height();
-  const WindowLayout layout = ComputeLayout(width, height);
+  sizes_ = MeasurePanels();
+  const WindowLayout layout = ComputeLayout(sizes_, width, height);
+  pala_->SetCovered(layout.palaCovered);
+  pyla_->SetCovered(layout.pylaCovered);
   surface_->setGeometry(0, 0, width, height);
   Place(ppalkki_, layout.ppalkki);
   Place(pala_, layout.pala);
   Place(pyla_, layout.pyla);
   Place(fmaski_[0], layout.fmaski0);
   Place(fmaski_[1], layout.fmaski1);
-  editor_.view.area = ComputeDrawingArea(width, height);
+  editor_.view.area = ComputeDrawingArea(width, height, sizes_);
   MapChanged();
 }
 
@@ -279,54 +252,21 @@ bool Ikkuna::event(QEvent* event) {
   return QMainWindow::event(event);
 }
 
-/// A dialog has opened: who used a shortcut for it lets go of its keys there, and this window
-/// would never hear of it.
-void Ikkuna::ReleaseShortcut() {
-  if (shortcutModifiers_.testFlag(Qt::ShiftModifier)) KeyUp(editor_, Key::kShift);
-  if (shortcutModifiers_.testFlag(Qt::ControlModifier)) KeyUp(editor_, Key::kCtrl);
-}
-
 bool Ikkuna::eventFilter(QObject* watched, QEvent* event) {
   const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
   if (isKey && FilterKey(watched, event)) return true;
-  if (event->type() == QEvent::Shortcut && watched->inherits("QAction")) {
-    const QKeySequence& keys = static_cast<const QShortcutEvent*>(event)->key();
-    shortcutModifiers_ = keys[0].keyboardModifiers();
-  }
-  if (watched == client_ && event->type() == QEvent::Resize) {
+  if (event->type() == QEvent::Shortcut) NoteShortcut(watched, event);
+  const bool isResize = event->type() == QEvent::Resize;
+  const bool isRequest = event->type() == QEvent::LayoutRequest;
+  // A panel asks when it needs another size: the font or the style has changed.
+  if (watched == client_ && (isResize || (isRequest && sizes_ != MeasurePanels()))) {
     LayOut();
+    EnforceMinimumSize();
     BringUpToDate();
   }
   const bool isPanel = watched == pala_ || watched == ppalkki_ || watched == pyla_;
   if (isPanel && event->type() == QEvent::MouseButtonPress) pala_->setFocus();
   return QMainWindow::eventFilter(watched, event);
-}
-
-/// An unused key climbs from the focused widget through its parents, each of which
-/// passes by here: only the first time counts.
-bool Ikkuna::IsFirstReceiver(const QObject* watched) const {
-  const QWidget* focused = focusWidget();
-  if (focused == menuBar()) return false;  // its arrows walk through the menus
-  return isActiveWindow() && watched == (focused != nullptr ? focused : this);
-}
-
-/// Shift and Ctrl are followed wherever in this window they go, its menus included; all other
-/// keys are the map's only where they come first.
-bool Ikkuna::FilterKey(const QObject* watched, const QEvent* event) {
-  const auto& keyEvent = static_cast<const QKeyEvent&>(*event);
-  const Key key = ToKey(keyEvent);
-  const bool isModifier = key == Key::kShift || key == Key::kCtrl;
-  const bool isOurs =
-      isModifier ? QApplication::activeModalWidget() == nullptr : IsFirstReceiver(watched);
-  if (!isOurs) return false;
-  const Qt::KeyboardModifiers held = keyEvent.modifiers();
-  const bool isPress = event->type() == QEvent::KeyPress;
-  const bool isUsed = isPress && KeyDown(editor_, key,
-                                         {.shift = held.testFlag(Qt::ShiftModifier),
-                                          .ctrl = held.testFlag(Qt::ControlModifier)});
-  if (!isPress && !keyEvent.isAutoRepeat()) KeyUp(editor_, key);
-  BringUpToDate();
-  return isUsed;
 }
 
 void Ikkuna::changeEvent(QEvent* event) {
@@ -366,6 +306,8 @@ void Ikkuna::BringUpToDate() {
   if (std::exchange(panelIsStale_, false)) ShowPanel();
   if (mapIsStale_ && !editor_.redrawSuppressed) ShowMap();
   pala_->ShowState(editor_.view, editor_.pointerText);
+  WriteHint(hint_, editor_);
+  pala_->ShowHint(hint_);
   ShowMenus();
   if (std::exchange(shownPointer_, editor_.pointer) != editor_.pointer) {
     surface_->setCursor(CursorOf(editor_.pointer));

@@ -14,6 +14,7 @@
 #include "platform/qt/qt_settings.h"
 #include "platform/qt/qt_shell.h"
 #include "tools/qt/tool_panel.h"
+#include "view/layout.h"
 #include "view/qt/map_surface.h"
 #include "view/qt/view_panel.h"
 
@@ -63,10 +64,12 @@ class Ikkuna final : public QMainWindow, private WindowPort {
   void ShowPanel();
   void ShowMap();
   void ShowMenus();
+  PanelSizes MeasurePanels() const;
   static QSize FirstSize();
   void EnforceMinimumSize();
   bool IsFirstReceiver(const QObject* watched) const;
   bool FilterKey(const QObject* watched, const QEvent* event);
+  void NoteShortcut(const QObject* watched, const QEvent* event);
   void ReleaseShortcut();
 
   QtDialogs dialogs_;
@@ -78,14 +81,17 @@ class Ikkuna final : public QMainWindow, private WindowPort {
   bool panelIsStale_ = false;
   PointerShape shownPointer_ = PointerShape::kDefault;
   Qt::KeyboardModifiers shortcutModifiers_;  // of the command that runs, when a shortcut began it
+  std::string hint_;                         // as shown
   std::optional<RecentFiles> shownRecent_;
   bool activated_ = false;
   bool firstResize_ = true;
-  bool isReady_ = false;  // from the end of the first activation until the window is closed
+  bool isFrameKnown_ = false;  // the window manager has put its frame around the window
+  bool isReady_ = false;       // from the end of the first activation until the window is closed
   /// As the settings have it, until the window has a normal place: started maximised, it
   /// would forget its own otherwise.
   std::optional<WindowPlacement> unusedPlacement_;
 
+  PanelSizes sizes_;           // by which the panels lie now
   QWidget* client_ = nullptr;  // everything below the menu bar
   MapSurface* surface_ = nullptr;
   InfoPanel* ppalkki_ = nullptr;

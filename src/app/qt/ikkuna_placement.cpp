@@ -1,6 +1,7 @@
 // Where the window stands, and how small it may be.
 #include <QApplication>
 #include <QScreen>
+#include <algorithm>
 
 #include "app/qt/ikkuna.h"
 #include "app/window_placement.h"
@@ -89,12 +90,28 @@ void Ikkuna::resizeEvent(QResizeEvent* event) {
   EnforceMinimumSize();
 }
 
-/// The minimum counts the frame that the window manager draws, which is known
-/// only once the window is up.
+/// Even sizes: the view's centre then lies between pixels no more than the window's own does.
+PanelSizes Ikkuna::MeasurePanels() const {
+  const auto even = [](int size) { return size + size % 2; };
+  PanelSizes sizes;
+  sizes.ppalkkiWidth = even(ppalkki_->WidthFor(client_->height()));
+  const int room = StripRoom(sizes, client_->width());
+  sizes.palaHeight = even(pala_->HeightFor(room));
+  sizes.pylaHeight = pyla_->HeightFor(room);
+  sizes.stripWidth = std::max(pala_->RowWidth(), pyla_->RowWidth());
+  return sizes;
+}
+
+/// The minimum counts the frame that the window manager draws, which is known only once the
+/// window is up. Until then there is none: a window that was left at its smallest would grow.
 void Ikkuna::EnforceMinimumSize() {
-  const WindowSize minimum = MinimumWindowSize();
   const QSize frame = frameGeometry().size() - size();
-  setMinimumSize(minimum.width - frame.width(), minimum.height - frame.height());
+  isFrameKnown_ = isFrameKnown_ || isActiveWindow() || !frame.isNull();
+  if (!isFrameKnown_) return;
+  const QSize room = screen()->availableSize();
+  const WindowSize minimum =
+      MinimumWindowSize(sizes_, {frame.width(), frame.height()}, {room.width(), room.height()});
+  setMinimumSize(minimum.width, minimum.height);
 }
 
 }  // namespace vesmora

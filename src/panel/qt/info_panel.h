@@ -2,12 +2,8 @@
 // click on as a call of the control's handler; they decide nothing.
 #pragma once
 
-#include <QCheckBox>
 #include <QFrame>
-#include <QGroupBox>
-#include <QLabel>
 #include <QPushButton>
-#include <QRadioButton>
 #include <array>
 #include <functional>
 #include <optional>
@@ -17,6 +13,13 @@
 
 #include "panel/panel_contents.h"
 #include "panel/panel_editing.h"
+#include "panel/qt/caption_frame.h"
+#include "panel/qt/color_button.h"
+#include "panel/qt/panel_combo.h"
+#include "view/qt/elided_label.h"
+#include "view/qt/option_button.h"
+#include "view/qt/panel_scroll.h"
+#include "view/qt/tick_box.h"
 
 class QBoxLayout;
 
@@ -33,6 +36,9 @@ class InfoPanel final : public QFrame {
   /// Touches only what differs from what is shown.
   void Apply(const PanelContents& contents);
 
+  /// Pixels in which all controls are seen at that height, with a scroll bar if it is too little.
+  int WidthFor(int height) const;
+
  Q_SIGNALS:
   void Triggered(const vesmora::InfoPanel::Handler& handler);
   /// A text is being typed: like Triggered, but the keyboard stays where it is.
@@ -41,34 +47,13 @@ class InfoPanel final : public QFrame {
   /// A list has been closed, with or without a choice.
   void ListClosed();
 
- private:
-  void BuildMapInfo(QBoxLayout& column);
-  void BuildShowBoxes(QBoxLayout& row);
-  void BuildSummary(QBoxLayout& row);
-  void BuildVertexFrame(QBoxLayout& column);
-  void BuildPolygonFrame(QBoxLayout& column);
-  void BuildSpawnFrame(QBoxLayout& column);
-  void BuildSceneryFrame(QBoxLayout& column);
-  void BuildColliderFrame(QBoxLayout& column);
-  void BuildWaypointFrame(QBoxLayout& column);
+ protected:
+  void changeEvent(QEvent* event) override;
 
-  QBoxLayout* AddToolFrame(QBoxLayout& column, const char* caption, const char* name,
-                           ToolMode tool);
+ private:
   /// Which part of the contents a control shows.
   template <typename Part>
   using PartOf = std::function<const Part&(const PanelContents&)>;
-
-  /// From now on `apply` is called with `widget` and its part of what is to be shown.
-  template <typename Widget, typename Part, typename Show>
-  void Bind(Widget* widget, PartOf<Part> part, Show apply);
-
-  QLabel* MakeLabel(const char* name, PartOf<std::string> part);
-  void AddButton(QBoxLayout& row, const char* caption, const char* name, Handler handler,
-                 PartOf<ButtonContents> part);
-  QCheckBox* MakeBox(const QString& caption, const QString& name,
-                     std::function<void(PanelEditing&, bool)> handler, PartOf<CheckContents> part);
-  void AddOption(QBoxLayout& row, const QString& caption, const QString& name, Handler handler,
-                 PartOf<OptionContents> part);
   struct ComboHandlers {
     using TextHandler = void (*)(PanelEditing& editing, const std::string& text);
 
@@ -78,15 +63,50 @@ class InfoPanel final : public QFrame {
     TextHandler enter = nullptr;
     TextHandler change = nullptr;
   };
-  void AddCombo(QBoxLayout& column, const QString& caption, const QString& name,
-                const ComboHandlers& handlers, PartOf<ComboContents> part,
-                std::span<const std::string_view> values);
-  void ApplyHighlight(ToolMode tool);
+
+  void BuildMapInfo(QBoxLayout& column);
+  void BuildShowBoxes(QBoxLayout& row);
+  void BuildSummary(QBoxLayout& row);
+  void BuildVertexFrame(QBoxLayout& column);
+  void BuildPolygonFrame(QBoxLayout& column);
+  void BuildSpawnFrame(QBoxLayout& column);
+  void BuildSceneryFrame(QBoxLayout& column);
+  void BuildColliderFrame(QBoxLayout& column);
+  void BuildWaypointFrame(QBoxLayout& column);
+  void BuildPathOptions(QBoxLayout& column);
+  void BuildBotBoxes(QBoxLayout& column);
+
+  /// From now on `apply` is called with `widget` and its part of what is to be shown.
+  template <typename Widget, typename Part, typename Show>
+  void Bind(Widget* widget, PartOf<Part> part, Show apply) {
+    controls_.push_back([widget, part = std::move(part), apply](const PanelContents& contents) {
+      apply(widget, part(contents));
+    });
+  }
+  ElidedLabel* MakeLabel(const char* name, const QString& widest, PartOf<std::string> part);
+  QPushButton* AddButton(QBoxLayout& row, const char* caption, const char* name, Handler handler,
+                         PartOf<ButtonContents> part);
+  void AddColorButton(QBoxLayout& row, const char* caption, const char* name, const char* purpose,
+                      Handler handler, PartOf<ButtonContents> part);
+  TickBox* MakeBox(const QString& caption, const QString& name,
+                   std::function<void(PanelEditing&, bool)> handler, PartOf<CheckContents> part);
+  OptionButton* AddOption(QBoxLayout& row, const QString& caption, const QString& name,
+                          Handler handler, PartOf<OptionContents> part);
+  PanelCombo* AddCombo(QBoxLayout& column, const QString& caption, const QString& name,
+                       const ComboHandlers& handlers, PartOf<ComboContents> part,
+                       std::span<const std::string_view> values);
+  QBoxLayout* AddToolFrame(QBoxLayout& column, const char* caption, const char* name,
+                           ToolMode tool);
+  void PlaceAuthor();
+
+  PanelScroll* scroll_ = nullptr;
+  ElidedLabel* mapNames_ = nullptr;
+  QBoxLayout* besideMapNames_ = nullptr;
 
   std::optional<PanelContents> shown_;
 
   std::vector<std::function<void(const PanelContents&)>> controls_;
-  std::array<QGroupBox*, 6> toolFrames_{};  // by ToolMode; none for Edit
+  std::array<CaptionFrame*, 6> toolFrames_{};  // by ToolMode; none for Edit
 };
 
 }  // namespace vesmora

@@ -3,11 +3,15 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QSignalBlocker>
+#include <QStyleOptionComboBox>
+#include <algorithm>
 
 #include "platform/qt/qt_text.h"
 
 namespace vesmora {
 namespace {
+
+constexpr int kLineEditMargins = 8;  // pixels: what a line edit keeps free, and its cursor
 
 std::span<const std::string_view> ItemsOf(ComboList list,
                                           std::span<const std::string_view> values) {
@@ -18,9 +22,9 @@ std::span<const std::string_view> ItemsOf(ComboList list,
 
 }  // namespace
 
-PanelCombo::PanelCombo(const QString& name, Kind kind) {
+PanelCombo::PanelCombo(const QString& name, Kind kind, std::span<const std::string_view> values)
+    : values_(values) {
   setObjectName(name);
-  setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   connect(this, &QComboBox::textActivated, this, &PanelCombo::Touched);
   connect(this, &QComboBox::textActivated, this, &PanelCombo::Chosen);
   if (kind == Kind::kList) return;
@@ -33,9 +37,9 @@ PanelCombo::PanelCombo(const QString& name, Kind kind) {
   connect(lineEdit(), &QLineEdit::textEdited, this, &PanelCombo::Typed);
 }
 
-void PanelCombo::Show(const ComboContents& contents, std::span<const std::string_view> values) {
+void PanelCombo::Show(const ComboContents& contents) {
   const QSignalBlocker quiet(this);
-  const auto items = ItemsOf(contents.list, values);
+  const auto items = ItemsOf(contents.list, values_);
   if (items.size() != items_.size()) {
     clear();
     for (const std::string_view item : items) addItem(ToQt(item));
@@ -51,9 +55,26 @@ void PanelCombo::ShowText(const QString& text) {
   setCurrentIndex(index);
   if (isEditable()) {
     setEditText(text);
-  } else if (index < 0) {
-    setPlaceholderText(text);  // a text that is not in the list
+    return;
   }
+  // A text that is not in the list is no value to the toolkit.
+  const QString outside = index < 0 ? text : "";
+  setPlaceholderText(outside);
+  setAccessibleDescription(outside);
+}
+
+QSize PanelCombo::sizeHint() const {
+  int width = 0;
+  for (const std::string_view value : values_) {
+    width = std::max(width, fontMetrics().horizontalAdvance(ToQt(value)));
+  }
+  if (isEditable()) width += kLineEditMargins;
+  QStyleOptionComboBox option;
+  initStyleOption(&option);
+  const QSize contents(width, fontMetrics().height());
+  const int boxWidth =
+      style()->sizeFromContents(QStyle::CT_ComboBox, &option, contents, this).width();
+  return {boxWidth, ClosingCombo::sizeHint().height()};
 }
 
 void PanelCombo::showPopup() {

@@ -16,13 +16,16 @@ class PanelCombo final : public ClosingCombo {
  public:
   enum class Kind { kList, kEditable };
 
-  PanelCombo(const QString& name, Kind kind);
-
   /// `values` live as long as the box; "Many types", where there is such an item, is the last.
+  PanelCombo(const QString& name, Kind kind, std::span<const std::string_view> values);
+
   /// Fills the list anew only when another one is to be shown, and touches only what differs.
-  void Show(const ComboContents& contents, std::span<const std::string_view> values);
+  void Show(const ComboContents& contents);
 
   void showPopup() override;
+  /// Wide enough for each of the values, whatever the list holds now.
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override { return sizeHint(); }
 
  Q_SIGNALS:
   void AboutToOpen();
@@ -38,6 +41,7 @@ class PanelCombo final : public ClosingCombo {
  private:
   void ShowText(const QString& text);
 
+  std::span<const std::string_view> values_;
   std::span<const std::string_view> items_;
 };
 

@@ -1,15 +1,15 @@
 // Pyla, the strip above the map: one button for each tool.
 #pragma once
 
-#include <QFrame>
-#include <QRadioButton>
 #include <array>
 
 #include "document/tool_mode.h"
+#include "view/qt/option_button.h"
+#include "view/qt/panel_strip.h"
 
 namespace vesmora {
 
-class ToolPanel final : public QFrame {
+class ToolPanel final : public PanelStrip {
   Q_OBJECT
 
  public:
@@ -23,7 +23,7 @@ class ToolPanel final : public QFrame {
   void ToolChosen(vesmora::ToolMode tool);
 
  private:
-  std::array<QRadioButton*, kToolCount> buttons_{};
+  std::array<OptionButton*, kToolCount> buttons_{};
 };
 
 }  // namespace vesmora

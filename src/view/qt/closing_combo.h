@@ -1,5 +1,5 @@
 // A combo box that tells when its list has been closed, so that the keyboard can go
-// back to the map also when nothing was chosen.
+// back to the map also when nothing was chosen, and whose items assistive programs can choose.
 #pragma once
 
 #include <QComboBox>
@@ -23,6 +23,9 @@ class ClosingCombo : public QComboBox {
   void Closed();
 
  private:
+  void ChooseSelected();
+
+  QMetaObject::Connection selecting_;  // while the list is open
   bool isOpen_ = false;  // the toolkit also hides a list that was never shown
 };
 

@@ -1,18 +1,28 @@
 #include "view/qt/option_button.h"
 
 #include <QButtonGroup>
+#include <QSignalBlocker>
 
 namespace vesmora {
 
-QRadioButton* MakeOptionButton(const QString& caption, const QString& name) {
-  auto* button = new QRadioButton(caption);
-  button->setObjectName(name);
+OptionButton::OptionButton(const QString& caption, const QString& name) : QRadioButton(caption) {
+  setObjectName(name);
   // Among its like in one group only the chosen one would be a stop of the Tab key, and
   // without auto-exclusion it would call itself a check box.
-  auto* alone = new QButtonGroup(button);
+  auto* alone = new QButtonGroup(this);
   alone->setExclusive(false);
-  alone->addButton(button);
-  return button;
+  alone->addButton(this);
+  connect(this, &QRadioButton::clicked, this, &OptionButton::Chosen);
+  // Assistive programs toggle a button without clicking it; a click's own change is silent.
+  connect(this, &QRadioButton::toggled, this, [this] {
+    Show(true);
+    Q_EMIT Chosen();
+  });
+}
+
+void OptionButton::Show(bool isChosen) {
+  const QSignalBlocker quiet(this);
+  setChecked(isChosen);
 }
 
 }  // namespace vesmora

@@ -1,18 +1,18 @@
-// Pala, the strip below the map: zoom, grid and the pointer's position. It also
+// Pala, the strip below the map: zoom, grid, a hint and the pointer's position. It also
 // rests the keyboard focus, so that keys reach the map.
 #pragma once
 
-#include <QCheckBox>
-#include <QFrame>
-#include <QLabel>
 #include <string_view>
 
 #include "view/qt/closing_combo.h"
+#include "view/qt/elided_label.h"
+#include "view/qt/panel_strip.h"
+#include "view/qt/tick_box.h"
 #include "view/view_transform.h"
 
 namespace vesmora {
 
-class ViewPanel final : public QFrame {
+class ViewPanel final : public PanelStrip {
   Q_OBJECT
 
  public:
@@ -20,6 +20,9 @@ class ViewPanel final : public QFrame {
 
   /// Brings the controls in line with the view, without signals.
   void ShowState(const ViewTransform& view, std::string_view pointerText);
+
+  /// One line about what just happened or what comes next; empty for none.
+  void ShowHint(std::string_view hint);
 
  Q_SIGNALS:
   void ZoomChosen(int index);
@@ -29,10 +32,13 @@ class ViewPanel final : public QFrame {
   void ListClosed();
 
  private:
+  ClosingCombo* AddList(const QString& caption, const QString& name, const QString& tip);
+
   ClosingCombo* zoom_;
   ClosingCombo* grid_;
-  QCheckBox* fixed_;
-  QLabel* position_;
+  TickBox* fixed_;
+  ElidedLabel* hint_;
+  ElidedLabel* position_;
 };
 
 }  // namespace vesmora

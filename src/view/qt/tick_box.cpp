@@ -1,0 +1,27 @@
+#include "view/qt/tick_box.h"
+
+#include <QSignalBlocker>
+
+namespace vesmora {
+
+TickBox::TickBox(const QString& caption, const QString& name) : QCheckBox(caption) {
+  setObjectName(name);
+  connect(this, &QCheckBox::clicked, this, [this] { Q_EMIT Ticked(isChecked()); });
+  // Assistive programs toggle a box without clicking it; a click's own change is silent.
+  connect(this, &QCheckBox::toggled, this, [this] {
+    Step();
+    Q_EMIT Ticked(isChecked());
+  });
+}
+
+void TickBox::Show(Qt::CheckState state) {
+  shown_ = state;
+  if (checkState() == state) return;  // setting it again would paint it again
+  const QSignalBlocker quiet(this);
+  setTristate(state == Qt::PartiallyChecked);
+  setCheckState(state);
+}
+
+void TickBox::Step() { Show(shown_ == Qt::Checked ? Qt::Unchecked : Qt::Checked); }
+
+}  // namespace vesmora

@@ -1,0 +1,205 @@
+// What assistive programs are offered does what a click does, and tells what is shown.
+#include <QAbstractItemView>
+#include <QAccessible>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QRadioButton>
+#include <QSet>
+#include <QSignalSpy>
+
+#include "qt/panel_window.h"
+#include "tools/qt/tool_panel.h"
+#include "view/qt/view_panel.h"
+
+namespace vesmora {
+namespace {
+
+/// Runs an action that an assistive program is offered for a control.
+void Do(QAccessibleInterface* reader, const QString& action) {
+  ASSERT_NE(reader, nullptr);
+  ASSERT_NE(reader->actionInterface(), nullptr);
+  EXPECT_TRUE(reader->actionInterface()->actionNames().contains(action)) << action.toStdString();
+  reader->actionInterface()->doAction(action);
+  QCoreApplication::processEvents();
+}
+
+void Do(QWidget* control, const QString& action) {
+  Do(QAccessible::queryAccessibleInterface(control), action);
+}
+
+class AssistiveTest : public PanelWindow {
+ protected:
+  /// What a deed does to the map, to what is shown and to what the handlers asked for.
+  std::string EffectOf(const std::function<void()>& deed) {
+    map = *before_;
+    editor.show = show_;
+    editor.tool.next = next_;
+    dialogs.answers = {true};
+    dialogs.chosenColors = {0x102030};
+    Refresh(kEdit, kMany);
+    TakeAsked();
+    triggered = 0;
+    deed();
+    std::string effect = std::to_string(triggered) + " " + TakeAsked() + " ";
+    for (const auto* button : widget.findChildren<QAbstractButton*>()) {
+      const auto* box = qobject_cast<const QCheckBox*>(button);
+      const int state = box != nullptr ? box->checkState() : (button->isChecked() ? 2 : 0);
+      effect += std::to_string(state);
+    }
+    for (const std::int16_t flag : editor.show.showFlags) effect += std::to_string(flag);
+    effect += std::to_string(editor.show.pathFilter);
+    effect += editor.tool.next.noTextureCorrection ? "n" : "c";
+    const Bytes image = ImageOf(map);
+    return effect + std::to_string(qHashBits(image.data(), image.size()));
+  }
+
+  const std::unique_ptr<MapDocument> before_ = std::make_unique<MapDocument>(map);
+  const decltype(editor.show) show_ = editor.show;
+  const decltype(editor.tool.next) next_ = editor.tool.next;
+};
+
+TEST_F(AssistiveTest, EveryButtonDoesWhatAClickDoes) {
+  map.waypoints[0].path = map.waypoints[1].path = 1;  // chosen
+  *before_ = map;
+  const QString nothing = QString::fromStdString(EffectOf([] {}));
+  QStringList names;
+  for (const auto* button : widget.findChildren<QAbstractButton*>()) {
+    if (button->objectName().startsWith("CB") || button->objectName().startsWith("OB")) {
+      names << button->objectName();
+    }
+  }
+  EXPECT_EQ(names.size(), 27);
+  for (const QString& name : names) {
+    SCOPED_TRACE(name.toStdString());
+    if (name == "CBauthor") continue;  // the window's own
+    auto* button = Find<QAbstractButton>(name);
+    const std::string clicked = EffectOf([&] { Click(name); });
+    EXPECT_TRUE(clicked.starts_with("1 ")) << clicked;
+    const std::string keyed = EffectOf([&] {
+      button->setFocus();
+      QTest::keyClick(button, Qt::Key_Space);
+    });
+    EXPECT_EQ(keyed, clicked);
+    const std::string assisted = EffectOf([&] {
+      Do(button, button->isCheckable() ? "Toggle" : "Press");
+      if (!button->isCheckable()) QTest::qWait(150);  // it is pressed for all to see
+    });
+    EXPECT_EQ(assisted, clicked);
+  }
+  // A grey box reads as grey; what is disabled offers nothing and says so.
+  EffectOf([] {});
+  auto state = [this](const char* name) {
+    return QAccessible::queryAccessibleInterface(Find(name))->state();
+  };
+  EXPECT_TRUE(state("CBbotValinta2").checkStateMixed);
+  EXPECT_TRUE(state("CBbotValinta0").checked);
+  EXPECT_TRUE(state("OBbotKumpi1").checked);
+  Refresh(kEdit, "");
+  EXPECT_TRUE(state("CBbotValinta2").disabled);
+  EXPECT_FALSE(QAccessible::queryAccessibleInterface(Find("CBbotValinta2"))
+                   ->actionInterface()
+                   ->actionNames()
+                   .contains("Toggle"));
+}
+
+TEST_F(AssistiveTest, EveryItemOfEveryListIsChosen) {
+  struct Choice {
+    const char* list;
+    const char* text;
+    const char* step;
+  };
+  for (const auto& [name, text, step] : {Choice{"CBspawn", "CTF Blue", "Step Type"},
+                                         {"CBscenery", "Big Crate", "Step Type"},
+                                         {"CBscenery2", "25%", "Step Visibility"},
+                                         {"CBcollider", "32", "Step Size"}}) {
+    SCOPED_TRACE(name);
+    auto* combo = Find<QComboBox>(name);
+    auto* reader = QAccessible::queryAccessibleInterface(combo);
+    const auto open = [&] {
+      Do(combo,
+         reader->actionInterface()->actionNames().contains("ShowMenu") ? "ShowMenu" : "Press");
+      EXPECT_TRUE(combo->view()->isVisible());
+    };
+    const std::string keyed = EffectOf([&] {
+      open();
+      for (int i = 0; i < combo->count(); ++i) {
+        if (combo->view()->currentIndex().data().toString() == text) break;
+        QTest::keyClick(combo->view(),
+                        combo->currentIndex() < 0 && i == 0 ? Qt::Key_Home : Qt::Key_Down);
+      }
+      QTest::keyClick(combo->view(), Qt::Key_Return);
+    });
+    EXPECT_THAT(keyed, testing::HasSubstr(step));
+    const std::string assisted = EffectOf([&] {
+      open();
+      auto* list = QAccessible::queryAccessibleInterface(combo->view());
+      for (int i = 0; i < list->childCount(); ++i) {
+        if (list->child(i)->text(QAccessible::Name) != text) continue;
+        Do(list->child(i), "Toggle");
+        break;
+      }
+    });
+    EXPECT_EQ(assisted, keyed);
+    EXPECT_EQ(combo->currentText(), text);
+    EXPECT_FALSE(combo->view()->isVisible());
+    EXPECT_EQ(reader->text(QAccessible::Value), text);
+  }
+  // A text that is not in the list is read, too.
+  auto* spawns = Find<QComboBox>("CBspawn");
+  EffectOf([&] { spawns->showPopup(), spawns->hidePopup(); });
+  EXPECT_EQ(QAccessible::queryAccessibleInterface(spawns)->text(QAccessible::Description),
+            "Many types");
+}
+
+TEST_F(AssistiveTest, ToolsAndTheGridAreChosen) {
+  QWidget strips;
+  ToolPanel tools(&strips);
+  ViewPanel view(&strips);
+  strips.show();
+  QList<ToolMode> chosen;
+  QObject::connect(&tools, &ToolPanel::ToolChosen, [&](ToolMode tool) {
+    chosen << tool;
+    tools.ShowTool(tool);
+  });
+  for (int i = 5; i >= 0; --i) {
+    auto* button = tools.findChild<QRadioButton*>(QString("OBvalinta%1").arg(i));
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(button)->role(), QAccessible::RadioButton);
+    for (int times = 0; times < 2; ++times) {  // the second time it is the chosen one
+      Do(button, "Toggle");
+      EXPECT_TRUE(button->isChecked());
+      EXPECT_EQ(chosen.last(), static_cast<ToolMode>(i));
+    }
+  }
+  EXPECT_EQ(chosen.size(), 12);
+  QSignalSpy fixed(&view, &ViewPanel::FixedGridToggled);
+  Do(view.findChild<QCheckBox*>(), "Toggle");
+  QTest::mouseClick(view.findChild<QCheckBox*>(), Qt::LeftButton, {}, QPoint(8, 8));
+  EXPECT_EQ(fixed, (QList<QVariantList>{{true}, {false}}));
+  QSignalSpy zoom(&view, &ViewPanel::ZoomChosen);
+  auto* list = view.findChild<QComboBox*>("CBzoom");
+  list->showPopup();
+  Do(QAccessible::queryAccessibleInterface(list->view())->child(3), "Toggle");
+  EXPECT_EQ(zoom, QList<QVariantList>{{3}});
+}
+
+TEST_F(AssistiveTest, EveryControlHasItsOwnNameAndExplainsItself) {
+  Refresh(kEdit, kMany);
+  QSet<QString> options;
+  for (auto* option : widget.findChildren<QRadioButton*>()) {
+    const QString name = QAccessible::queryAccessibleInterface(option)->text(QAccessible::Name);
+    EXPECT_TRUE(name.endsWith(option->text()));
+    EXPECT_FALSE(options.contains(name)) << name.toStdString();
+    options << name;
+  }
+  for (const char* name :
+       {"CBtausta1",     "CBtausta2",      "CBnayta6",      "CBverticevari", "CByhista",
+        "CBerota",       "CBtexEiKorjaus", "CBtexPalauta",  "CBtexPoista",   "CBverticeLapi",
+        "CBscenery2",    "CBcollider",     "OBbotNayta0",   "OBbotNayta1",   "OBbotNayta2",
+        "OBbotKumpi1",   "OBbotKumpi2",    "CBbotValinta0", "CBbotValinta1", "CBbotValinta2",
+        "CBbotValinta3", "CBbotValinta4"}) {
+    EXPECT_GT(Find(name)->toolTip().size(), 15) << name;
+  }
+}
+
+}  // namespace
+}  // namespace vesmora
