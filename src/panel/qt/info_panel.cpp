@@ -28,7 +28,7 @@ InfoPanel::InfoPanel(QWidget* parent) : QFrame(parent) {
   BuildSpawnFrame(*row);
   BuildColliderFrame(*row);
   BuildWaypointFrame(*column);
-  column->addStretch();
+  column->addStretch(1);
 
   scroll_ = new PanelScroll(Qt::Vertical, content);
   auto* whole = new QVBoxLayout(this);

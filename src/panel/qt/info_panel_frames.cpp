@@ -45,7 +45,7 @@ void InfoPanel::BuildMapInfo(QBoxLayout& column) {
   auto* buttons = AddRow(column);
   auto* author = new QPushButton("Author...");
   author->setObjectName("CBauthor");
-  author->setToolTip("Write the author's name with polygons");
+  author->setToolTip("Set the author's name and write it on the map");
   connect(author, &QPushButton::clicked, this, &InfoPanel::AuthorClicked);
   buttons->addWidget(author);
   AddColorButton(*buttons, "Upper", "CBtausta1", "Choose the background's colour at the top",
@@ -148,7 +148,7 @@ void InfoPanel::BuildColliderFrame(QBoxLayout& column) {
   AddCombo(*inside, "Size", "CBcollider",
            {.click = CBcollider_Click, .enter = CBcollider_Enter, .change = CBcollider_Change},
            &PanelContents::CBcollider, kColliderSizes)
-      ->setToolTip("Radius of the colliders; Enter applies a number that is typed");
+      ->setToolTip("Diameter of the colliders; Enter applies a number that is typed");
 }
 
 void InfoPanel::BuildWaypointFrame(QBoxLayout& column) {
