@@ -1,69 +1,24 @@
 // Where the window's parts lie, how small it may be, and where it stands again.
-#include <gtest/gtest.h>
-
-#include <QAbstractButton>
-#include <QApplication>
 #include <QComboBox>
 #include <QLabel>
-#include <QMessageBox>
-#include <QTest>
-#include <QTimer>
-#include <array>
-#include <memory>
 
-#include "app/qt/ikkuna.h"
-#include "support/scratch_folder.h"
+#include "real_window.h"
 
 namespace vesmora {
 namespace {
 
-class IkkunaLayoutTest : public testing::Test {
+class IkkunaLayoutTest : public RealWindow {
  protected:
-  IkkunaLayoutTest() {
-    for (const char* name : kFolders) qputenv(name, QByteArray::fromStdString(folder_.Path()));
-    QObject::connect(&boxCloser_, &QTimer::timeout, [] {
-      auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-      if (box != nullptr) box->accept();
-    });
-    boxCloser_.start(5);
-    Start();
-  }
-  ~IkkunaLayoutTest() override {
-    window_.reset();
-    QApplication::setFont(font_);
-    for (const char* name : kFolders) qunsetenv(name);
-  }
-
-  void Start() {
-    window_ = std::make_unique<Ikkuna>();
-    window_->show();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(window_.get()));
-    window_->Activate("");
-    window_->activateWindow();  // the missing game's box was in front
-    EXPECT_TRUE(QTest::qWaitForWindowActive(window_.get()));
-    Settle();
-  }
-  static void Settle() {
-    for (int i = 0; i < 10; ++i) QCoreApplication::processEvents();
-  }
   void SetPointSize(int points) {
-    QFont font = font_;
-    font.setPointSize(points);
-    QApplication::setFont(font);
+    QFont sized = font;
+    sized.setPointSize(points);
+    QApplication::setFont(sized);
     Settle();
-  }
-  void Resize(int width, int height) {
-    window_->resize(width, height);
-    Settle();
-  }
-  template <typename Widget = QWidget>
-  Widget* Find(const char* name) {
-    return window_->findChild<Widget*>(name);
   }
   /// What of a control can be seen, in the window.
   QRect Seen(const QWidget* control) {
     const QRect seen = control->visibleRegion().boundingRect();
-    return seen.translated(control->mapTo(window_.get(), QPoint()));
+    return seen.translated(control->mapTo(window.get(), QPoint()));
   }
   void ExpectStripsWhole() {
     for (const char* strip : {"Pala", "Pyla"}) {
@@ -77,16 +32,10 @@ class IkkunaLayoutTest : public testing::Test {
       }
     }
   }
-
-  static constexpr std::array kFolders = {"XDG_CONFIG_HOME", "TMPDIR", "VESMORA_GAME"};
-  const ScratchFolder folder_;
-  const QFont font_ = QApplication::font();
-  QTimer boxCloser_;  // presses OK
-  std::unique_ptr<Ikkuna> window_;
 };
 
 TEST_F(IkkunaLayoutTest, PanelsAndSmallestWindowFollowTheFont) {
-  const QWidget* map = Find("Map");
+  const QWidget* area = Find("Map");
   int width = 0;
   for (const int points : {8, 9, 12, 15}) {
     SCOPED_TRACE(points);
@@ -97,27 +46,27 @@ TEST_F(IkkunaLayoutTest, PanelsAndSmallestWindowFollowTheFont) {
     const QRect tools = Find("Pyla")->geometry();
     EXPECT_GT(properties.width(), width) << "anew at once";
     width = properties.width();
-    EXPECT_EQ(properties, QRect(map->width() - width, 0, width, map->height() + 2));
+    EXPECT_EQ(properties, QRect(area->width() - width, 0, width, area->height() + 2));
     EXPECT_EQ(view,
-              QRect(0, map->height() - view.height(), map->width() - width + 4, view.height()));
-    EXPECT_EQ(tools, QRect(0, 0, map->width(), tools.height()));
+              QRect(0, area->height() - view.height(), area->width() - width + 4, view.height()));
+    EXPECT_EQ(tools, QRect(0, 0, area->width(), tools.height()));
     EXPECT_EQ(Find("Fmaski0")->geometry(),
               QRect(properties.left() - 15, view.top() + 2, 15, view.height() - 4));
     EXPECT_EQ(Find("Fmaski1")->geometry(),
               QRect(properties.left() - 15, 0, 15, tools.height() - 3));
-    EXPECT_EQ(window_->frameGeometry().height(), view.height() + tools.height() + 534);
+    EXPECT_EQ(window->frameGeometry().height(), view.height() + tools.height() + 534);
     if (points == 9) {
-      EXPECT_EQ(window_->frameGeometry().width(), width + 648);
+      EXPECT_EQ(window->frameGeometry().width(), width + 648);
       EXPECT_NEAR(view.height(), 40, 4);
     }
-    EXPECT_GE(window_->frameGeometry().width(), width + 648);
+    EXPECT_GE(window->frameGeometry().width(), width + 648);
     ExpectStripsWhole();
   }
   // Larger than the screen it never gets: scroll bars come.
   SetPointSize(24);
   Resize(200, 200);
-  EXPECT_LE(window_->frameGeometry().width(), window_->screen()->availableSize().width());
-  EXPECT_LE(window_->frameGeometry().height(), window_->screen()->availableSize().height());
+  EXPECT_LE(window->frameGeometry().width(), window->screen()->availableSize().width());
+  EXPECT_LE(window->frameGeometry().height(), window->screen()->availableSize().height());
   for (const char* name : {"OBvalinta5", "CBfixed", "OBbotNayta2", "OBvalinta0"}) {
     auto* button = Find<QAbstractButton>(name);
     button->setFocus();
@@ -148,19 +97,19 @@ TEST_F(IkkunaLayoutTest, HintAndPositionMoveNothing) {
 
 TEST_F(IkkunaLayoutTest, ASmallestWindowComesBackAsItWas) {
   Resize(200, 200);
-  window_->move(120, 90);
+  window->move(120, 90);
   Settle();
-  const QRect place = window_->geometry();
-  EXPECT_GT(window_->frameGeometry().height(), place.height()) << "there is a frame";
+  const QRect place = window->geometry();
+  EXPECT_GT(window->frameGeometry().height(), place.height()) << "there is a frame";
   for (int times = 0; times < 2; ++times) {
-    window_->close();
+    window->close();
     Start();
-    EXPECT_EQ(window_->geometry(), place);
+    EXPECT_EQ(window->geometry(), place);
   }
-  window_->showMaximized();
-  window_->close();
+  window->showMaximized();
+  window->close();
   Start();
-  EXPECT_TRUE(window_->isMaximized());
+  EXPECT_TRUE(window->isMaximized());
 }
 
 }  // namespace

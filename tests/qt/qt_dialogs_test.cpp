@@ -9,15 +9,12 @@
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QPushButton>
-#include <QTest>
-#include <QTimer>
-#include <deque>
+#include <QScreen>
 #include <filesystem>
 #include <fstream>
-#include <functional>
 
+#include "person.h"
 #include "support/scratch_folder.h"
 
 namespace vesmora {
@@ -27,40 +24,10 @@ using testing::ElementsAre;
 
 class QtDialogsTest : public testing::Test {
  protected:
-  using Answer = std::function<void(QDialog&)>;
+  using Answer = Person::Answer;
 
-  QtDialogsTest() {
-    QObject::connect(&clock_, &QTimer::timeout, [this] {
-      auto* front = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-      if (isAnswering_ || front == nullptr || !front->isVisible()) return;
-      isAnswering_ = true;
-      // A timer does not run again inside what it has called, and answers open further boxes.
-      QTimer::singleShot(0, front, [this, front] { AnswerTo(*front); });
-    });
-    clock_.start(5);
-    parent.show();
-  }
-  ~QtDialogsTest() override { EXPECT_TRUE(answers.empty()) << "a box did not come"; }
+  QtDialogsTest() { parent.show(); }
 
-  void AnswerTo(QDialog& front) {
-    isAnswering_ = false;
-    if (answers.empty()) {
-      ADD_FAILURE() << "unexpected: " << front.windowTitle().toStdString();
-      front.reject();
-      return;
-    }
-    const Answer answer = answers.front();
-    answers.pop_front();
-    answer(front);
-  }
-  /// Notes title and text of a box and presses a button.
-  Answer Press(QMessageBox::StandardButton button) {
-    return [this, button](QDialog& dialog) {
-      const auto& box = dynamic_cast<QMessageBox&>(dialog);
-      told.push_back((box.windowTitle() + ": " + box.text()).toStdString());
-      box.button(button)->click();
-    };
-  }
   /// Types a name into a file dialog and accepts it.
   static Answer Name(const std::string& name) {
     return [name](QDialog& dialog) {
@@ -68,17 +35,14 @@ class QtDialogsTest : public testing::Test {
       dialog.findChild<QDialogButtonBox*>()->buttons().first()->click();
     };
   }
-  static void Cancel(QDialog& dialog) { dialog.reject(); }
+  Answer Press(QMessageBox::StandardButton button) { return person.Press(button); }
 
   const ScratchFolder folder;
   QWidget parent;
   QtDialogs dialogs{&parent};
-  std::deque<Answer> answers;
-  std::vector<std::string> told;
-
- private:
-  QTimer clock_;
-  bool isAnswering_ = false;
+  Person person{Person::Manner::kStrict};
+  std::deque<Answer>& answers = person.answers;
+  std::vector<std::string>& told = person.told;
 };
 
 TEST_F(QtDialogsTest, BoxesShowTheirTextWholeAndAsItIs) {
@@ -104,7 +68,7 @@ TEST_F(QtDialogsTest, BoxesShowTheirTextWholeAndAsItIs) {
     dialogs.Show(
         {.text = text, .title = i == 0 ? "" : "Run error", .icon = static_cast<MessageIcon>(i)});
   }
-  answers = {Press(QMessageBox::Ok), Press(QMessageBox::Cancel), Cancel};
+  answers = {Press(QMessageBox::Ok), Press(QMessageBox::Cancel), Person::Cancel};
   const Message question{"Sure?", "Warning", MessageIcon::kQuestion};
   EXPECT_TRUE(dialogs.Ask(question));
   EXPECT_FALSE(dialogs.Ask(question));
@@ -126,7 +90,7 @@ TEST_F(QtDialogsTest, OpenStartsWhereItIsToldAndGivesAnExistingFile) {
                EXPECT_THAT(files.nameFilters(), ElementsAre("Soldat Map (*.pmp)"));
                Name("a map.PMP")(dialog);
              },
-             Cancel};
+             Person::Cancel};
   EXPECT_EQ(dialogs.ChooseFileToOpen(request), path);
   EXPECT_EQ(dialogs.ChooseFileToOpen(request), "");
 }
@@ -159,7 +123,7 @@ TEST_F(QtDialogsTest, ASavedNameGetsItsEndingAndNothingIsReplacedUnasked) {
   EXPECT_EQ(
       save({Name("there.pmp"), Press(QMessageBox::No), Name("there.pmp"), Press(QMessageBox::Yes)}),
       "there.pmp");
-  EXPECT_EQ(save({Name("gone/a.pmp"), Press(QMessageBox::Ok), Cancel}), "");
+  EXPECT_EQ(save({Name("gone/a.pmp"), Press(QMessageBox::Ok), Person::Cancel}), "");
   EXPECT_THAT(told, ElementsAre("File error: Folder '" + folder / "gone" +
                                 "' does not exist.\nPlease choose another one."));
 }
@@ -171,7 +135,7 @@ TEST_F(QtDialogsTest, ColoursAndTextsBeginWithWhatThereIs) {
                colors.setCurrentColor(QColor(4, 5, 6));
                dialog.accept();
              },
-             Cancel,
+             Person::Cancel,
              [](QDialog& dialog) {
                EXPECT_EQ(dialog.windowTitle(), "Map properties");
                EXPECT_EQ(dialog.findChild<QLabel*>()->text(), "Author's name");
@@ -180,7 +144,7 @@ TEST_F(QtDialogsTest, ColoursAndTextsBeginWithWhatThereIs) {
                line->setText("Z\u00EB");
                dialog.accept();
              },
-             Cancel};
+             Person::Cancel};
   EXPECT_EQ(dialogs.ChooseColor(0x030201), 0x060504);
   EXPECT_EQ(dialogs.ChooseColor(0), std::nullopt);
   const TextRequest request{
