@@ -5,14 +5,17 @@
 #include <QVBoxLayout>
 
 #include "platform/qt/qt_text.h"
+#include "view/qt/elided_label.h"
 
 namespace vesmora {
 namespace {
 
-QLabel* MakeLabel(const char* name) {
+/// A long name is cut: it must not push the dialog over the edge of the screen.
+QLabel* MakeLabel(const char* name) { return new ElidedLabel(name, {}); }
+
+QLabel* MakeNumbers(const char* name) {
   auto* label = new QLabel;
   label->setObjectName(name);
-  label->setTextFormat(Qt::PlainText);
   return label;
 }
 
@@ -27,15 +30,11 @@ Import::Import(const Editor& editor, QWidget* parent)
       folder_(MakeLabel("lHakemisto")),
       name_(MakeLabel("lName")),
       author_(MakeLabel("lAuthor")),
-      left_(MakeLabel("lMaara")),
-      counts_(MakeLabel("lMaara2")),
+      left_(MakeNumbers("lMaara")),
+      counts_(MakeNumbers("lMaara2")),
       import_(new QPushButton("&Import")) {
   setObjectName("Import");
   setWindowTitle("Import");
-  // A long name must not push the dialog over the edge of the screen.
-  for (QLabel* label : {folder_, name_, author_}) {
-    label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-  }
   auto* column = new QVBoxLayout(this);
   folder_->setText(QDir::toNativeSeparators(ToQt(PrefabFolder(editor.ports))));
   column->addWidget(folder_);
