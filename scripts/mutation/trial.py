@@ -12,6 +12,7 @@ from pathlib import Path
 RAN = re.compile(r"\[ +(OK|FAILED|SKIPPED) +\] (\S+?)(?:, where [^\n]*)? \((\d+) ms\)")
 BEGAN = re.compile(r"\[ RUN +\] (\S+)")
 OUTSIDE = "(before or after the tests)"
+OFFSCREEN = Path(__file__).resolve().parents[2] / "cmake" / "offscreen"  # as ctest runs them
 # A fault may ask for all memory and fill all disks.
 LIMITS = ["prlimit", "--as=8589934592", "--fsize=268435456", "--core=0"]
 
@@ -35,8 +36,8 @@ def run_tests(program: Path, tests: list[str], seconds: float, stop_early: bool)
     home.mkdir(exist_ok=True)
     kept = {name: os.environ[name] for name in ("PATH", "LANG") if name in os.environ}
     folders = {name: str(home) for name in ("HOME", "TMPDIR", "XDG_RUNTIME_DIR")}
-    environment = {**kept, **folders, "QT_QPA_PLATFORM": "offscreen"}
-    command = ["timeout", "--kill-after=1", str(seconds), *LIMITS, str(program)]
+    environment = {**kept, **folders}
+    command = ["timeout", "--kill-after=1", str(seconds), *LIMITS, str(OFFSCREEN), str(program)]
     command += ["--gtest_color=no", "--gtest_filter=" + (":".join(tests) or "*")]
     command += ["--gtest_fail_fast"] if stop_early else []
     log = program.parent / "output"

@@ -3,9 +3,10 @@
 namespace vesmora {
 
 ToolDrawing ToolDrawingOf(const Editing& editing) {
+  const bool isAway = editing.tool.hidesNext;
   return {.placedCorners = editing.activity.PlacedCorners(),
-          .showsNext = !editing.tool.hidesNext && !editing.activity.Is(ActivityKind::kDirection),
-          .connectionFrom = editing.activity.Anchor(),
+          .showsNext = !isAway && !editing.activity.Is(ActivityKind::kDirection),
+          .connectionFrom = isAway ? kNoIndex : editing.activity.Anchor(),
           .mouseX = editing.tool.mouseX,
           .mouseY = editing.tool.mouseY};
 }

@@ -15,7 +15,7 @@ std::string_view HeldModifiers(const Editor& editor) {
 std::string_view IdleHint(const Editor& editor) {
   switch (editor.document.toolIndex) {
     case ToolMode::kEdit:
-      return editor.selection.Empty() ? "Click or drag to select" : "Drag inside the box to move";
+      return editor.selection.Empty() ? "Click or drag to select" : "Drag the box to move";
     case ToolMode::kAddPolygon:
       return "Click the first corner";
     case ToolMode::kAddSpawn:
@@ -25,7 +25,7 @@ std::string_view IdleHint(const Editor& editor) {
     case ToolMode::kAddCollider:
       return "Click to add a collider";
     case ToolMode::kAddWaypoint:
-      return editor.selection.Empty() ? "Click to add a waypoint" : "Click to connect from here";
+      return editor.selection.Empty() ? "Click to add a waypoint" : "Click to connect";
   }
   return "";
 }
@@ -35,21 +35,21 @@ std::string_view ActivityHint(const Editor& editor) {
     case ActivityKind::kNone:
       return IdleHint(editor);
     case ActivityKind::kBand:
-      return "Release to select";
+      return editor.selection.box.Complete() ? "Release to select" : "Release to deselect";
     case ActivityKind::kMove:
     case ActivityKind::kResize:
       return "Escape to cancel";
     case ActivityKind::kRotate:
-      return "Shift for steps of 45 degrees";
+      return "Shift: by 45 degrees";
     case ActivityKind::kPlacement:
       return "Click to drop, Escape to cancel";
     case ActivityKind::kTriangle:
       return editor.activity.PlacedCorners() == 1 ? "Click the second corner"
                                                   : "Click the third corner";
     case ActivityKind::kDirection:
-      return "Click where the liana leads";
+      return "Click its direction";
     case ActivityKind::kConnection:
-      return "Click where the route leads";
+      return "Click the next waypoint";
   }
   return "";
 }

@@ -90,6 +90,7 @@ void MenuImport(Editor& editor) {
 }
 
 void CBauthor_Click(Editor& editor) {
+  editor.note.clear();
   TakeUndoSnapshot(editor, "Author");
   std::string& author = editor.document.author;
   const std::string answer = AskForAuthor(editor);

@@ -55,7 +55,8 @@ PrefabHeader ReadPrefabHeader(std::span<const std::byte> bytes) {
   const bool isWhole = reader.Read(version) && reader.Read(lastPolygon) &&
                        reader.Read(lastScenery) && reader.Read(lastCollider) && reader.Read(author);
   PrefabHeader header;
-  header.isKnownVersion = isWhole && std::ranges::equal(version, kVersion);
+  header.isKnownVersion = std::ranges::equal(version, kVersion);
+  if (!isWhole) return header;
   header.polygonCount = lastPolygon + 1;
   header.sceneryCount = lastScenery + 1;
   header.colliderCount = lastCollider + 1;

@@ -28,7 +28,7 @@ struct Prefab {
   std::vector<Collider> colliders;
 };
 
-/// What stands at the start of a file; one that is too short is of no known version.
+/// What stands at the start of a file; of one that is too short, its version at most.
 PrefabHeader ReadPrefabHeader(std::span<const std::byte> bytes);
 
 /// Whether the tables of a map could hold so many.

@@ -125,6 +125,10 @@ void CBcollider_Change(PanelEditing& editing, const std::string& text) {
   editing.tool.next.colliderSize = text;
 }
 
+void ForgetTyping(PanelEditing& editing) {
+  if (editing.note == kEnterApplies) editing.note.clear();
+}
+
 void CBscenery2_DropDown(PanelEditing& editing) {
   editing.panel.contents.CBscenery2.list = ComboList::kValues;
 }

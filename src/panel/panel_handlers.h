@@ -36,6 +36,8 @@ void CBcollider_Click(PanelEditing& editing, const std::string& text);
 // A text that is being typed: what an Add tool places takes it as it stands.
 void CBscenery2_Change(PanelEditing& editing, const std::string& text);
 void CBcollider_Change(PanelEditing& editing, const std::string& text);
+/// The box has been left: its text is no longer one that Enter would apply.
+void ForgetTyping(PanelEditing& editing);
 
 // Enter in an editable box.
 void CBscenery2_Enter(PanelEditing& editing, const std::string& text);

@@ -122,7 +122,7 @@ void MenuCopy(Editing& editing) {
   clipboard.box = selection.box;
   if (selection.Empty()) Deselect(selection);  // the lists may have been cut to nothing
   RefreshAll(editing);
-  editing.note = "Copied " + CountText(clipboard);
+  if (!clipboard.Empty()) editing.note = "Copied " + CountText(clipboard);
 }
 
 void MenuPaste(Editing& editing) {

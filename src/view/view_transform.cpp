@@ -94,15 +94,12 @@ bool StepZoomLevel(ViewTransform& view, int step) {
 
 bool ZoomByWheel(ViewTransform& view, int delta) {
   constexpr int kNotch = 120;
-  constexpr int kMost = 1000 * kNotch;  // far beyond what the list has steps for
+  if (delta < -kNotch || delta > kNotch) return false;
   const bool turnsBack = delta < 0 ? view.wheelRest > 0 : delta > 0 && view.wheelRest < 0;
-  const int turned = (turnsBack ? 0 : view.wheelRest) + std::clamp(delta, -kMost, kMost);
+  const int turned = (turnsBack ? 0 : view.wheelRest) + delta;
+  const int notches = turned / kNotch;
   view.wheelRest = turned % kNotch;
-  bool changed = false;
-  for (int notches = std::abs(turned / kNotch); notches > 0; --notches) {
-    changed = StepZoomLevel(view, turned > 0 ? -1 : 1) || changed;
-  }
-  return changed;
+  return notches != 0 && StepZoomLevel(view, -notches);
 }
 
 bool CoarsenGrid(ViewTransform& view) {

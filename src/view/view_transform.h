@@ -70,7 +70,8 @@ int GridIndex(const ViewTransform& view);
 bool StepZoomLevel(ViewTransform& view, int step);
 
 /// One zoom step a whole notch of +-120. Parts of one, as touchpads and fine wheels send them,
-/// add up until the wheel is turned the other way. True when the zoom changed.
+/// add up until the wheel is turned the other way; more than a notch at once is none. True when the
+/// zoom changed.
 bool ZoomByWheel(ViewTransform& view, int delta);
 
 /// Steps to a coarser grid until its lines are not too dense for the zoom.

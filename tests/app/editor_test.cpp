@@ -211,13 +211,22 @@ TEST_F(KeysTest, AZoomHidesWhatComesNextUntilThePointerMoves) {
     EXPECT_FALSE(ToolDrawingOf(editor).showsNext) << "panning brings it along from nowhere";
     ReleaseMouse(editor, {MouseButton::kRight, 310, 300});
   }
-  turn(-180);  // the half notch that is left outlives the zoom, not the pointer's leaving
-  turn(-60);
+  for (const int delta : {-90, -90, -60})
+    turn(delta);  // what a zoom leaves of a notch still counts
   EXPECT_EQ(editor.view.zoom, 0.5f);
   turn(60);
-  LeaveMap(editor);
+  LeaveMap(editor);  // but not once the pointer has left
   turn(60);
   EXPECT_EQ(editor.view.zoom, 0.5f);
+  Choose(ToolMode::kAddWaypoint);
+  Click(300, 300);
+  MoveMouse(editor, {MouseButton::kNone, 300, 300});
+  Click(300, 300);
+  EXPECT_EQ(ToolDrawingOf(editor).connectionFrom, 0);
+  turn(120);
+  EXPECT_EQ(ToolDrawingOf(editor).connectionFrom, -1) << "it would end where the pointer was";
+  PointAt(editor, {MouseButton::kNone, 310, 300});
+  EXPECT_EQ(ToolDrawingOf(editor).connectionFrom, 0);
 }
 
 TEST_F(KeysTest, EscapeTakesBackWhatIsInProgressAndNoMore) {

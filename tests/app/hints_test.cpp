@@ -39,18 +39,20 @@ TEST_F(HintsTest, ItTellsWhatTheToolWaitsFor) {
   EXPECT_EQ(Hint(), "Click to add a scenery");
   editor.tool.value = 5;
   Click(200, 200);
-  EXPECT_EQ(Hint(), "Click where the liana leads");
+  EXPECT_EQ(Hint(), "Click its direction");
   Choose(ToolMode::kAddWaypoint);
   EXPECT_EQ(Hint(), "Click to add a waypoint");
   Click(300, 300);
   MoveMouse(editor, {MouseButton::kNone, 300, 300});
-  EXPECT_EQ(Hint(), "Click to connect from here");
+  EXPECT_EQ(Hint(), "Click to connect");
   Click(300, 300);
-  EXPECT_EQ(Hint(), "Click where the route leads");
+  EXPECT_EQ(Hint(), "Click the next waypoint");
   Choose(ToolMode::kEdit);
   SelectEverything(selection, map);
-  EXPECT_EQ(Hint(), "Drag inside the box to move");
+  EXPECT_EQ(Hint(), "Drag the box to move");
   PressMouse(editor, {MouseButton::kLeft, 10, 10});
+  EXPECT_EQ(Hint(), "Release to deselect");
+  MoveMouse(editor, {MouseButton::kLeft, 20, 10});
   EXPECT_EQ(Hint(), "Release to select");
 }
 
@@ -75,17 +77,17 @@ TEST_F(HintsTest, ItTellsWhatACommandDidUntilSomethingElseIsDone) {
     EXPECT_EQ(Hint(), hint);
   }
   Press(Key::kLeft);
-  EXPECT_EQ(Hint(), "Drag inside the box to move");
+  EXPECT_EQ(Hint(), "Drag the box to move");
   dialogs.chosenFiles = {folder / "some.pre"};
   Run("MenuExport");
   EXPECT_EQ(Hint(), "Exported 15:03");
   RunHandler(editor, [](PanelEditing& editing) { CBcollider_Change(editing, "1"); });
   EXPECT_EQ(Hint(), "Enter applies");
   Run("MenuAbout");
-  EXPECT_EQ(Hint(), "Drag inside the box to move");
+  EXPECT_EQ(Hint(), "Drag the box to move");
   files.FailAll("Write", 28);
   Run("MenuSave");
-  EXPECT_EQ(Hint(), "Drag inside the box to move") << "problems are told in boxes";
+  EXPECT_EQ(Hint(), "Drag the box to move") << "problems are told in boxes";
 }
 
 }  // namespace

@@ -86,7 +86,7 @@ TEST_F(IkkunaLayoutTest, HintAndPositionMoveNothing) {
   const QList<QRect> before = places();
   view->ShowHint("Click to drop, Escape to cancel, and so on until there is no room for more");
   ViewTransform transform;
-  view->ShowState(transform, "-32768.0, -32768.0");
+  view->ShowState(transform, "-9999.9, -9999.9");
   Settle();
   EXPECT_EQ(places(), before);
   EXPECT_EQ(Find<QLabel>("Lvihje")->text().left(13), "Click to drop");

@@ -51,10 +51,26 @@ TEST(ViewTransformTest, TheWorldGridSnapRoundsTwiceAndTheFixedOneToPixels) {
 TEST(ViewTransformTest, TheWheelAddsUpToWholeNotches) {
   ViewTransform view;
   using Row = std::tuple<int, float>;  // what is turned, the zoom after it
-  for (const auto& [delta, zoom] :
-       {Row(120, 2), Row(60, 2), Row(0, 2), Row(60, 4), Row(119, 4), Row(-30, 4), Row(-90, 2),
-        Row(-200, 1), Row(-40, 0.5f), Row(300, 2), Row(59, 2), Row(1, 4), Row(120, 4), Row(-240, 1),
-        Row(std::numeric_limits<int>::min(), 0.25f), Row(std::numeric_limits<int>::max(), 4)}) {
+  for (const auto& [delta, zoom] : {Row(120, 2),
+                                    Row(60, 2),
+                                    Row(0, 2),
+                                    Row(60, 4),
+                                    Row(119, 4),
+                                    Row(-30, 4),
+                                    Row(-90, 2),
+                                    Row(-120, 1),
+                                    Row(240, 1),
+                                    Row(-240, 1),
+                                    Row(-121, 1),
+                                    Row(-40, 1),
+                                    Row(-80, 0.5f),
+                                    Row(59, 0.5f),
+                                    Row(61, 1),
+                                    Row(120, 2),
+                                    Row(120, 4),
+                                    Row(120, 4),
+                                    Row(std::numeric_limits<int>::min(), 4),
+                                    Row(std::numeric_limits<int>::max(), 4)}) {
     const float before = view.zoom;
     EXPECT_EQ(ZoomByWheel(view, delta), zoom != before) << delta;
     EXPECT_EQ(view.zoom, zoom) << delta;

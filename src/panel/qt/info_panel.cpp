@@ -3,6 +3,7 @@
 #include <QEvent>
 #include <QVBoxLayout>
 
+#include "panel/panel_handlers.h"
 #include "panel/qt/panel_rows.h"
 #include "panel/qt/show_controls.h"
 #include "platform/qt/qt_text.h"
@@ -123,6 +124,7 @@ PanelCombo* InfoPanel::AddCombo(QBoxLayout& column, const QString& caption, cons
   handOn(&PanelCombo::Chosen, handlers.click, &InfoPanel::Triggered);
   handOn(&PanelCombo::Entered, handlers.enter, &InfoPanel::Triggered);
   handOn(&PanelCombo::Typed, handlers.change, &InfoPanel::Typed);
+  connect(combo, &PanelCombo::Left, this, [this] { Q_EMIT Typed(ForgetTyping); });
   if (handlers.dropDown != nullptr) {
     connect(combo, &PanelCombo::AboutToOpen, this,
             [this, open = handlers.dropDown] { Q_EMIT Triggered(open); });

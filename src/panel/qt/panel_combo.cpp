@@ -33,6 +33,7 @@ PanelCombo::PanelCombo(const QString& name, Kind kind, std::span<const std::stri
   setCompleter(nullptr);
   // Left alone, a text that is typed and left without Enter would count as a choice.
   disconnect(lineEdit(), &QLineEdit::editingFinished, nullptr, nullptr);
+  connect(lineEdit(), &QLineEdit::editingFinished, this, &PanelCombo::Left);
   connect(lineEdit(), &QLineEdit::textEdited, this, &PanelCombo::Touched);
   connect(lineEdit(), &QLineEdit::textEdited, this, &PanelCombo::Typed);
 }

@@ -34,6 +34,8 @@ class PanelCombo final : public ClosingCombo {
   /// The box shows something else than it was told: the user has typed or chosen.
   void Touched();
   void Typed(const QString& text);
+  /// The keyboard has gone elsewhere, whatever was typed.
+  void Left();
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;

@@ -107,6 +107,7 @@ std::string QtDialogs::ChooseFileToOpen(const FileRequest& request) {
 std::string QtDialogs::ChooseFileToSave(const FileRequest& request) {
   QFileDialog dialog(parent_, ToQt(request.title));
   dialog.setAcceptMode(QFileDialog::AcceptSave);
+  if (request.title == "Export") dialog.setLabelText(QFileDialog::Accept, "Export");
   Prepare(dialog, request);
   while (true) {
     std::string path = Chosen(dialog);

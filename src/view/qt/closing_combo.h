@@ -26,7 +26,7 @@ class ClosingCombo : public QComboBox {
   void ChooseSelected();
 
   QMetaObject::Connection selecting_;  // while the list is open
-  bool isOpen_ = false;  // the toolkit also hides a list that was never shown
+  bool isOpen_ = false;                // the toolkit also hides a list that was never shown
 };
 
 }  // namespace vesmora

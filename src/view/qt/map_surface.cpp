@@ -76,6 +76,11 @@ void MapSurface::wheelEvent(QWheelEvent* event) {
   event->accept();
 }
 
+void MapSurface::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::FontChange) canvas_.SetFont(font());
+  QWidget::changeEvent(event);
+}
+
 void MapSurface::leaveEvent(QEvent* event) {
   Q_EMIT PointerLeft();
   QWidget::leaveEvent(event);

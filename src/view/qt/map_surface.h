@@ -33,6 +33,7 @@ class MapSurface final : public QWidget {
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
+  void changeEvent(QEvent* event) override;
   void leaveEvent(QEvent* event) override;
 
  private:

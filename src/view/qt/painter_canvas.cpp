@@ -12,8 +12,9 @@ constexpr std::size_t kLabelsKept = 64;
 constexpr int kLargestPlainRadius = 1024;  // image pixels; beyond, only what is seen is painted
 constexpr int kLargeCircleSteps = 1024;    // chords stay within a fifth of a pixel
 
-/// Handles and the boxes of lone objects are dotted and have but a few pixels, in colours that
-/// are hard to see on some grounds. Dark gaps let them stand out from all.
+/// Handles are dotted boxes of but a few pixels, in bright colours that are hard to see on this
+/// ground: dark gaps let them stand out. The grey box of a lone object keeps wide gaps instead,
+/// through which the object's mark is seen.
 constexpr float kSmallBox = 25;  // window pixels: a handle at the largest zoom fits
 constexpr Rgb kSmallBoxGaps = {0, 0, 0};
 
@@ -24,6 +25,11 @@ QRgb PixelOf(Rgb color) { return qRgb(color.red, color.green, color.blue); }
 PainterCanvas::PainterCanvas(const QFont& font, QColor background)
     : font_(font), background_(background) {
   labels_.reserve(kLabelsKept);
+}
+
+void PainterCanvas::SetFont(const QFont& font) {
+  font_ = font;
+  labels_.clear();
 }
 
 void PainterCanvas::Begin(QImage& image) {
@@ -68,8 +74,9 @@ void PainterCanvas::DrawRectangle(Pen pen, ScreenPoint corner, ScreenPoint oppos
   }
   const float side = kSmallBox * ratio_;
   const bool isSmall = std::abs(third.x - first.x) < side && std::abs(third.y - first.y) < side;
-  if (isSmall) drawSides(DashesOf(PenStyle::kSolid), kSmallBoxGaps);
-  drawSides(kBoxDots, pen.color);
+  const bool isGrey = pen.color.red == pen.color.green && pen.color.green == pen.color.blue;
+  if (isSmall && !isGrey) drawSides(DashesOf(PenStyle::kSolid), kSmallBoxGaps);
+  drawSides(isSmall && isGrey ? DashesOf(pen.style) : kBoxDots, pen.color);
 }
 
 void PainterCanvas::DrawCircle(Pen pen, ScreenPoint center, std::int16_t radius) {

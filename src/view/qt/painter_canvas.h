@@ -28,6 +28,9 @@ class PainterCanvas final : public Canvas {
  public:
   PainterCanvas(const QFont& font, QColor background);
 
+  /// Of labels from now on.
+  void SetFont(const QFont& font);
+
   /// `image`, of Format_RGB32, is drawn on until End; it must outlive the drawing.
   void Begin(QImage& image);
   void End();

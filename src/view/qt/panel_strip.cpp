@@ -15,7 +15,7 @@ PanelStrip::PanelStrip(const char* name, const char* accessibleName, QWidget* pa
   setAutoFillBackground(true);
   auto* controls = new QWidget;
   row_ = new QHBoxLayout(controls);
-  row_->setContentsMargins(8, kRowMargin, 8, kRowMargin);
+  row_->setContentsMargins(6, kRowMargin, 6, kRowMargin);
   scroll_ = new PanelScroll(Qt::Horizontal, controls);
   auto* whole = new QHBoxLayout(this);
   whole->setContentsMargins(0, 0, 0, 0);

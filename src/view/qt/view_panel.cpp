@@ -5,12 +5,18 @@
 #include "platform/qt/qt_text.h"
 
 namespace vesmora {
+namespace {
+
+constexpr const char* kLongestHint = "[Shift+Ctrl] Click or drag to select";
+constexpr int kGroupGap = 2;  // pixels, beside the row's own
+
+}  // namespace
 
 ViewPanel::ViewPanel(QWidget* parent)
     : PanelStrip("Pala", "View", parent),
       fixed_(new TickBox("Fi&xed grid", "CBfixed")),
-      hint_(new ElidedLabel("Lvihje", {})),
-      position_(new ElidedLabel("Lsijainti", "-32768.0, -32768.0")) {
+      hint_(new ElidedLabel("Lvihje", kLongestHint)),
+      position_(new ElidedLabel("Lsijainti", "-9999.9, -9999.9")) {
   setFocusPolicy(Qt::StrongFocus);
 
   zoom_ = AddList("&Zoom", "CBzoom", "How large the map is shown");
@@ -18,14 +24,14 @@ ViewPanel::ViewPanel(QWidget* parent)
     const int percent = static_cast<int>(zoom * 100);
     zoom_->addItem(QString("%1%").arg(percent), percent);
   }
-  Row().addSpacing(12);
+  Row().addSpacing(kGroupGap);
   grid_ = AddList("&Grid", "CBgrid",
                   "Distance of the lines to which points snap; Ctrl places them between");
   for (const int size : kGridSizes) grid_->addItem(size == 0 ? "Off" : QString::number(size));
-  Row().addSpacing(12);
+  Row().addSpacing(kGroupGap);
   fixed_->setToolTip("The grid stays in its place on the screen while the map moves");
   Row().addWidget(fixed_);
-  Row().addSpacing(12);
+  Row().addSpacing(kGroupGap);
   hint_->setAccessibleDescription("Hint");
   position_->setAccessibleDescription("Position of the pointer");
   hint_->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
