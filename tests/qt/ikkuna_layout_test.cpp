@@ -54,6 +54,9 @@ TEST_F(IkkunaLayoutTest, PanelsAndSmallestWindowFollowTheFont) {
               QRect(properties.left() - 15, view.top() + 2, 15, view.height() - 4));
     EXPECT_EQ(Find("Fmaski1")->geometry(),
               QRect(properties.left() - 15, 0, 15, tools.height() - 3));
+    EXPECT_EQ(surface->geometry(), surface->parentWidget()->rect());
+    EXPECT_EQ(surface->grab().toImage().pixelColor(surface->rect().bottomRight()), kMapBackground)
+        << "drawn anew for its size";
     EXPECT_EQ(window->frameGeometry().height(), view.height() + tools.height() + 534);
     if (points == 9) {
       EXPECT_EQ(window->frameGeometry().width(), width + 648);
@@ -106,10 +109,20 @@ TEST_F(IkkunaLayoutTest, ASmallestWindowComesBackAsItWas) {
     Start();
     EXPECT_EQ(window->geometry(), place);
   }
+  const auto kept = [] { return QtSettings().Read("Windows", "Width", ""); };
   window->showMaximized();
   window->close();
+  for (int times = 0; times < 2; ++times) {
+    Start();
+    EXPECT_TRUE(window->isMaximized());
+    window->close();
+    EXPECT_EQ(kept(), std::to_string(place.width())) << "where it returns to";
+  }
   Start();
-  EXPECT_TRUE(window->isMaximized());
+  window->showNormal();
+  Resize(1234, 800);
+  window->close();
+  EXPECT_EQ(kept(), "1234");
 }
 
 }  // namespace

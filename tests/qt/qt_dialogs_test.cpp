@@ -62,14 +62,24 @@ TEST_F(QtDialogsTest, BoxesShowTheirTextWholeAndAsItIs) {
       const QSize needed = label->fontMetrics().size(0, label->text());
       EXPECT_GE(label->width(), needed.width());
       EXPECT_GE(label->height(), needed.height());
-      EXPECT_LE(box.width(), box.screen()->availableSize().width());
+      const QPoint aside = box.geometry().center() - parent.geometry().center();
+      EXPECT_LE(std::max(std::abs(aside.x()), std::abs(aside.y())), 8) << "but for frames";
       Press(QMessageBox::Ok)(dialog);
     }};
     dialogs.Show(
         {.text = text, .title = i == 0 ? "" : "Run error", .icon = static_cast<MessageIcon>(i)});
   }
-  answers = {Press(QMessageBox::Ok), Press(QMessageBox::Cancel), Person::Cancel};
+  parent.move(1500, 1100);
+  std::string endless = "Word";
+  for (int i = 0; i < 100; ++i) endless += " after word";
+  answers = {[&](QDialog& box) {
+    EXPECT_TRUE(box.screen()->availableGeometry().contains(box.frameGeometry()));
+    EXPECT_GT(box.width(), box.screen()->availableSize().width() * 3 / 4) << "as wide as it may be";
+    Press(QMessageBox::Ok)(box);
+  }};
+  dialogs.Show({endless, "", MessageIcon::kCritical});
   const Message question{"Sure?", "Warning", MessageIcon::kQuestion};
+  answers = {Press(QMessageBox::Ok), Press(QMessageBox::Cancel), Person::Cancel};
   EXPECT_TRUE(dialogs.Ask(question));
   EXPECT_FALSE(dialogs.Ask(question));
   EXPECT_FALSE(dialogs.Ask(question));

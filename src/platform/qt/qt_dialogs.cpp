@@ -42,24 +42,41 @@ class MessageBox final : public QMessageBox {
  protected:
   bool event(QEvent* event) override {
     const bool isHandled = QMessageBox::event(event);
-    const bool isSized = event->type() == QEvent::Show || event->type() == QEvent::LayoutRequest ||
-                         event->type() == QEvent::FontChange;
+    const bool isShown = event->type() == QEvent::Show;
+    const bool isSized =
+        isShown || event->type() == QEvent::LayoutRequest || event->type() == QEvent::FontChange;
     if (isSized && isVisible()) FitToLines();
+    if (isShown) PutOverParent();
     return isHandled;
   }
 
  private:
+  static constexpr int kRoomBeside = 20;  // pixels of the screen on each side, for a frame, too
+
+  QRect Room() const {
+    return screen()->availableGeometry().adjusted(kRoomBeside, kRoomBeside, -kRoomBeside,
+                                                  -kRoomBeside);
+  }
+
   void FitToLines() {
-    constexpr int kRoomBeside = 40;  // pixels of the screen
     auto* label = findChild<QLabel*>("qt_msgbox_label");
-    const int limit = screen()->availableSize().width() - kRoomBeside;
     label->setWordWrap(false);
     const int wanted = layout()->totalMinimumSize().width();
-    const int width = std::max(std::min(wanted, limit), minimumWidth());
-    label->setWordWrap(wanted > limit);
+    const int width = std::max(std::min(wanted, Room().width()), minimumWidth());
+    label->setWordWrap(wanted > width);
     const int height = layout()->hasHeightForWidth() ? layout()->totalHeightForWidth(width)
                                                      : layout()->totalMinimumSize().height();
     setFixedSize(width, height);
+  }
+
+  /// The toolkit has done so for a narrower box.
+  void PutOverParent() {
+    QRect place({}, size());
+    place.moveCenter(parentWidget() != nullptr ? parentWidget()->geometry().center()
+                                               : Room().center());
+    place.moveLeft(std::max(std::min(place.left(), Room().right() - width()), Room().left()));
+    place.moveTop(std::max(std::min(place.top(), Room().bottom() - height()), Room().top()));
+    move(place.topLeft());
   }
 };
 
