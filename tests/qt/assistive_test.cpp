@@ -3,6 +3,7 @@
 #include <QAccessible>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QLabel>
 #include <QRadioButton>
 #include <QSet>
 #include <QSignalSpy>
@@ -85,6 +86,15 @@ TEST_F(AssistiveTest, EveryButtonDoesWhatAClickDoes) {
       if (!button->isCheckable()) QTest::qWait(150);  // it is pressed for all to see
     });
     EXPECT_EQ(assisted, clicked);
+  }
+  // They wait for the call to return: the question comes after it.
+  for (const char* name : {"CBverticeLapi", "OBbotNayta2"}) {
+    EffectOf([&] {
+      QAccessible::queryAccessibleInterface(Find(name))->actionInterface()->doAction("Toggle");
+      EXPECT_EQ(triggered, 0) << name;
+    });
+    QCoreApplication::processEvents();
+    EXPECT_EQ(triggered, 1) << name;
   }
   // A grey box reads as grey; what is disabled offers nothing and says so.
   EffectOf([] {});
@@ -180,6 +190,11 @@ TEST_F(AssistiveTest, ToolsAndTheGridAreChosen) {
   list->showPopup();
   Do(QAccessible::queryAccessibleInterface(list->view())->child(3), "Toggle");
   EXPECT_EQ(zoom, QList<QVariantList>{{3}});
+  for (const auto& [name, meaning] :
+       {std::pair("Lvihje", "Hint"), {"Lsijainti", "Position of the pointer"}}) {
+    auto* reader = QAccessible::queryAccessibleInterface(view.findChild<QLabel*>(name));
+    EXPECT_EQ(reader->text(QAccessible::Description), meaning);
+  }
 }
 
 TEST_F(AssistiveTest, EveryControlHasItsOwnNameAndExplainsItself) {
@@ -191,6 +206,7 @@ TEST_F(AssistiveTest, EveryControlHasItsOwnNameAndExplainsItself) {
     EXPECT_FALSE(options.contains(name)) << name.toStdString();
     options << name;
   }
+  EXPECT_EQ(Find("lAuthor")->accessibleDescription(), "Author");
   for (const char* name :
        {"CBtausta1",     "CBtausta2",      "CBnayta6",      "CBverticevari", "CByhista",
         "CBerota",       "CBtexEiKorjaus", "CBtexPalauta",  "CBtexPoista",   "CBverticeLapi",
