@@ -153,6 +153,7 @@ TEST_F(AssistiveTest, EveryItemOfEveryListIsChosen) {
     EXPECT_EQ(combo->currentText(), text);
     EXPECT_FALSE(combo->view()->isVisible());
     EXPECT_EQ(reader->text(QAccessible::Value), text);
+    EXPECT_EQ(combo->accessibleDescription(), "");
   }
   // A text that is not in the list is read, too.
   auto* spawns = Find<QComboBox>("CBspawn");

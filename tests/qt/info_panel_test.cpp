@@ -53,9 +53,15 @@ TEST_F(InfoPanelTest, ShowsItsContents) {
   Refresh(kEdit, "w0");
   EXPECT_TRUE(Find<QRadioButton>("OBbotKumpi1")->isChecked());
   EXPECT_EQ(Text("CBspawn") + Text("CBscenery2") + Text("CBcollider"), " of 0 of 0 of 4");
-  for (const char* name : {"CByhista", "CBverticeLapi", "CBspawn"}) {
+  for (const char* name : {"CByhista", "CBverticevari", "CBverticeLapi", "CBspawn"}) {
     EXPECT_FALSE(Find(name)->isEnabled()) << name;
   }
+  Refresh(kEdit, "s0");
+  auto* spawn = Find<QComboBox>("CBspawn");
+  EXPECT_EQ(Text("CBspawn") + spawn->accessibleDescription().toStdString(), "Normal of 3");
+  const QImage first = spawn->grab().toImage();
+  spawn->setCurrentIndex(-1);
+  EXPECT_NE(spawn->grab().toImage(), first) << "the first of the list is painted, too";
   EXPECT_EQ(triggered, 0) << "showing never counts as choosing";
 }
 

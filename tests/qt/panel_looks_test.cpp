@@ -118,6 +118,9 @@ TEST_F(PanelLooksTest, AColorButtonHasItsExactColorAndNamesIt) {
     const QRect flat = upper->rect().adjusted(1, 1, -1, -1);
     EXPECT_EQ(Count(face, flat, color) - Count(face, caption, color),
               flat.width() * flat.height() - caption.width() * caption.height());
+    if (color != Qt::black) {
+      EXPECT_EQ(Count(face, face.rect(), color), Count(face, flat, color)) << "a frame around it";
+    }
     int readable = 0;
     for (int x = caption.left(); x <= caption.right(); ++x) {
       const QRgb pixel = face.pixel(x, caption.center().y());
@@ -229,6 +232,9 @@ TEST_F(PanelLooksTest, NothingIsCutOrCoveredInAnyFont) {
         EXPECT_GE(TextRoom(combo), combo->fontMetrics().horizontalAdvance(combo->itemText(i)))
             << combo->itemText(i).toStdString();
       }
+    }
+    for (const char* name : {"OBbotNayta0", "OBbotKumpi1"}) {
+      EXPECT_EQ(Find(name)->width(), Find(name)->sizeHint().width()) << "not drawn apart";
     }
     // The author stands behind his heading.
     const auto* heading = Find<QLabel>("Lkartta1");

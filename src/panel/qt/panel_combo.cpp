@@ -51,7 +51,8 @@ void PanelCombo::Show(const ComboContents& contents) {
 }
 
 void PanelCombo::ShowText(const QString& text) {
-  if (currentText() == text && (isEditable() || currentIndex() >= 0)) return;
+  const bool isHeld = isEditable() || currentIndex() >= 0;
+  if (isHeld && outside_.isEmpty() && currentText() == text) return;
   const int index = findText(text);
   setCurrentIndex(index);
   if (isEditable()) {
