@@ -171,6 +171,11 @@ TEST(ImportDialogTest, OnlyAChosenPrefabIsImported) {
     EXPECT_EQ(import->isEnabled(), row == 0);
     EXPECT_EQ(list->selectedItems(), QList{list->item(row)});
   }
+  QStringList captions;
+  for (const auto* label : dialog.findChildren<QLabel*>(QString())) captions << label->text();
+  for (const char* caption : {"Name:", "Author:", "Left", "Prefab"}) {
+    EXPECT_TRUE(captions.contains(caption)) << caption;
+  }
   for (const char* name : {"lHakemisto", "lName", "lAuthor", "lMaara", "lMaara2"}) {
     EXPECT_NE(dialog.findChild<QLabel*>(name)->accessibleDescription(), "") << name;
   }

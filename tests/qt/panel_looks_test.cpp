@@ -254,8 +254,8 @@ TEST_F(PanelLooksTest, NothingIsCutOrCoveredInAnyFont) {
 }
 
 TEST_F(PanelLooksTest, LongNamesAreCutAndToldWhole) {
-  map.fileName = "/maps/" + std::string(60, 'W') + ".pmp";
-  map.author = std::string(38, 'M');
+  map.fileName = "/maps/A & " + std::string(60, 'W') + ".pmp";
+  map.author = "<b>" + std::string(35, 'M');  // is shown as it is
   const int width = widget.WidthFor(1000);
   widget.setToolTip("of what lies around");
   Refresh(kEdit, "");
@@ -266,7 +266,7 @@ TEST_F(PanelLooksTest, LongNamesAreCutAndToldWhole) {
     EXPECT_EQ(QAccessible::queryAccessibleInterface(label)->text(QAccessible::Name), whole);
     QHelpEvent help(QEvent::ToolTip, QPoint(2, 2), label->mapToGlobal(QPoint(2, 2)));
     QApplication::sendEvent(label, &help);
-    EXPECT_EQ(QToolTip::text(), whole) << name;
+    EXPECT_EQ(QToolTip::text(), whole.contains('<') ? whole.toHtmlEscaped() : whole) << name;
     const QImage cut = PictureOf(label);
     QStringList lines;
     for (const QString& line : whole.split('\n')) {
@@ -303,6 +303,14 @@ TEST_F(PanelLooksTest, ALabelHoldsItsLinesAtEveryScale) {
     }
     EXPECT_GT(inside, 200);
   }
+  ElidedLabel number("any", "17");
+  number.setText("17");
+  number.setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  number.resize(300, 100);
+  const QImage picture = PictureOf(&number);
+  const QRgb ground = picture.pixel(0, 0);
+  EXPECT_NE(picture.copy(250, 35, 50, 30), picture.copy(0, 35, 50, 30));
+  EXPECT_EQ(Count(picture, QRect(0, 0, 250, 100), QColor(ground)), 250 * 100);
 }
 
 }  // namespace
