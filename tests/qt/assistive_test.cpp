@@ -3,6 +3,7 @@
 #include <QAccessible>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QLabel>
 #include <QRadioButton>
 #include <QSet>
 #include <QSignalSpy>
@@ -86,6 +87,15 @@ TEST_F(AssistiveTest, EveryButtonDoesWhatAClickDoes) {
     });
     EXPECT_EQ(assisted, clicked);
   }
+  // They wait for the call to return: the question comes after it.
+  for (const char* name : {"CBverticeLapi", "OBbotNayta2"}) {
+    EffectOf([&] {
+      QAccessible::queryAccessibleInterface(Find(name))->actionInterface()->doAction("Toggle");
+      EXPECT_EQ(triggered, 0) << name;
+    });
+    QCoreApplication::processEvents();
+    EXPECT_EQ(triggered, 1) << name;
+  }
   // A grey box reads as grey; what is disabled offers nothing and says so.
   EffectOf([] {});
   auto state = [this](const char* name) {
@@ -143,6 +153,7 @@ TEST_F(AssistiveTest, EveryItemOfEveryListIsChosen) {
     EXPECT_EQ(combo->currentText(), text);
     EXPECT_FALSE(combo->view()->isVisible());
     EXPECT_EQ(reader->text(QAccessible::Value), text);
+    EXPECT_EQ(combo->accessibleDescription(), "");
   }
   // A text that is not in the list is read, too.
   auto* spawns = Find<QComboBox>("CBspawn");
@@ -180,6 +191,11 @@ TEST_F(AssistiveTest, ToolsAndTheGridAreChosen) {
   list->showPopup();
   Do(QAccessible::queryAccessibleInterface(list->view())->child(3), "Toggle");
   EXPECT_EQ(zoom, QList<QVariantList>{{3}});
+  for (const auto& [name, meaning] :
+       {std::pair("Lvihje", "Hint"), {"Lsijainti", "Position of the pointer"}}) {
+    auto* reader = QAccessible::queryAccessibleInterface(view.findChild<QLabel*>(name));
+    EXPECT_EQ(reader->text(QAccessible::Description), meaning);
+  }
 }
 
 TEST_F(AssistiveTest, EveryControlHasItsOwnNameAndExplainsItself) {
@@ -191,6 +207,7 @@ TEST_F(AssistiveTest, EveryControlHasItsOwnNameAndExplainsItself) {
     EXPECT_FALSE(options.contains(name)) << name.toStdString();
     options << name;
   }
+  EXPECT_EQ(Find("lAuthor")->accessibleDescription(), "Author");
   for (const char* name :
        {"CBtausta1",     "CBtausta2",      "CBnayta6",      "CBverticevari", "CByhista",
         "CBerota",       "CBtexEiKorjaus", "CBtexPalauta",  "CBtexPoista",   "CBverticeLapi",

@@ -200,9 +200,11 @@ TEST_F(IkkunaCommandsTest, AuthorAndAboutOpenTheirDialogs) {
       },
       [](QDialog& dialog) {
         EXPECT_TRUE(dialog.inherits("vesmora::About"));
+        EXPECT_EQ(dialog.windowTitle(), "About Vesmora");
         QStringList texts;
         for (const auto* label : dialog.findChildren<QLabel*>()) {
           texts << label->text();
+          EXPECT_EQ(label->alignment(), Qt::AlignCenter);
           EXPECT_EQ(label->openExternalLinks(), label->text().contains("href"));
         }
         EXPECT_TRUE(texts.contains("Version " VESMORA_VERSION "\nMap editor for Soldat 1.0.5b"));

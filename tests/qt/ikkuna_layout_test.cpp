@@ -36,6 +36,9 @@ class IkkunaLayoutTest : public RealWindow {
 
 TEST_F(IkkunaLayoutTest, PanelsAndSmallestWindowFollowTheFont) {
   const QWidget* area = Find("Map");
+  const auto background = [&](const QWidget* panel, QPoint place) {
+    return window->grab().toImage().pixelColor(panel->mapTo(window.get(), place));
+  };
   int width = 0;
   for (const int points : {8, 9, 12, 15}) {
     SCOPED_TRACE(points);
@@ -64,6 +67,14 @@ TEST_F(IkkunaLayoutTest, PanelsAndSmallestWindowFollowTheFont) {
     }
     EXPECT_GE(window->frameGeometry().width(), width + 648);
     ExpectStripsWhole();
+    for (const char* name : {"Pala", "Pyla", "Ppalkki"}) {
+      const QWidget* panel = Find(name);
+      for (const int inset : {1, 3}) {
+        EXPECT_EQ(background(panel, {inset, panel->height() / 2}),
+                  panel->palette().color(QPalette::Window))
+            << name;
+      }
+    }
   }
   // Larger than the screen it never gets: scroll bars come.
   SetPointSize(24);
@@ -75,6 +86,26 @@ TEST_F(IkkunaLayoutTest, PanelsAndSmallestWindowFollowTheFont) {
     button->setFocus();
     Settle();
     EXPECT_FALSE(Seen(button).isEmpty()) << name;
+  }
+}
+
+TEST_F(IkkunaLayoutTest, TheRestingFocusShowsOnlyWhereTabBroughtIt) {
+  auto* rest = Find("Pala");
+  const QImage resting = rest->grab().toImage();
+  EXPECT_EQ(QApplication::focusWidget(), rest);
+  for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Backtab}) {
+    Key(key);
+    EXPECT_NE(QApplication::focusWidget(), rest);
+    for (int i = 0; i < 80 && QApplication::focusWidget() != rest; ++i) Key(key);
+    const QImage reached = rest->grab().toImage();
+    EXPECT_EQ(reached.pixelColor(0, rest->height() / 2),
+              rest->palette().color(QPalette::Highlight));
+    EXPECT_EQ(reached.copy(3, 3, 200, rest->height() - 6),
+              resting.copy(3, 3, 200, rest->height() - 6));
+    Find("OBvalinta0")->setFocus();
+    EXPECT_EQ(rest->grab().toImage(), resting);
+    rest->setFocus();
+    EXPECT_EQ(rest->grab().toImage(), resting);
   }
 }
 

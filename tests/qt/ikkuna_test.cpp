@@ -1,7 +1,10 @@
 // The real window and its Import dialog under real events: what reaches the file in the end.
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QComboBox>
+#include <QScreen>
+#include <QScrollBar>
 #include <filesystem>
 #include <fstream>
 
@@ -134,11 +137,13 @@ TEST(ImportDialogTest, OnlyAChosenPrefabIsImported) {
   const std::string latin = "b\xE4.PRE";  // no UTF-8
   std::filesystem::create_directory(folder);
   AddTriangle(bench.map, {{{0, 0}, {10, 0}, {0, 10}}});
-  for (const std::string& name : {std::string("a.pre"), latin, std::string("readme.txt")}) {
+  const std::string wide = "c" + std::string(80, 'W') + ".pre";
+  for (const std::string& name : {std::string("a.pre"), latin, wide, std::string("readme.txt")}) {
     PutFile(folder + name, WritePrefab(bench.map));
   }
   PutFile(folder + "z.pre", FileBytes(DataPath("hostile/prefab-version_0.pre")));
   Import dialog(bench.editor, nullptr);
+  EXPECT_TRUE(QRect({}, dialog.screen()->availableSize()).contains(QRect({}, dialog.size())));
   dialog.show();
   ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
   auto* list = dialog.findChild<QListWidget*>("fTiedosto");
@@ -147,14 +152,33 @@ TEST(ImportDialogTest, OnlyAChosenPrefabIsImported) {
   EXPECT_TRUE(list->hasFocus());
   EXPECT_EQ(text("lMaara") + " " + text("lMaara2"), "399\n255\n128 0\n0\n0");
   EXPECT_FALSE(import->isEnabled());
-  for (int i = 0; i < 3; ++i) QTest::keyClick(list, Qt::Key_Down);
+  for (int i = 0; i < 4; ++i) QTest::keyClick(list, Qt::Key_Down);
   EXPECT_EQ(text("lName") + " " + text("lMaara2"), "z Err\nErr\nErr");
   const QImage blank = dialog.findChild<QWidget*>("pKuva")->grab().toImage();
   EXPECT_FALSE(import->isEnabled());
   EXPECT_EQ(blank.pixelColor(0, 0), kMapBackground);
-  for (int i = 0; i < 2; ++i) QTest::keyClick(list, Qt::Key_Up);
+  EXPECT_EQ(list->horizontalScrollBar()->maximum(), 0) << "a long name is cut";
+  EXPECT_EQ(list->item(2)->toolTip().toStdString(), wide);
+  for (int i = 0; i < 3; ++i) QTest::keyClick(list, Qt::Key_Up);
   EXPECT_EQ(text("lName") + " " + text("lMaara2"), "a 1\n0\n0");
   EXPECT_NE(dialog.findChild<QWidget*>("pKuva")->grab().toImage(), blank);
+  // To an assistive program, too, a prefab is chosen by its item, and each value says what it is.
+  auto* reader = QAccessible::queryAccessibleInterface(list);
+  for (const int row : {3, 0, 0}) {  // the last time it is the chosen one
+    reader->child(row)->actionInterface()->doAction("Toggle");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(list->currentRow(), row);
+    EXPECT_EQ(import->isEnabled(), row == 0);
+    EXPECT_EQ(list->selectedItems(), QList{list->item(row)});
+  }
+  QStringList captions;
+  for (const auto* label : dialog.findChildren<QLabel*>(QString())) captions << label->text();
+  for (const char* caption : {"Name:", "Author:", "Left", "Prefab"}) {
+    EXPECT_TRUE(captions.contains(caption)) << caption;
+  }
+  for (const char* name : {"lHakemisto", "lName", "lAuthor", "lMaara", "lMaara2"}) {
+    EXPECT_NE(dialog.findChild<QLabel*>(name)->accessibleDescription(), "") << name;
+  }
   QTest::keyClick(list, Qt::Key_Down);
   EXPECT_TRUE(import->isEnabled());
   QTimer::singleShot(0, import, &QPushButton::click);

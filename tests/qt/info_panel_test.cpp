@@ -29,8 +29,13 @@ class InfoPanelTest : public PanelWindow {
   std::string Text(const char* name) {
     auto* combo = Find<QComboBox>(name);
     const bool isHeld = combo->isEditable() || combo->currentIndex() >= 0;
-    const QString text = isHeld ? combo->currentText() : combo->placeholderText();
+    const QString text = isHeld ? combo->currentText() : combo->accessibleDescription();
     return text.toStdString() + " of " + std::to_string(combo->count());
+  }
+  /// Sets a text as assistive programs do.
+  void Dictate(const char* name, const QString& text) {
+    auto* line = QAccessible::queryAccessibleInterface(Find<QComboBox>(name)->lineEdit());
+    line->editableTextInterface()->replaceText(0, line->textInterface()->characterCount(), text);
   }
   int Tick(const char* name) { return Find<QCheckBox>(name)->checkState(); }
 };
@@ -48,9 +53,15 @@ TEST_F(InfoPanelTest, ShowsItsContents) {
   Refresh(kEdit, "w0");
   EXPECT_TRUE(Find<QRadioButton>("OBbotKumpi1")->isChecked());
   EXPECT_EQ(Text("CBspawn") + Text("CBscenery2") + Text("CBcollider"), " of 0 of 0 of 4");
-  for (const char* name : {"CByhista", "CBverticeLapi", "CBspawn"}) {
+  for (const char* name : {"CByhista", "CBverticevari", "CBverticeLapi", "CBspawn"}) {
     EXPECT_FALSE(Find(name)->isEnabled()) << name;
   }
+  Refresh(kEdit, "s0");
+  auto* spawn = Find<QComboBox>("CBspawn");
+  EXPECT_EQ(Text("CBspawn") + spawn->accessibleDescription().toStdString(), "Normal of 3");
+  const QImage first = spawn->grab().toImage();
+  spawn->setCurrentIndex(-1);
+  EXPECT_NE(spawn->grab().toImage(), first) << "the first of the list is painted, too";
   EXPECT_EQ(triggered, 0) << "showing never counts as choosing";
 }
 
@@ -72,6 +83,17 @@ TEST_F(InfoPanelTest, ClicksReachTheirHandlers) {
   EXPECT_TRUE(Tick("CBverticeLapi"));
   Refresh(kEdit, "v0.0 v0.1 w0 w1");
   EXPECT_FALSE(Tick("CBverticeLapi"));
+  Refresh(kEdit, "v0.0 v0.1 s0 w0 w1");
+  const QImage before = widget.grab().toImage();
+  editor.panel.panelRefreshing = true;  // while another handler is at work
+  for (const char* name : {"CBnayta1", "CBbotValinta2", "OBbotNayta2"}) Click(name);
+  auto* spawn = Find<QComboBox>("CBspawn");
+  spawn->showPopup();
+  QTest::keyClick(spawn->view(), Qt::Key_End);
+  QTest::keyClick(spawn->view(), Qt::Key_Return);
+  editor.panel.panelRefreshing = false;
+  EXPECT_EQ(widget.grab().toImage(), before) << "a refused click changes nothing";
+  Refresh(kEdit, "v0.0 v0.1 w0 w1");
   map.backgroundColor1 = {1, 2, 3, 4};
   dialogs.chosenColors = {0x030201, std::nullopt, 0x405060};
   for (const char* name : {"CBtexEiKorjaus", "OBbotKumpi2", "CBverticevari", "CBtausta1",
@@ -88,6 +110,11 @@ TEST_F(InfoPanelTest, ClicksReachTheirHandlers) {
 
 TEST_F(InfoPanelTest, TypedTextsCountWithEnterOnlyAndOpenedListsOfferRealValues) {
   Refresh(kEdit, "o0 c0");
+  QStringList typed;
+  QObject::connect(&widget, &InfoPanel::Typed, [&](const InfoPanel::Handler& handler) {
+    handler(editor);
+    typed << QString::fromStdString(editor.note);
+  });
   Type("CBscenery2", "40", Qt::Key_Return);
   Type("CBcollider", "24", Qt::Key_Enter);
   EXPECT_THAT(Steps(), ElementsAre("Visibility", "Size"));
@@ -95,6 +122,19 @@ TEST_F(InfoPanelTest, TypedTextsCountWithEnterOnlyAndOpenedListsOfferRealValues)
   Type("CBcollider", "16", Qt::Key_Tab);
   Refresh(kEdit, "o0 c0");  // nothing has changed but what was typed
   EXPECT_EQ(Text("CBscenery2") + Text("CBcollider"), "40% of 424 of 4");
+  for (const char* name : {"CBscenery2", "CBcollider"}) {
+    typed.clear();
+    Dictate(name, "18");
+    EXPECT_EQ(typed, QStringList("Enter applies")) << name;
+  }
+  EXPECT_EQ(Text("CBscenery2") + Text("CBcollider"), "18 of 418 of 4");
+  typed.clear();
+  Refresh(kEdit, "o0 c0");
+  EXPECT_EQ(Text("CBscenery2") + Text("CBcollider"), "40% of 424 of 4");
+  EXPECT_EQ(typed, QStringList()) << "showing is no typing";
+  Dictate("CBscenery2", "41");
+  QTest::keyClick(Find("CBscenery2"), Qt::Key_Return);
+  EXPECT_EQ(Text("CBscenery2"), "41% of 4");
   // A refused text is replaced though the box showed the same before.
   for (const char* text : {"100", "150"}) Type("CBscenery2", text, Qt::Key_Return);
   EXPECT_EQ(Text("CBscenery2"), "100% of 4");
@@ -103,9 +143,11 @@ TEST_F(InfoPanelTest, TypedTextsCountWithEnterOnlyAndOpenedListsOfferRealValues)
   for (const auto& [name, shownText] : {std::pair("CBspawn", "Many types of 3"),
                                         {"CBscenery", "Many types of 21"},
                                         {"CBscenery2", "Many types of 4"}}) {
+    const QImage held = Find(name)->grab().toImage();
     Find<QComboBox>(name)->showPopup();
     EXPECT_EQ(Text(name), shownText);
     Find<QComboBox>(name)->hidePopup();
+    EXPECT_EQ(Find(name)->grab().toImage(), held) << name;
   }
   auto* combo = Find<QComboBox>("CBspawn");
   combo->showPopup();

@@ -199,6 +199,9 @@ TEST(PainterCanvasTest, CirclesAreRoundAndTheSmallestStandOut) {
   }
   EXPECT_EQ(circle(1, 1, 1, PenStyle::kSolid, 3, 1), (Rows{".r.", "r.r", ".r."}));
   EXPECT_EQ(circle(0, 1, 0, PenStyle::kSolid, 2, 2), (Rows{"....", "....", "rr..", "rr.."}));
+  for (const std::string& row : circle(50 - 1200, 50, 1200, PenStyle::kSolid, 100, 1)) {
+    EXPECT_NE(row.find('r'), std::string::npos) << "all the way round";
+  }
   for (const double ratio : {1.0, 1.5, 2.0}) {
     for (const int radius : {5, 10, 40, 900, 1200, 32000}) {
       const auto middle = static_cast<float>(radius < 100 ? 50 : 50 - radius / std::sqrt(2.0));

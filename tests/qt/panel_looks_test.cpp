@@ -1,10 +1,12 @@
 // What the property panel looks like: faces of colour buttons, captions, and everything in its
 // place in every font.
 #include <QAccessible>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScreen>
 #include <QScrollBar>
 #include <QStyleFactory>
 #include <QStyleOptionComboBox>
@@ -25,6 +27,14 @@ class PanelLooksTest : public PanelWindow {
   ~PanelLooksTest() override { QApplication::setFont(font_); }
 
   static QImage PictureOf(QWidget* shown) { return shown->grab().toImage(); }
+  /// What has been painted of it: unlike above, not painted for the picture.
+  static QImage OnScreen(QWidget* shown) {
+    const QPoint place = shown->mapTo(shown->window(), QPoint());
+    return shown->screen()
+        ->grabWindow(shown->window()->winId(), place.x(), place.y(), shown->width(),
+                     shown->height())
+        .toImage();
+  }
   /// Pixels of `picture` within `area` that are exactly `color`.
   static int Count(const QImage& picture, const QRect& area, QColor color) {
     int count = 0;
@@ -83,8 +93,12 @@ class PanelLooksTest : public PanelWindow {
 TEST_F(PanelLooksTest, AColorButtonHasItsExactColorAndNamesIt) {
   auto* upper = Find<QPushButton>("CBtausta1");
   const std::unique_ptr<QStyle> otherStyle(QStyleFactory::create("windows"));
-  for (const QColor color : {QColor(255, 0, 0), QColor(0, 0, 0), QColor(255, 255, 255),
-                             QColor(10, 128, 30), QColor(250, 240, 10)}) {
+  using Face = std::pair<QColor, QColor>;  // and its caption
+  for (const auto& [color, contrast] :
+       {Face(QColor(255, 0, 0), Qt::black), Face(Qt::black, Qt::white), Face(Qt::white, Qt::black),
+        Face(QColor(0, 215, 0), Qt::black), Face(QColor(255, 0, 255), Qt::black),
+        Face(QColor(10, 100, 30), Qt::white), Face(QColor(0, 0, 255), Qt::white),
+        Face(QColor(115, 115, 115), Qt::white), Face(QColor(122, 122, 122), Qt::black)}) {
     map.backgroundColor1 = {static_cast<std::uint8_t>(color.blue()),
                             static_cast<std::uint8_t>(color.green()),
                             static_cast<std::uint8_t>(color.red()), 77};
@@ -97,16 +111,21 @@ TEST_F(PanelLooksTest, AColorButtonHasItsExactColorAndNamesIt) {
     EXPECT_TRUE(upper->toolTip().contains(words));
 
     const QImage face = PictureOf(upper);
+    EXPECT_EQ(OnScreen(upper).pixelColor(8, upper->height() / 2), color);
     QRect caption = upper->fontMetrics().boundingRect(upper->text());
     caption.moveCenter(upper->rect().center());
     caption.adjust(-3, -3, 3, 3);
     const QRect flat = upper->rect().adjusted(1, 1, -1, -1);
     EXPECT_EQ(Count(face, flat, color) - Count(face, caption, color),
               flat.width() * flat.height() - caption.width() * caption.height());
+    if (color != Qt::black) {
+      EXPECT_EQ(Count(face, face.rect(), color), Count(face, flat, color)) << "a frame around it";
+    }
     int readable = 0;
     for (int x = caption.left(); x <= caption.right(); ++x) {
       const QRgb pixel = face.pixel(x, caption.center().y());
-      readable += std::abs(qGray(pixel) - qGray(color.rgb())) > 90 ? 1 : 0;
+      const int toContrast = qGray(contrast.rgb()) - qGray(color.rgb());
+      readable += (qGray(pixel) - qGray(color.rgb())) * 3 / toContrast >= 2 ? 1 : 0;
     }
     EXPECT_GT(readable, 3) << "the caption";
     upper->setStyle(otherStyle.get());
@@ -158,11 +177,35 @@ TEST_F(PanelLooksTest, AHighlightedCaptionIsRedAndMovesNothing) {
       const bool isNext = static_cast<int>(i) + 1 == tool;
       const QRect caption(0, 0, frame->width(), frame->fontMetrics().height());
       EXPECT_EQ(Count(PictureOf(frame), caption, QColor(255, 0, 0)) > 0, isNext) << frames[i];
+      EXPECT_EQ(Count(OnScreen(frame), caption, QColor(255, 0, 0)) > 0, isNext) << frames[i];
       EXPECT_EQ(frame->toolTip(), isNext ? "What the next object gets" : "");
+      EXPECT_EQ(QAccessible::queryAccessibleInterface(frame)->text(QAccessible::Description),
+                frame->toolTip());
     }
     for (const auto& [control, place] : places) {
       EXPECT_EQ(control->geometry(), place) << control->objectName().toStdString();
     }
+  }
+}
+
+TEST_F(PanelLooksTest, ArrowsPointWhereTheySay) {
+  constexpr int kSide = 32;
+  const QRect halves[] = {{0, 0, kSide / 2, kSide},
+                          {kSide / 2, 0, kSide / 2, kSide},
+                          {0, 0, kSide, kSide / 2},
+                          {0, kSide / 2, kSide, kSide / 2}};
+  Refresh(kEdit, kMany);
+  for (int i = 0; i < 4; ++i) {
+    const auto* box = Find<QCheckBox>(QString("CBbotValinta%1").arg(i));
+    const QImage arrow = box->icon().pixmap(kSide).toImage();
+    const auto inked = [&](int half) {
+      return halves[half].width() * halves[half].height() -
+             Count(arrow, halves[half], Qt::transparent);
+    };
+    const int other = i ^ 1;  // the half it points away from
+    EXPECT_GT(inked(i), inked(other) * 5 / 4) << i;
+    EXPECT_GT(inked(other), 80) << i;
+    EXPECT_EQ(inked(i < 2 ? 2 : 0), inked(i < 2 ? 3 : 1)) << i << " lies in the middle";
   }
 }
 
@@ -190,6 +233,9 @@ TEST_F(PanelLooksTest, NothingIsCutOrCoveredInAnyFont) {
             << combo->itemText(i).toStdString();
       }
     }
+    for (const char* name : {"OBbotNayta0", "OBbotKumpi1"}) {
+      EXPECT_EQ(Find(name)->width(), Find(name)->sizeHint().width()) << "not drawn apart";
+    }
     // The author stands behind his heading.
     const auto* heading = Find<QLabel>("Lkartta1");
     EXPECT_EQ(Find("lAuthor")->mapTo(&widget, QPoint()) - heading->mapTo(&widget, QPoint()),
@@ -208,9 +254,10 @@ TEST_F(PanelLooksTest, NothingIsCutOrCoveredInAnyFont) {
 }
 
 TEST_F(PanelLooksTest, LongNamesAreCutAndToldWhole) {
-  map.fileName = "/maps/" + std::string(60, 'W') + ".pmp";
-  map.author = std::string(38, 'M');
+  map.fileName = "/maps/A & " + std::string(60, 'W') + ".pmp";
+  map.author = "<b>" + std::string(35, 'M');  // is shown as it is
   const int width = widget.WidthFor(1000);
+  widget.setToolTip("of what lies around");
   Refresh(kEdit, "");
   EXPECT_EQ(widget.WidthFor(1000), width);
   for (const char* name : {"Lkartta1", "lAuthor"}) {
@@ -219,7 +266,7 @@ TEST_F(PanelLooksTest, LongNamesAreCutAndToldWhole) {
     EXPECT_EQ(QAccessible::queryAccessibleInterface(label)->text(QAccessible::Name), whole);
     QHelpEvent help(QEvent::ToolTip, QPoint(2, 2), label->mapToGlobal(QPoint(2, 2)));
     QApplication::sendEvent(label, &help);
-    EXPECT_EQ(QToolTip::text(), whole) << name;
+    EXPECT_EQ(QToolTip::text(), whole.contains('<') ? whole.toHtmlEscaped() : whole) << name;
     const QImage cut = PictureOf(label);
     QStringList lines;
     for (const QString& line : whole.split('\n')) {
@@ -256,6 +303,14 @@ TEST_F(PanelLooksTest, ALabelHoldsItsLinesAtEveryScale) {
     }
     EXPECT_GT(inside, 200);
   }
+  ElidedLabel number("any", "17");
+  number.setText("17");
+  number.setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  number.resize(300, 100);
+  const QImage picture = PictureOf(&number);
+  const QRgb ground = picture.pixel(0, 0);
+  EXPECT_NE(picture.copy(250, 35, 50, 30), picture.copy(0, 35, 50, 30));
+  EXPECT_EQ(Count(picture, QRect(0, 0, 250, 100), QColor(ground)), 250 * 100);
 }
 
 }  // namespace

@@ -2,6 +2,8 @@
 
 #include <QDir>
 #include <QGridLayout>
+#include <QScreen>
+#include <QStyledItemDelegate>
 #include <QVBoxLayout>
 
 #include "platform/qt/qt_text.h"
@@ -12,6 +14,16 @@ namespace {
 
 /// A long name is cut: it must not push the dialog over the edge of the screen.
 QLabel* MakeLabel(const char* name) { return new ElidedLabel(name, {}); }
+
+/// Items as wide as the list: a longer name is cut.
+class CutItems final : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    return {1, QStyledItemDelegate::sizeHint(option, index).height()};
+  }
+};
 
 QLabel* MakeNumbers(const char* name) {
   auto* label = new QLabel;
@@ -40,7 +52,11 @@ Import::Import(const Editor& editor, QWidget* parent)
   column->addWidget(folder_);
   files_->setObjectName("fTiedosto");
   files_->setAccessibleName("Prefabs");
-  for (const std::string& name : names_) files_->addItem(ToQt(name));
+  files_->setItemDelegate(new CutItems(files_));
+  for (const std::string& name : names_) {
+    auto* item = new QListWidgetItem(ToQt(name), files_);
+    item->setToolTip(PlainTip(item->text()));
+  }
   // Otherwise the first file would be taken as chosen as soon as the list has the focus.
   files_->setCurrentIndex({});
   picture_->setObjectName("pKuva");
@@ -62,19 +78,30 @@ Import::Import(const Editor& editor, QWidget* parent)
   column->addLayout(buttons);
 
   connect(files_, &QListWidget::currentRowChanged, this, &Import::ShowChoice);
+  // Assistive programs choose an item by selecting it. Queued: keys select one just before they
+  // make it the current one.
+  connect(files_, &QListWidget::itemSelectionChanged, this, &Import::FollowSelection,
+          Qt::QueuedConnection);
   connect(files_, &QListWidget::itemDoubleClicked, import_, &QPushButton::click);
   connect(import_, &QPushButton::clicked, this, &QDialog::accept);
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
   ShowChoice();
   // By the font: a list of usual names, a picture as high, and the numbers below them.
   const int line = fontMetrics().lineSpacing();
-  resize(line * 36, line * 28);
+  const QSize room = screen()->availableSize() - QSize(2 * line, 4 * line);  // and its frame
+  resize(QSize(line * 36, line * 28).boundedTo(room));
 }
 
 void Import::BuildDetails(QBoxLayout& column) {
   auto* grid = new QGridLayout;
   grid->setColumnStretch(3, 1);  // the columns of numbers stand side by side
   grid->setHorizontalSpacing(20);
+  // Values that stand far from their captions say what they are.
+  folder_->setAccessibleDescription("Folder");
+  name_->setAccessibleDescription("Name");
+  author_->setAccessibleDescription("Author");
+  left_->setAccessibleDescription("Left: polygons, sceneries, colliders");
+  counts_->setAccessibleDescription("Prefab: polygons, sceneries, colliders");
   grid->addWidget(new QLabel("Name:"), 0, 0);
   grid->addWidget(name_, 0, 1, 1, 3);
   grid->addWidget(new QLabel("Author:"), 1, 0);
@@ -85,6 +112,12 @@ void Import::BuildDetails(QBoxLayout& column) {
   grid->addWidget(left_, 3, 1);
   grid->addWidget(counts_, 3, 2);
   column.addLayout(grid);
+}
+
+/// One is chosen for good, as by a click.
+void Import::FollowSelection() {
+  const QList<QListWidgetItem*> selected = files_->selectedItems();
+  files_->setCurrentItem(selected.isEmpty() ? files_->currentItem() : selected.first());
 }
 
 void Import::ShowChoice() {

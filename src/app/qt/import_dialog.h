@@ -26,6 +26,7 @@ class Import final : public QDialog {
 
  private:
   void BuildDetails(QBoxLayout& column);
+  void FollowSelection();
   void ShowChoice();
 
   /// What the list shows is no use for opening: not every name on a disk is UTF-8.

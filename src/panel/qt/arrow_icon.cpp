@@ -46,7 +46,7 @@ class ArrowEngine final : public QIconEngine {
         mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
-    painter->translate(rect.center() + QPointF(0.5, 0.5));
+    painter->translate(QRectF(rect).center());
     painter->rotate(AngleOf(direction_));
     painter->scale(rect.width(), rect.height());
     painter->translate(-0.5, -0.5);

@@ -1,18 +1,27 @@
 #include "panel/qt/color_button.h"
 
 #include <QPainter>
+#include <cmath>
 
 namespace vesmora {
 namespace {
 
-// Pixels.
-constexpr int kSwatchMargin = 4;  // around the colour of a disabled button
-constexpr int kFocusRing = 2;
+constexpr int kFocusRing = 2;  // pixels
 
-/// Whichever of black and white can be read on the colour.
+/// The light that a colour gives, from 0 for black to 1 for white.
+double LuminanceOf(const QColor& color) {
+  const auto linear = [](double channel) {
+    return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
+         0.0722 * linear(color.blueF());
+}
+
+/// Whichever of black and white is better read on the colour.
 QColor ContrastTo(const QColor& color) {
-  const int brightness = (color.red() * 299 + color.green() * 587 + color.blue() * 114) / 1000;
-  return brightness < 128 ? Qt::white : Qt::black;
+  constexpr double kStrayLight = 0.05;  // that a screen gives where it is black
+  const double light = LuminanceOf(color) + kStrayLight;
+  return light / kStrayLight > (1 + kStrayLight) / light ? Qt::black : Qt::white;
 }
 
 }  // namespace
@@ -55,13 +64,11 @@ void ColorButton::paintEvent(QPaintEvent* event) {
     painter.fillRect(face, color);
     face.adjust(pixels, pixels, -pixels, -pixels);
   };
-  if (!isEnabled()) {  // the colour on a sheet, without the frame that invites to press it
-    addRing(palette().color(QPalette::Window), kSwatchMargin);
-  } else if (hasFocus()) {
+  if (hasFocus()) {
     addRing(palette().color(QPalette::Highlight), kFocusRing);
     addRing(contrast, 1);
   } else {
-    addRing(palette().color(QPalette::WindowText), 1);
+    addRing(palette().color(QPalette::WindowText), 1);  // pale while disabled
   }
   if (isDown()) addRing(contrast, 1);
   painter.fillRect(face, *color_);

@@ -100,18 +100,17 @@ OptionButton* InfoPanel::AddOption(QBoxLayout& row, const QString& caption, cons
   return option;
 }
 
-PanelCombo* InfoPanel::AddCombo(QBoxLayout& column, const QString& caption, const QString& name,
+PanelCombo* InfoPanel::AddCombo(QGridLayout& captioned, const QString& caption, const QString& name,
                                 const ComboHandlers& handlers, PartOf<ComboContents> part,
                                 std::span<const std::string_view> values) {
   auto* combo = new PanelCombo(
       name, handlers.enter != nullptr ? PanelCombo::Kind::kEditable : PanelCombo::Kind::kList,
       values);
-  auto* row = AddRow(column);
-  row->setSpacing(2 * kSpacing);
   auto* label = new QLabel(caption);
   label->setBuddy(combo);
-  row->addWidget(label);
-  row->addWidget(combo, 1);
+  const int row = captioned.rowCount();
+  captioned.addWidget(label, row, 0);
+  captioned.addWidget(combo, row, 1);
   connect(combo, &PanelCombo::Closed, this, &InfoPanel::ListClosed);
   connect(combo, &PanelCombo::Touched, this, [this] { shown_.reset(); });
   const auto handOn = [this, combo](auto signal, ComboHandlers::TextHandler handler, auto as) {

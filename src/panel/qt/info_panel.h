@@ -22,6 +22,7 @@
 #include "view/qt/tick_box.h"
 
 class QBoxLayout;
+class QGridLayout;
 
 namespace vesmora {
 
@@ -73,7 +74,8 @@ class InfoPanel final : public QFrame {
   void BuildSceneryFrame(QBoxLayout& column);
   void BuildColliderFrame(QBoxLayout& column);
   void BuildWaypointFrame(QBoxLayout& column);
-  void BuildPathOptions(QBoxLayout& column);
+  void BuildShownPaths(QGridLayout& captioned);
+  void BuildPaths(QGridLayout& captioned);
   void BuildBotBoxes(QBoxLayout& column);
 
   /// From now on `apply` is called with `widget` and its part of what is to be shown.
@@ -92,7 +94,7 @@ class InfoPanel final : public QFrame {
                    std::function<void(PanelEditing&, bool)> handler, PartOf<CheckContents> part);
   OptionButton* AddOption(QBoxLayout& row, const QString& caption, const QString& name,
                           Handler handler, PartOf<OptionContents> part);
-  PanelCombo* AddCombo(QBoxLayout& column, const QString& caption, const QString& name,
+  PanelCombo* AddCombo(QGridLayout& captioned, const QString& caption, const QString& name,
                        const ComboHandlers& handlers, PartOf<ComboContents> part,
                        std::span<const std::string_view> values);
   QBoxLayout* AddToolFrame(QBoxLayout& column, const char* caption, const char* name,

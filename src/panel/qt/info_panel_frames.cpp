@@ -20,6 +20,15 @@ CaptionFrame* AddFrame(QBoxLayout& layout, const char* caption, const char* name
   return frame;
 }
 
+QHBoxLayout* AddCaptionedRow(QGridLayout& captioned, const char* caption) {
+  auto* row = new QHBoxLayout;
+  row->setSpacing(kSpacing);
+  const int position = captioned.rowCount();
+  captioned.addWidget(new QLabel(caption), position, 0);
+  captioned.addLayout(row, position, 1);
+  return row;
+}
+
 }  // namespace
 
 void InfoPanel::BuildMapInfo(QBoxLayout& column) {
@@ -32,7 +41,9 @@ void InfoPanel::BuildMapInfo(QBoxLayout& column) {
   grid->addWidget(mapNames_, 0, 0);
   // Beside the second of three lines, behind its heading.
   besideMapNames_ = new QVBoxLayout;
-  besideMapNames_->addWidget(MakeLabel("lAuthor", {}, &PanelContents::lAuthor));
+  auto* author = MakeLabel("lAuthor", {}, &PanelContents::lAuthor);
+  author->setAccessibleDescription("Author");
+  besideMapNames_->addWidget(author);
   besideMapNames_->addStretch();
   PlaceAuthor();
   grid->addLayout(besideMapNames_, 0, 0);
@@ -43,11 +54,11 @@ void InfoPanel::BuildMapInfo(QBoxLayout& column) {
       &PanelContents::Lkartta2));
 
   auto* buttons = AddRow(column);
-  auto* author = new QPushButton("Author...");
-  author->setObjectName("CBauthor");
-  author->setToolTip("Set the author's name and write it on the map");
-  connect(author, &QPushButton::clicked, this, &InfoPanel::AuthorClicked);
-  buttons->addWidget(author);
+  auto* change = new QPushButton("Author...");
+  change->setObjectName("CBauthor");
+  change->setToolTip("Set the author's name and write it on the map");
+  connect(change, &QPushButton::clicked, this, &InfoPanel::AuthorClicked);
+  buttons->addWidget(change);
   AddColorButton(*buttons, "Upper", "CBtausta1", "Choose the background's colour at the top",
                  CBtausta1_Click, &PanelContents::CBtausta1);
   AddColorButton(*buttons, "Lower", "CBtausta2", "Choose the background's colour at the bottom",
@@ -125,13 +136,14 @@ void InfoPanel::BuildPolygonFrame(QBoxLayout& column) {
 }
 
 void InfoPanel::BuildSpawnFrame(QBoxLayout& column) {
-  auto* inside = AddToolFrame(column, "Spawn info", "Fspawn", ToolMode::kAddSpawn);
+  auto* inside = AddCaptioned(*AddToolFrame(column, "Spawn info", "Fspawn", ToolMode::kAddSpawn));
   AddCombo(*inside, "Type", "CBspawn", {.click = CBspawn_Click, .dropDown = CBspawn_DropDown},
            &PanelContents::CBspawn, kSpawnTypes);
 }
 
 void InfoPanel::BuildSceneryFrame(QBoxLayout& column) {
-  auto* inside = AddToolFrame(column, "Scenery info", "Fscenery", ToolMode::kAddScenery);
+  auto* inside =
+      AddCaptioned(*AddToolFrame(column, "Scenery info", "Fscenery", ToolMode::kAddScenery));
   AddCombo(*inside, "Type", "CBscenery", {.click = CBscenery_Click, .dropDown = CBscenery_DropDown},
            &PanelContents::CBscenery, kSceneryNames);
   AddCombo(*inside, "Visibility", "CBscenery2",
@@ -144,7 +156,8 @@ void InfoPanel::BuildSceneryFrame(QBoxLayout& column) {
 }
 
 void InfoPanel::BuildColliderFrame(QBoxLayout& column) {
-  auto* inside = AddToolFrame(column, "Collider info", "Fcollider", ToolMode::kAddCollider);
+  auto* inside =
+      AddCaptioned(*AddToolFrame(column, "Collider info", "Fcollider", ToolMode::kAddCollider));
   AddCombo(*inside, "Size", "CBcollider",
            {.click = CBcollider_Click, .enter = CBcollider_Enter, .change = CBcollider_Change},
            &PanelContents::CBcollider, kColliderSizes)
@@ -153,36 +166,39 @@ void InfoPanel::BuildColliderFrame(QBoxLayout& column) {
 
 void InfoPanel::BuildWaypointFrame(QBoxLayout& column) {
   auto* inside = AddToolFrame(column, "Bot Waypoints info", "Fbot", ToolMode::kAddWaypoint);
-  BuildPathOptions(*inside);
+  auto* paths = AddCaptioned(*inside);
+  BuildShownPaths(*paths);
+  BuildPaths(*paths);
   BuildBotBoxes(*inside);
 }
 
-void InfoPanel::BuildPathOptions(QBoxLayout& column) {
-  auto* filterRow = AddRow(column);
-  filterRow->addWidget(new QLabel("Show"));
+void InfoPanel::BuildShownPaths(QGridLayout& captioned) {
+  QHBoxLayout* row = AddCaptionedRow(captioned, "Show");
   constexpr std::array<const char*, 3> kFilters = {"Both", "Path 1", "Path 2"};
   for (std::size_t i = 0; i < kFilters.size(); ++i) {
     OptionButton* option = AddOption(
-        *filterRow, kFilters[i], QString("OBbotNayta%1").arg(i),
+        *row, kFilters[i], QString("OBbotNayta%1").arg(i),
         [i](PanelEditing& editing) { OBbotNayta_Click(editing, static_cast<int>(i)); },
         [i](const PanelContents& contents) -> auto& { return contents.OBbotNayta[i]; });
-    // The options below have the same captions.
+    // The options of BuildPaths have the same captions.
     if (i > 0) option->setAccessibleName(QString("Show %1").arg(kFilters[i]));
     option->setToolTip(i == 0 ? "Show and select the waypoints of every path"
                               : "Show and select the waypoints of this path only");
   }
-  filterRow->addStretch();
+  row->addStretch();
+}
 
-  auto* pathRow = AddRow(column);
+void InfoPanel::BuildPaths(QGridLayout& captioned) {
+  QHBoxLayout* row = AddCaptionedRow(captioned, "Path");
   for (std::size_t i = 0; i < 2; ++i) {
     const int path = static_cast<int>(i) + 1;
     AddOption(
-        *pathRow, QString("Path %1").arg(path), QString("OBbotKumpi%1").arg(path),
+        *row, QString("Path %1").arg(path), QString("OBbotKumpi%1").arg(path),
         [path](PanelEditing& editing) { OBbotKumpi_Click(editing, path); },
         [i](const PanelContents& contents) -> auto& { return contents.OBbotKumpi[i]; })
         ->setToolTip("Path that the selected waypoints belong to, or the next one");
   }
-  pathRow->addStretch();
+  row->addStretch();
 }
 
 void InfoPanel::BuildBotBoxes(QBoxLayout& column) {

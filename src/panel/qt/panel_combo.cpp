@@ -29,13 +29,13 @@ PanelCombo::PanelCombo(const QString& name, Kind kind, std::span<const std::stri
   connect(this, &QComboBox::textActivated, this, &PanelCombo::Chosen);
   if (kind == Kind::kList) return;
   setEditable(true);
-  setInsertPolicy(QComboBox::NoInsert);
   setCompleter(nullptr);
   // Left alone, a text that is typed and left without Enter would count as a choice.
   disconnect(lineEdit(), &QLineEdit::editingFinished, nullptr, nullptr);
   connect(lineEdit(), &QLineEdit::editingFinished, this, &PanelCombo::Left);
-  connect(lineEdit(), &QLineEdit::textEdited, this, &PanelCombo::Touched);
-  connect(lineEdit(), &QLineEdit::textEdited, this, &PanelCombo::Typed);
+  // Not by textEdited: assistive programs set a text without a key.
+  connect(lineEdit(), &QLineEdit::textChanged, this, &PanelCombo::Touched);
+  connect(lineEdit(), &QLineEdit::textChanged, this, &PanelCombo::Typed);
 }
 
 void PanelCombo::Show(const ComboContents& contents) {
@@ -51,7 +51,8 @@ void PanelCombo::Show(const ComboContents& contents) {
 }
 
 void PanelCombo::ShowText(const QString& text) {
-  if (currentText() == text && (isEditable() || currentIndex() >= 0)) return;
+  const bool isHeld = isEditable() || currentIndex() >= 0;
+  if (isHeld && outside_.isEmpty() && currentText() == text) return;
   const int index = findText(text);
   setCurrentIndex(index);
   if (isEditable()) {
@@ -59,9 +60,14 @@ void PanelCombo::ShowText(const QString& text) {
     return;
   }
   // A text that is not in the list is no value to the toolkit.
-  const QString outside = index < 0 ? text : "";
-  setPlaceholderText(outside);
-  setAccessibleDescription(outside);
+  outside_ = index < 0 ? text : "";
+  setAccessibleDescription(outside_);
+  update();
+}
+
+void PanelCombo::initStyleOption(QStyleOptionComboBox* option) const {
+  ClosingCombo::initStyleOption(option);
+  if (currentIndex() < 0 && !isEditable()) option->currentText = outside_;
 }
 
 QSize PanelCombo::sizeHint() const {

@@ -33,18 +33,22 @@ class PanelCombo final : public ClosingCombo {
   void Entered(const QString& text);
   /// The box shows something else than it was told: the user has typed or chosen.
   void Touched();
+  /// By keys or an assistive program; a choice in a box that can be typed into counts first as
+  /// that.
   void Typed(const QString& text);
   /// The keyboard has gone elsewhere, whatever was typed.
   void Left();
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
+  void initStyleOption(QStyleOptionComboBox* option) const override;
 
  private:
   void ShowText(const QString& text);
 
   std::span<const std::string_view> values_;
   std::span<const std::string_view> items_;
+  QString outside_;  // what is shown, where it is not in the list
 };
 
 }  // namespace vesmora

@@ -1,6 +1,7 @@
 // Frames and rows of the property panel, close together.
 #pragma once
 
+#include <QGridLayout>
 #include <QHBoxLayout>
 
 namespace vesmora {
@@ -21,6 +22,16 @@ inline QHBoxLayout* AddRow(QBoxLayout& column) {
   row->setSpacing(kSpacing);
   column.addLayout(row);
   return row;
+}
+
+/// Captions in the first column, what they belong to in the second.
+inline QGridLayout* AddCaptioned(QBoxLayout& column) {
+  auto* grid = new QGridLayout;
+  grid->setVerticalSpacing(kSpacing);
+  grid->setHorizontalSpacing(2 * kSpacing);
+  grid->setColumnStretch(1, 1);
+  column.addLayout(grid);
+  return grid;
 }
 
 }  // namespace vesmora

@@ -9,6 +9,8 @@ constexpr std::array<const char*, kToolCount> kCaptions = {
 }  // namespace
 
 ToolPanel::ToolPanel(QWidget* parent) : PanelStrip("Pyla", "Tools", parent) {
+  // Without a line at the top: it lies below the menus, and the corner frame would break it.
+  setFrameRect(rect().adjusted(0, -frameWidth(), 0, 0));
   Row().setSpacing(11);
   for (std::size_t i = 0; i < kCaptions.size(); ++i) {
     auto* button = new OptionButton(kCaptions[i], QString("OBvalinta%1").arg(i));

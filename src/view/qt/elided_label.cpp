@@ -31,6 +31,10 @@ int WidestWidth(const QFontMetrics& metrics, const QString& text) {
   return width;
 }
 
+QString PlainTip(const QString& text) {
+  return Qt::mightBeRichText(text) ? text.toHtmlEscaped() : text;
+}
+
 ElidedLabel::ElidedLabel(const QString& name, const QString& widest) : widest_(widest) {
   setObjectName(name);
   setTextFormat(Qt::PlainText);
@@ -54,7 +58,7 @@ bool ElidedLabel::IsCut() const {
 
 bool ElidedLabel::event(QEvent* event) {
   if (event->type() == QEvent::ToolTip && IsCut()) {
-    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text().toHtmlEscaped(), this);
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), PlainTip(text()), this);
     return true;
   }
   return QLabel::event(event);

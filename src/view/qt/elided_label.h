@@ -9,6 +9,9 @@ namespace vesmora {
 /// of as many digits. The widest line counts.
 int WidestWidth(const QFontMetrics& metrics, const QString& text);
 
+/// A tooltip that shows `text` as it is, markup and all.
+QString PlainTip(const QString& text);
+
 class ElidedLabel final : public QLabel {
   Q_OBJECT
 

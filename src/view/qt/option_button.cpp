@@ -13,10 +13,11 @@ OptionButton::OptionButton(const QString& caption, const QString& name) : QRadio
   alone->setExclusive(false);
   alone->addButton(this);
   connect(this, &QRadioButton::clicked, this, &OptionButton::Chosen);
-  // Assistive programs toggle a button without clicking it; a click's own change is silent.
+  // Assistive programs toggle a button without clicking it; a click's own change is silent. Queued:
+  // they wait for the call to return, which with a box that opens it would not.
   connect(this, &QRadioButton::toggled, this, [this] {
     Show(true);
-    Q_EMIT Chosen();
+    QMetaObject::invokeMethod(this, &OptionButton::Chosen, Qt::QueuedConnection);
   });
 }
 

@@ -3,7 +3,9 @@
 namespace vesmora {
 namespace {
 
-constexpr int kRowMargin = 8;  // pixels, above and below the controls
+// Pixels.
+constexpr int kRim = 1;        // inside the frame, for a mark of the focus
+constexpr int kRowMargin = 7;  // above and below the controls
 
 }  // namespace
 
@@ -18,16 +20,20 @@ PanelStrip::PanelStrip(const char* name, const char* accessibleName, QWidget* pa
   row_->setContentsMargins(6, kRowMargin, 6, kRowMargin);
   scroll_ = new PanelScroll(Qt::Horizontal, controls);
   auto* whole = new QHBoxLayout(this);
-  whole->setContentsMargins(0, 0, 0, 0);
   whole->addWidget(scroll_);
+  SetCovered(0);
 }
 
-int PanelStrip::RowWidth() const { return scroll_->Length() + 2 * frameWidth(); }
+int PanelStrip::RowWidth() const { return scroll_->Length() + 2 * Edge(); }
 
 int PanelStrip::HeightFor(int width) const {
-  return scroll_->BreadthFor(width - 2 * frameWidth()) + 2 * frameWidth();
+  return scroll_->BreadthFor(width - 2 * Edge()) + 2 * Edge();
 }
 
-void PanelStrip::SetCovered(int covered) { layout()->setContentsMargins(0, 0, covered, 0); }
+void PanelStrip::SetCovered(int covered) {
+  layout()->setContentsMargins(kRim, kRim, kRim + covered, kRim);
+}
+
+int PanelStrip::Edge() const { return frameWidth() + kRim; }
 
 }  // namespace vesmora

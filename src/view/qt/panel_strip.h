@@ -23,6 +23,8 @@ class PanelStrip : public QFrame {
   PanelStrip(const char* name, const char* accessibleName, QWidget* parent);
 
   QHBoxLayout& Row() { return *row_; }
+  /// Pixels around the controls: the frame, and inside it as much as a mark of the focus needs.
+  int Edge() const;
 
  private:
   QHBoxLayout* row_;

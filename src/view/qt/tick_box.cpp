@@ -7,10 +7,12 @@ namespace vesmora {
 TickBox::TickBox(const QString& caption, const QString& name) : QCheckBox(caption) {
   setObjectName(name);
   connect(this, &QCheckBox::clicked, this, [this] { Q_EMIT Ticked(isChecked()); });
-  // Assistive programs toggle a box without clicking it; a click's own change is silent.
+  // Assistive programs toggle a box without clicking it; a click's own change is silent. Queued:
+  // they wait for the call to return, which with a question that opens it would not.
   connect(this, &QCheckBox::toggled, this, [this] {
     Step();
-    Q_EMIT Ticked(isChecked());
+    const auto tell = [this, isTicked = isChecked()] { Q_EMIT Ticked(isTicked); };
+    QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
   });
 }
 

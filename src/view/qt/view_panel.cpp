@@ -1,5 +1,7 @@
 #include "view/qt/view_panel.h"
 
+#include <QFocusEvent>
+#include <QPainter>
 #include <QSignalBlocker>
 
 #include "platform/qt/qt_text.h"
@@ -71,6 +73,26 @@ void ViewPanel::ShowState(const ViewTransform& view, std::string_view pointerTex
 
 void ViewPanel::ShowHint(std::string_view hint) {
   if (!ShowsSame(hint_->text(), hint)) hint_->setText(ToQt(hint));
+}
+
+void ViewPanel::focusInEvent(QFocusEvent* event) {
+  const Qt::FocusReason reason = event->reason();
+  const bool isBack = reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason;
+  const bool isTab = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason;
+  isReachedByTab_ = isTab || (isBack && isReachedByTab_);
+  update();
+}
+
+void ViewPanel::focusOutEvent(QFocusEvent* /*event*/) { update(); }
+
+// Where the focus only rests, as it does nearly always, there is no mark.
+void ViewPanel::paintEvent(QPaintEvent* event) {
+  PanelStrip::paintEvent(event);
+  if (!hasFocus() || !isReachedByTab_) return;
+  const QRect inside = layout()->contentsRect();
+  QPainter painter(this);
+  painter.setClipRegion(QRegion(inside.marginsAdded(QMargins() + Edge())) - inside);
+  painter.fillRect(rect(), palette().color(QPalette::Highlight));
 }
 
 }  // namespace vesmora

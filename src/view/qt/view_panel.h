@@ -31,6 +31,11 @@ class ViewPanel final : public PanelStrip {
   /// A list has been closed, with or without a choice.
   void ListClosed();
 
+ protected:
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
  private:
   ClosingCombo* AddList(const QString& caption, const QString& name, const QString& tip);
 
@@ -39,6 +44,7 @@ class ViewPanel final : public PanelStrip {
   TickBox* fixed_;
   ElidedLabel* hint_;
   ElidedLabel* position_;
+  bool isReachedByTab_ = false;  // the focus, when it last came
 };
 
 }  // namespace vesmora
