@@ -118,11 +118,12 @@ TEST_F(AssistiveTest, EveryItemOfEveryListIsChosen) {
     const char* text;
     const char* step;
   };
-  for (const auto& [name, text, step] : {Choice{"CBspawn", "CTF Blue", "Step Type"},
+  for (const auto& [name, item, step] : {Choice{"CBspawn", "CTF Blue", "Step Type"},
                                          {"CBscenery", "Big Crate", "Step Type"},
                                          {"CBscenery2", "25%", "Step Visibility"},
                                          {"CBcollider", "32", "Step Size"}}) {
     SCOPED_TRACE(name);
+    const QString text = item;
     auto* combo = Find<QComboBox>(name);
     auto* reader = QAccessible::queryAccessibleInterface(combo);
     const auto open = [&] {
