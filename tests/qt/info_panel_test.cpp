@@ -56,7 +56,7 @@ TEST_F(InfoPanelTest, ShowsItsContents) {
   for (const char* name : {"CByhista", "CBverticevari", "CBverticeLapi", "CBspawn"}) {
     EXPECT_FALSE(Find(name)->isEnabled()) << name;
   }
-  Refresh(kEdit, "s0");
+  for (const char* listed : {"s1", "s0"}) Refresh(kEdit, listed);
   auto* spawn = Find<QComboBox>("CBspawn");
   EXPECT_EQ(Text("CBspawn") + spawn->accessibleDescription().toStdString(), "Normal of 3");
   const QImage first = spawn->grab().toImage();
@@ -119,6 +119,7 @@ TEST_F(InfoPanelTest, TypedTextsCountWithEnterOnlyAndOpenedListsOfferRealValues)
   Type("CBcollider", "24", Qt::Key_Enter);
   EXPECT_THAT(Steps(), ElementsAre("Visibility", "Size"));
   Type("CBscenery2", "30", Qt::Key_Tab);
+  EXPECT_EQ(typed.last(), "") << "left, its text waits for no Enter";
   Type("CBcollider", "16", Qt::Key_Tab);
   Refresh(kEdit, "o0 c0");  // nothing has changed but what was typed
   EXPECT_EQ(Text("CBscenery2") + Text("CBcollider"), "40% of 424 of 4");

@@ -257,6 +257,8 @@ TEST_F(PanelLooksTest, LongNamesAreCutAndToldWhole) {
   map.fileName = "/maps/A & " + std::string(60, 'W') + ".pmp";
   map.author = "<b>" + std::string(35, 'M');  // is shown as it is
   const int width = widget.WidthFor(1000);
+  EXPECT_GT(Find("lAuthor")->mapTo(&widget, QPoint()).x(),
+            Find("Lkartta1")->mapTo(&widget, QPoint()).x() + 20);
   widget.setToolTip("of what lies around");
   Refresh(kEdit, "");
   EXPECT_EQ(widget.WidthFor(1000), width);
