@@ -115,6 +115,11 @@ TEST_F(IkkunaLayoutTest, TheRestingFocusShowsOnlyWhereTabBroughtIt) {
     rest->setFocus();
     EXPECT_EQ(seen(), resting);
   }
+  Key(Qt::Key_Tab);
+  Key(Qt::Key_Backtab);
+  EXPECT_NE(seen(), resting);
+  QTest::mouseClick(Find("OBvalinta0"), Qt::LeftButton, {}, {8, 8});  // gives the keys back
+  EXPECT_EQ(seen(), resting);
 }
 
 TEST_F(IkkunaLayoutTest, HintAndPositionMoveNothing) {

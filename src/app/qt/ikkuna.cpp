@@ -164,7 +164,7 @@ void Ikkuna::On(Sender* sender, Signal signal, Action action) {
 
 void Ikkuna::ConnectSurface() {
   On(surface_, &MapSurface::Pressed, [this](const MouseInput& input) {
-    pala_->setFocus();
+    pala_->RestFocus();
     PressMouse(editor_, input);
   });
   On(surface_, &MapSurface::Moved, [this](const MouseInput& input) {
@@ -183,7 +183,7 @@ void Ikkuna::HandlePanel(const PanelHandler& handler) {
   RunHandler(editor_, handler);
   // Also what the handler put into the contents itself.
   if (!panelIsStale_) ppalkki_->Apply(editor_.panel.contents);
-  pala_->setFocus();  // so that keys reach the map again
+  pala_->RestFocus();  // so that keys reach the map again
 }
 
 void Ikkuna::ConnectPanels() {
@@ -191,24 +191,24 @@ void Ikkuna::ConnectPanels() {
      [this](const PanelHandler& handler) { HandlePanel(handler); });
   On(ppalkki_, &InfoPanel::Typed, [this](const PanelHandler& handler) { handler(editor_); });
   On(ppalkki_, &InfoPanel::AuthorClicked, [this] { CBauthor_Click(editor_); });
-  const auto giveKeysToMap = [this] { pala_->setFocus(); };
+  const auto giveKeysToMap = [this] { pala_->RestFocus(); };
   On(ppalkki_, &InfoPanel::ListClosed, giveKeysToMap);
   On(pala_, &ViewPanel::ListClosed, giveKeysToMap);
   On(pyla_, &ToolPanel::ToolChosen, [this](ToolMode tool) {
     ChooseTool(editor_, tool);
-    pala_->setFocus();
+    pala_->RestFocus();
   });
   On(pala_, &ViewPanel::ZoomChosen, [this](int index) {
     ChooseZoom(editor_, index);
-    pala_->setFocus();
+    pala_->RestFocus();
   });
   On(pala_, &ViewPanel::GridChosen, [this](int index) {
     ChooseGrid(editor_, index);
-    pala_->setFocus();
+    pala_->RestFocus();
   });
   On(pala_, &ViewPanel::FixedGridToggled, [this](bool isFixed) {
     SetFixedGrid(editor_, isFixed);
-    pala_->setFocus();
+    pala_->RestFocus();
   });
 }
 
@@ -218,7 +218,7 @@ void Ikkuna::Activate(const std::string& arguments) {
   FirstActivation(editor_, arguments);
   BringUpToDate();
   isReady_ = true;
-  pala_->setFocus();
+  pala_->RestFocus();
 }
 
 void Ikkuna::RunPendingEvents() {
@@ -265,7 +265,7 @@ bool Ikkuna::eventFilter(QObject* watched, QEvent* event) {
     BringUpToDate();
   }
   const bool isPanel = watched == pala_ || watched == ppalkki_ || watched == pyla_;
-  if (isPanel && event->type() == QEvent::MouseButtonPress) pala_->setFocus();
+  if (isPanel && event->type() == QEvent::MouseButtonPress) pala_->RestFocus();
   return QMainWindow::eventFilter(watched, event);
 }
 
@@ -321,7 +321,7 @@ void Ikkuna::ShowPanel() {
   ppalkki_->Apply(editor_.panel.contents);
   pyla_->ShowTool(editor_.document.toolIndex);
   editor_.panel.panelRefreshing = before;
-  pala_->setFocus();
+  pala_->RestFocus();
 }
 
 void Ikkuna::ShowMap() {

@@ -3,6 +3,7 @@
 #include <QFocusEvent>
 #include <QPainter>
 #include <QSignalBlocker>
+#include <utility>
 
 #include "platform/qt/qt_text.h"
 
@@ -73,6 +74,11 @@ void ViewPanel::ShowState(const ViewTransform& view, std::string_view pointerTex
 
 void ViewPanel::ShowHint(std::string_view hint) {
   if (!ShowsSame(hint_->text(), hint)) hint_->setText(ToQt(hint));
+}
+
+void ViewPanel::RestFocus() {
+  if (std::exchange(isReachedByTab_, false)) update();
+  setFocus();
 }
 
 void ViewPanel::focusInEvent(QFocusEvent* event) {

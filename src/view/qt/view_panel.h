@@ -24,6 +24,9 @@ class ViewPanel final : public PanelStrip {
   /// One line about what just happened or what comes next; empty for none.
   void ShowHint(std::string_view hint);
 
+  /// Keys reach the map from here. No mark tells of it, as it is so nearly always.
+  void RestFocus();
+
  Q_SIGNALS:
   void ZoomChosen(int index);
   void GridChosen(int index);
