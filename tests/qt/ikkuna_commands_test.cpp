@@ -142,6 +142,11 @@ TEST_F(IkkunaCommandsTest, TheMapTakesTheKeyboardAndEscape) {
   EXPECT_EQ(Hint(), "Enter applies");
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
   EXPECT_EQ(Hint(), "Click to add a collider") << "it no longer does";
+  size->setFocus();
+  size->lineEdit()->selectAll();
+  QTest::keyClicks(QApplication::focusWidget(), "1");
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+  EXPECT_EQ(size->currentText(), "12") << "refused";
 }
 
 TEST_F(IkkunaCommandsTest, ADroppedFileIsOpenedAndStaysWhereItWas) {
@@ -169,6 +174,7 @@ TEST_F(IkkunaCommandsTest, TheStripChoosesZoomAndGridAndShowsThePointer) {
     for (int i = 0; i < row; ++i) QTest::keyClick(list->view(), Qt::Key_Down);
     QTest::keyClick(list->view(), Qt::Key_Return);
     ComeToFront();
+    EXPECT_EQ(window->focusWidget(), Find("Pala"));
   };
   const auto* place = Find<QLabel>("Lsijainti");
   QTest::mouseMove(surface, At(20, -30));

@@ -2,6 +2,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QScreen>
+#include <QSettings>
 
 #include "real_window.h"
 
@@ -140,6 +141,21 @@ TEST_F(IkkunaLayoutTest, HintAndPositionMoveNothing) {
   EXPECT_GE(Find("Lvihje")->width(), 100);
   const auto* position = Find<QLabel>("Lsijainti");
   EXPECT_GE(position->width(), position->fontMetrics().horizontalAdvance(position->text()));
+}
+
+TEST_F(IkkunaLayoutTest, AFirstWindowIsComfortableAndASizeWithoutAPlaceIsKept) {
+  window->close();
+  QSettings store("Vesmora", "Vesmora");
+  store.clear();
+  Start();
+  EXPECT_EQ(window->size(), QSize(1280, 860));
+  window->close();
+  store.clear();
+  store.setValue("Windows/Width", "1111");
+  store.setValue("Windows/Height", "777");
+  store.sync();
+  Start();
+  EXPECT_EQ(window->size(), QSize(1111, 777));
 }
 
 TEST_F(IkkunaLayoutTest, ASmallestWindowComesBackAsItWas) {

@@ -188,8 +188,16 @@ TEST(ImportDialogTest, OnlyAChosenPrefabIsImported) {
   }
   QTest::keyClick(list, Qt::Key_Down);
   EXPECT_TRUE(import->isEnabled());
+  QTimer::singleShot(0, dialog.findChild<QPushButton*>("cPeruuta"), &QPushButton::click);
+  EXPECT_EQ(dialog.Choose(), "");
   QTimer::singleShot(0, import, &QPushButton::click);
   EXPECT_EQ(dialog.Choose(), folder + latin);
+  QTimer::singleShot(0, list, [&] {
+    const QPoint first = list->visualItemRect(list->item(0)).center();
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, first);
+    QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, first);
+  });
+  EXPECT_EQ(dialog.Choose(), folder + "a.pre");
 }
 
 }  // namespace

@@ -21,7 +21,6 @@ QLabel* AddLink(QVBoxLayout& layout, const QString& address, const QString& text
 }  // namespace
 
 About::About(QWidget* parent) : QDialog(parent) {
-  setObjectName("About");
   setWindowTitle("About Vesmora");
   setWindowFlag(Qt::WindowContextHelpButtonHint, false);
 

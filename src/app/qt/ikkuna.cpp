@@ -97,7 +97,6 @@ QString DroppedFile(const QDropEvent& event) {
 Ikkuna::Ikkuna()
     : dialogs_(this), editor_(MakePorts(dialogs_, *this, settings_, shell_, *programs_)) {
   editor_.journal.folder = HoldUndoFolder(SystemFileCalls(), editor_.ports.tempFolder);
-  setObjectName("Ikkuna");
   setAcceptDrops(true);
   setWindowTitle(ToQt(WindowTitle(VESMORA_VERSION, VESMORA_COMMENTS)));
   resize(FirstSize());

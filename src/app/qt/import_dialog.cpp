@@ -45,7 +45,6 @@ Import::Import(const Editor& editor, QWidget* parent)
       left_(MakeNumbers("lMaara")),
       counts_(MakeNumbers("lMaara2")),
       import_(new QPushButton("&Import")) {
-  setObjectName("Import");
   setWindowTitle("Import");
   auto* column = new QVBoxLayout(this);
   folder_->setText(QDir::toNativeSeparators(ToQt(PrefabFolder(editor.ports))));

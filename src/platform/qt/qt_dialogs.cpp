@@ -95,7 +95,6 @@ QString SuffixOf(const FileRequest& request) {
 
 void Prepare(QFileDialog& dialog, const FileRequest& request) {
   dialog.setNameFilter(ToQt(request.filter.description));
-  dialog.setDefaultSuffix(SuffixOf(request));
   if (!request.directory.empty()) dialog.setDirectory(ToQt(request.directory));
   if (!request.fileName.empty()) dialog.selectFile(ToQt(request.fileName));
 }

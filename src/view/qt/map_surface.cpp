@@ -61,7 +61,6 @@ void MapSurface::paintEvent(QPaintEvent* event) {
     painter.fillRect(event->rect(), kMapBackground);
     return;
   }
-  painter.setClipRegion(event->region());
   painter.drawImage(0, 0, frame_);
 }
 
@@ -81,9 +80,6 @@ void MapSurface::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
 }
 
-void MapSurface::leaveEvent(QEvent* event) {
-  Q_EMIT PointerLeft();
-  QWidget::leaveEvent(event);
-}
+void MapSurface::leaveEvent(QEvent* /*event*/) { Q_EMIT PointerLeft(); }
 
 }  // namespace vesmora

@@ -23,9 +23,7 @@ QRgb PixelOf(Rgb color) { return qRgb(color.red, color.green, color.blue); }
 }  // namespace
 
 PainterCanvas::PainterCanvas(const QFont& font, QColor background)
-    : font_(font), background_(background) {
-  labels_.reserve(kLabelsKept);
-}
+    : font_(font), background_(background) {}
 
 void PainterCanvas::SetFont(const QFont& font) {
   font_ = font;
