@@ -197,6 +197,21 @@ TEST_F(IkkunaCommandsTest, TheStripChoosesZoomAndGridAndShowsThePointer) {
   EXPECT_EQ(Find<QComboBox>("CBgrid")->currentText(), "25");
 }
 
+TEST_F(IkkunaCommandsTest, WhatIsNoTextExplainsItself) {
+  for (const auto& [panel, name] :
+       {std::pair("Map", "Map"), {"Ppalkki", "Properties"}, {"Pala", "View"}, {"Pyla", "Tools"}}) {
+    EXPECT_EQ(Find(panel)->accessibleName(), name);
+  }
+  for (const char* name : {"OBvalinta0", "OBvalinta5", "CBzoom", "CBgrid", "CBfixed", "CBtausta1",
+                           "CBtausta2", "CBnayta6", "CBverticevari", "CBtexEiKorjaus",
+                           "CBverticeLapi", "CBscenery2", "OBbotNayta1", "CBbotValinta4"}) {
+    EXPECT_NE(Find(name)->toolTip(), "") << name;
+  }
+  for (const char* name : {"Lvihje", "Lsijainti", "lAuthor", "CBtausta1"}) {
+    EXPECT_NE(Find(name)->accessibleDescription(), "") << name;
+  }
+}
+
 TEST_F(IkkunaCommandsTest, AuthorAndAboutOpenTheirDialogs) {
   person.answers = {
       [](QDialog& dialog) {

@@ -91,12 +91,16 @@ TEST_F(IkkunaTest, TheViewZoomsAndPansAndEveryControlGivesTheKeyboardBack) {
   EXPECT_EQ(map.colliders[0].y, -20);
 
   QWidget* rest = Find("Pala");
-  for (const char* name : {"OBvalinta0", "CBfixed", "CBnayta1", "CBzoom"}) {
+  for (const char* name :
+       {"OBvalinta0", "CBfixed", "CBnayta1", "CBzoom", "OBvalinta2", "CBspawn"}) {
     auto* list = window->findChild<QComboBox*>(name);
     if (list == nullptr) QTest::mouseClick(Find(name), Qt::LeftButton, {}, {8, 8});
     if (list != nullptr) list->setFocus(), list->showPopup(), list->hidePopup();
     EXPECT_EQ(QApplication::focusWidget(), rest) << name;
   }
+  Find("CBzoom")->setFocus();
+  Run("MenuNew");
+  EXPECT_EQ(QApplication::focusWidget(), rest) << "the panel was shown anew";
 }
 
 TEST_F(IkkunaTest, TheGameRunsAndTheWindowStepsAside) {
