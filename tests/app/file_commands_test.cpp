@@ -113,14 +113,14 @@ TEST_F(FileCommandsTest, SaveKeepsTheHistoryAndOneBackup) {
 
 TEST_F(FileCommandsTest, SaveAsEmptiesTheHistoryAndKeepsTheCaption) {
   map.spawns[0].team = 1;  // a preview counts for nothing
-  const std::string maps = AbsolutePath(folder / "game/Maps") + "/";
+  const std::string maps = AbsolutePath(folder / "game/MAPS") + "/";
   for (const auto& [preset, start] : {std::pair{"", std::string()}, {"ctf_", maps}}) {
     dialogs.chosenFiles = {""};
     MenuSave(editor);
     EXPECT_EQ(dialogs.requests.back().title, "Save As");
     EXPECT_EQ(dialogs.requests.back().fileName, preset);
     EXPECT_EQ(dialogs.requests.back().directory, start) << "the game's maps, if there are any";
-    std::filesystem::create_directory(folder / "game/Maps");
+    std::filesystem::create_directory(folder / "game/MAPS");
     AddSpawn(map, 1, 2, 1);
   }
   AddTriangle(map, {{{0, 0}, {0, 0}, {0, 50}}});
