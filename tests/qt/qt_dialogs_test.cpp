@@ -119,6 +119,8 @@ TEST_F(QtDialogsTest, ASavedNameGetsItsEndingAndNothingIsReplacedUnasked) {
   };
   EXPECT_EQ(save({[&](QDialog& dialog) {
               EXPECT_EQ(dialog.windowTitle(), "Export");
+              EXPECT_EQ(dialog.findChild<QDialogButtonBox*>()->buttons().first()->text(),
+                        "&Export");
               EXPECT_EQ(dialog.findChild<QLineEdit*>("fileNameEdit")->text(), "ctf_");
               Name("ctf_new")(dialog);
             }}),

@@ -94,6 +94,8 @@ QString SuffixOf(const FileRequest& request) {
 }
 
 void Prepare(QFileDialog& dialog, const FileRequest& request) {
+  // The button says what the title says: "Open", "Save" of "Save As", "Export".
+  dialog.setLabelText(QFileDialog::Accept, "&" + ToQt(request.title).section(' ', 0, 0));
   dialog.setNameFilter(ToQt(request.filter.description));
   if (!request.directory.empty()) dialog.setDirectory(ToQt(request.directory));
   if (!request.fileName.empty()) dialog.selectFile(ToQt(request.fileName));
@@ -123,7 +125,6 @@ std::string QtDialogs::ChooseFileToOpen(const FileRequest& request) {
 std::string QtDialogs::ChooseFileToSave(const FileRequest& request) {
   QFileDialog dialog(parent_, ToQt(request.title));
   dialog.setAcceptMode(QFileDialog::AcceptSave);
-  if (request.title == "Export") dialog.setLabelText(QFileDialog::Accept, "Export");
   Prepare(dialog, request);
   while (true) {
     std::string path = Chosen(dialog);
