@@ -25,7 +25,6 @@
 #include "support/map_builder.h"
 #include "view/clip.h"
 #include "view/draw_map.h"
-#include "view/layout.h"
 
 namespace vesmora {
 
@@ -172,7 +171,7 @@ inline void CheckDrawing(Bench& bench, unsigned look) {
     view.zoom = kZoomLevels[i % kZoomLevels.size()];
     view.gridSize = kGridSizes[i / 2 % kGridSizes.size()];
     view.fixedGrid = i % 2 != 0;
-    view.area = i % 31 == 30 ? DrawingArea{} : ComputeDrawingArea(1024, 700);
+    view.area = i % 31 == 30 ? DrawingArea{} : DrawingArea{1024, 700, 332, 40, 40};
     CheckingCanvas canvas(view.area);
     DrawMap({map, bench.selection, view, show, tool}, canvas);
     EXPECT_LE(canvas.primitives, kMostPrimitives);

@@ -14,7 +14,6 @@
 #include "tools/mouse_dispatch.h"
 #include "tools/picking.h"
 #include "view/draw_map.h"
-#include "view/layout.h"
 #include "view/qt/painter_canvas.h"
 
 namespace vesmora::bench {
@@ -32,7 +31,7 @@ class Desk {
       : opened_(Opened(MapPath(map))),
         image_(kWidth, kHeight, QImage::Format_RGB32),
         canvas_(QFont(), QColor(172, 190, 172)) {
-    opened_->view.area = ComputeDrawingArea(kWidth, kHeight);
+    opened_->view.area = {kWidth, kHeight, 332, 40, 40};
     opened_->selection.moveSnapshotTaken = true;  // one undo step a selection, long taken
   }
 

@@ -17,7 +17,6 @@
 #include "open_document.h"
 #include "plain_rasteriser.h"
 #include "view/draw_map.h"
-#include "view/layout.h"
 #include "view/qt/painter_canvas.h"
 
 namespace vesmora::bench {
@@ -34,7 +33,7 @@ class Redraw {
       : opened_(Opened(path)),
         image_(kWidth, kHeight, QImage::Format_RGB32),
         canvas_(QFont(), QColor::fromRgb(kBackground)) {
-    opened_->view.area = ComputeDrawingArea(kWidth, kHeight);
+    opened_->view.area = {kWidth, kHeight, 332, 40, 40};
     pixels_ = {reinterpret_cast<std::uint32_t*>(image_.bits()), std::size_t{kWidth} * kHeight};
   }
 

@@ -42,7 +42,7 @@ int StripRoom(const PanelSizes& sizes, int clientWidth) {
   return clientWidth - sizes.ppalkkiWidth - kFmaskiLead;
 }
 
-DrawingArea ComputeDrawingArea(int clientWidth, int clientHeight, const PanelSizes& sizes) {
+DrawingArea ComputeDrawingArea(const PanelSizes& sizes, int clientWidth, int clientHeight) {
   return {.width = clientWidth,
           .height = clientHeight,
           .rightPanelWidth = sizes.ppalkkiWidth,

@@ -17,9 +17,9 @@ struct PanelRect {
 
 /// What the panels take in the user's font, in pixels.
 struct PanelSizes {
-  int ppalkkiWidth = 332;
-  int palaHeight = 40;
-  int pylaHeight = 40;
+  int ppalkkiWidth = 0;
+  int palaHeight = 0;
+  int pylaHeight = 0;
   int stripWidth = 0;  // the least in which both strips show all of their controls
 
   bool operator==(const PanelSizes&) const = default;
@@ -52,6 +52,6 @@ WindowLayout ComputeLayout(const PanelSizes& sizes, int clientWidth, int clientH
 /// What is seen of the strips between the window's left edge and the seams, in pixels.
 int StripRoom(const PanelSizes& sizes, int clientWidth);
 
-DrawingArea ComputeDrawingArea(int clientWidth, int clientHeight, const PanelSizes& sizes = {});
+DrawingArea ComputeDrawingArea(const PanelSizes& sizes, int clientWidth, int clientHeight);
 
 }  // namespace vesmora

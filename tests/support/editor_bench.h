@@ -9,7 +9,6 @@
 #include "support/bench.h"
 #include "tools/mouse_dispatch.h"
 #include "tools/tool_change.h"
-#include "view/layout.h"
 
 namespace vesmora {
 
@@ -19,7 +18,7 @@ struct EditorBench : Bench {
     std::filesystem::create_directories(editor.ports.tempFolder);
     std::filesystem::create_directories(editor.ports.programFolder);
     journal.folder = editor.ports.tempFolder;
-    editor.view.area = ComputeDrawingArea(1200, 800);
+    editor.view.area = {1200, 800, 332, 40, 40};
     MenuNew(editor);
     events.clear();
   }

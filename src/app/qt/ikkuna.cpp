@@ -239,7 +239,7 @@ void Ikkuna::LayOut() {
   Place(pyla_, layout.pyla);
   Place(fmaski_[0], layout.fmaski0);
   Place(fmaski_[1], layout.fmaski1);
-  editor_.view.area = ComputeDrawingArea(width, height, sizes_);
+  editor_.view.area = ComputeDrawingArea(sizes_, width, height);
   MapChanged();
 }
 
