@@ -38,7 +38,7 @@ void Compile(benchmark::State& state, const char* map) {
   const std::string folder = VESMORA_BENCH_FOLDER "/compile/";
   std::filesystem::create_directories(folder);
   const auto opened = Opened(MapPath(map));
-  opened->journal.folder = folder;
+  opened->journal.folder = HoldUndoFolder(SystemFileCalls(), folder);
   RunAgainstFloor(
       state, Clock::kThread, [&] { TakeUndoSnapshot(*opened, "Move"); },
       [&] {

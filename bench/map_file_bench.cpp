@@ -112,7 +112,7 @@ void UndoSnapshot(benchmark::State& state, const char* map) {
   const auto opened = Opened(MapPath(map));
   RawTransfer raw(kUndoFileSize);
   UndoJournal& journal = opened->journal;
-  journal.folder = folder.Path();
+  journal.folder = HoldUndoFolder(SystemFileCalls(), folder.Path());
   int turn = 0;
   RunAgainstFloor(
       state, Clock::kWall,

@@ -30,6 +30,7 @@ struct IdleWindow final : WindowPort {
   void Unload() override {}
   void ShowAbout() override {}
   std::string ShowImport() override { return {}; }
+  std::string ShowRecover() override { return {}; }
   void RestorePlacement() override {}
   WindowPlacement Placement() const override { return {}; }
   void Minimize() override {}
@@ -44,6 +45,7 @@ class NoSettings final : public Settings {
     return fallback;
   }
   void Write(const std::string&, const std::string&, const std::string&) override {}
+  FileStatus Store() override { return {}; }
 };
 
 class NoShell final : public Shell {
@@ -73,7 +75,10 @@ struct IdleWorld {
             .programs = programs,
             .random = [] { return 0.5; },
             .timeOfDay = [] { return std::string(); },
+            .now = [] { return std::int64_t{0}; },
             .tempFolder = {},
+            .tempProblem = {},
+            .settingsFolder = {},
             .programFolder = {},
             .gameFolder = {}};
   }

@@ -53,7 +53,8 @@ inline Bytes MakeBaseFile(int count, bool isUndo) {
   SelectEverything(selection, map);
   const UndoItems undo{PackSelection(selection, map), 0};
   Bytes file(isUndo ? kUndoFileSize : kMapFileSize);
-  WriteMapImage(map, isUndo ? &undo : nullptr, file);
+  WriteMapImage(map, file);
+  if (isUndo) std::memcpy(&file[kMapFileSize], &undo, sizeof(undo.selection));
   return file;
 }
 

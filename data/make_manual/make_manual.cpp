@@ -30,9 +30,12 @@ std::string KeyCap(std::string_view key) {
   return std::string(key);
 }
 
-/// "Ctrl+PgUp" as <kbd>Ctrl</kbd>+<kbd>Page Up</kbd>.
+/// "Ctrl+PgUp" as <kbd>Ctrl</kbd>+<kbd>Page Up</kbd>, one of several as the others.
 std::string KeyCaps(std::string_view shortcut) {
   std::string text;
+  if (const std::size_t next = shortcut.find("; "); next != std::string_view::npos) {
+    return KeyCaps(shortcut.substr(0, next)) + " or " + KeyCaps(shortcut.substr(next + 2));
+  }
   while (!shortcut.empty()) {
     const std::size_t end = std::min(shortcut.find('+'), shortcut.size());
     text += (text.empty() ? "<kbd>" : "+<kbd>") + KeyCap(shortcut.substr(0, end)) + "</kbd>";

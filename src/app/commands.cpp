@@ -4,6 +4,7 @@
 
 #include "app/file_commands.h"
 #include "app/prefab_commands.h"
+#include "app/rescue_commands.h"
 #include "app/run_commands.h"
 #include "app/undo_commands.h"
 #include "tools/edit_commands.h"
@@ -29,6 +30,7 @@ void Do(Editor& editor) {
 
 bool InAnyTool(const Editor& /*editor*/) { return true; }
 bool InEdit(const Editor& editor) { return editor.IsTool(ToolMode::kEdit); }
+bool CanRedo(const Editor& editor) { return editor.journal.redoAvailable >= 0; }
 bool CanPaste(const Editor& editor) { return InEdit(editor) && !editor.clipboard.Empty(); }
 
 constexpr CommandMenu kFile = CommandMenu::kFile;
@@ -39,12 +41,14 @@ constexpr CommandMenu kHelp = CommandMenu::kHelp;
 constexpr auto kCommands = std::to_array<Command>({
     {"MenuNew", kFile, "&New", "Ctrl+N", InAnyTool, false, MenuNew},
     {"MenuOpen", kFile, "&Open...", "Ctrl+O", InAnyTool, false, MenuOpen},
+    {"MenuRecover", kFile, "&Recover...", "", CanRecover, false, MenuRecover},
     {"MenuSave", kFile, "&Save", "Ctrl+S", InAnyTool, false, Do<MenuSave>},
     {"MenuSaveAs", kFile, "Save &As...", "Ctrl+Shift+S", InAnyTool, false, Do<MenuSaveAs>},
     {"MenuImport", kFile, "&Import...", "Ctrl+I", InAnyTool, true, MenuImport},
     {"MenuExport", kFile, "&Export...", "Ctrl+E", InAnyTool, false, MenuExport},
     {"MenuExit", kFile, "E&xit", "Ctrl+Q", InAnyTool, true, MenuExit},
     {"MenuUndo", kEdit, "&Undo", "Ctrl+Z", InAnyTool, false, MenuUndo},
+    {"MenuRedo", kEdit, "&Redo", "Ctrl+Shift+Z; Ctrl+Y", CanRedo, false, MenuRedo},
     {"MenuCopy", kEdit, "&Copy", "Ctrl+C", InEdit, true, OnMap<MenuCopy>},
     {"MenuPaste", kEdit, "&Paste", "Ctrl+V", CanPaste, false, OnMap<MenuPaste>},
     {"MenuDelete", kEdit, "&Delete", "Del", InAnyTool, false, OnMap<MenuDelete>},
@@ -75,7 +79,8 @@ void RunCommand(Editor& editor, const Command& command) {
 }
 
 std::string_view CaptionOf(const Command& command, const Editor& editor) {
-  return command.action == MenuUndo ? editor.journal.caption : command.caption;
+  if (command.action == MenuUndo) return editor.journal.caption;
+  return command.action == MenuRedo ? editor.journal.redoCaption : command.caption;
 }
 
 }  // namespace vesmora

@@ -20,7 +20,7 @@ struct Command {
   std::string_view name;  // of the menu item
   CommandMenu menu;
   std::string_view caption;   // with its mnemonic
-  std::string_view shortcut;  // in Qt's portable notation, empty for none
+  std::string_view shortcut;  // in Qt's portable notation, several with "; ", empty for none
   bool (*isEnabled)(const Editor& editor);
   bool startsGroup;  // a separator stands before it
   CommandAction action;
@@ -32,7 +32,7 @@ std::span<const Command> Commands();
 /// As the menu and the shortcut do it.
 void RunCommand(Editor& editor, const Command& command);
 
-/// The caption as it is now: Undo names the step it takes back.
+/// The caption as it is now: Undo and Redo name their step.
 std::string_view CaptionOf(const Command& command, const Editor& editor);
 
 }  // namespace vesmora

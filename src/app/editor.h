@@ -2,6 +2,7 @@
 // window owns one Editor for the program's whole run; commands work on it.
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "app/recent_files.h"
@@ -16,6 +17,9 @@ struct Editor : PanelEditing {
   RecentFiles recent;
   std::string pointerText;       // read-out of the pointer's world position
   bool redrawSuppressed = true;  // until the window is first activated
+  int recoverable = 0;           // maps that Recover has, as last seen
+  std::string recoveredFrom;     // the file that the open map came from by Recover
+  std::uint64_t givenUpMap = 0;  // fingerprint of one that could not be kept, which was told
 };
 
 /// What the drawing must know of the active tool.

@@ -1,6 +1,7 @@
 #include "app/file_commands.h"
 
 #include "app/file_messages.h"
+#include "app/rescue_commands.h"
 #include "launch/game_files.h"
 #include "platform/text.h"
 #include "tools/tool_change.h"
@@ -74,19 +75,33 @@ bool SaveTo(Editor& editor, const std::string& path) {
   }
   TellSaveStatus(editor, path, report.status);
   TellSaveFindings(editor, report.findings);
-  if (report.status.Ok()) editor.note = "Saved " + editor.ports.timeOfDay();
-  return report.status.Ok();
+  if (!report.status.Ok()) return false;
+  editor.note = "Saved " + editor.ports.timeOfDay();
+  SweepLeftOvers(editor.ports.files, std::string(FolderPart(path)));
+  return true;
+}
+
+/// What Recover had of the map is no longer needed.
+void FinishSave(Editor& editor) {
+  if (!editor.recoveredFrom.empty()) DropRecovered(editor);
+  NoteSaved(editor);
 }
 
 }  // namespace
 
 void MenuNew(Editor& editor) {
+  if (PutAside(editor, RescueCause::kNew)) StartNewMap(editor);
+}
+
+void StartNewMap(Editor& editor) {
   ForgetEditing(editor);
   ResetToNewMap(editor.document);
   ShowFreshView(editor);
+  NoteSaved(editor);
 }
 
 LoadOutcome OpenMap(Editor& editor, const std::string& path) {
+  if (!PutAside(editor, RescueCause::kOpen)) return LoadOutcome::kUnreadable;
   const LoadReport report =
       LoadMap(editor.document, editor.selection, editor.ports.files, path, false, editor.shiftDown);
   if (report.outcome != LoadOutcome::kUnreadable) ForgetEditing(editor);
@@ -97,7 +112,14 @@ LoadOutcome OpenMap(Editor& editor, const std::string& path) {
     AddRecent(editor.recent, path);
   }
   ShowFreshView(editor);
+  NoteSaved(editor);
   return report.outcome;
+}
+
+void ShowRescuedMap(Editor& editor, const MapDocument& map) {
+  ForgetEditing(editor);
+  editor.document = map;
+  ShowFreshView(editor);
 }
 
 void MenuOpen(Editor& editor) {
@@ -112,6 +134,7 @@ bool MenuSave(Editor& editor) {
   const std::string path = editor.document.fileName;
   if (path.empty()) return MenuSaveAs(editor);
   const bool isSaved = SaveTo(editor, path);
+  if (isSaved) FinishSave(editor);
   RefreshInfoPanel(editor);
   return isSaved;
 }
@@ -131,8 +154,10 @@ bool MenuSaveAs(Editor& editor) {
     editor.document.fileName = path;
     // The steps are gone, but Undo keeps its caption until the next snapshot.
     editor.journal.undoAvailable = -1;
+    ForgetRedo(editor.journal);
     // What is still selected can be moved on: that must be a step anew.
     editor.selection.moveSnapshotTaken = false;
+    FinishSave(editor);
   }
   RefreshInfoPanel(editor);
   return isSaved;

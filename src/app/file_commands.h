@@ -8,15 +8,22 @@
 
 namespace vesmora {
 
-/// A fresh map and the view that goes with it. Asks nothing and cannot be undone.
+/// A fresh map and the view that goes with it. Asks nothing and cannot be undone; edits that no
+/// file has are kept for Recover.
 void MenuNew(Editor& editor);
 
-/// Opens `path` as the Open command, the recent files and the command line do.
+/// The same where there is nothing to keep.
+void StartNewMap(Editor& editor);
+
+/// Opens `path` as the Open command, the recent files and the command line do, as MenuNew does.
 /// A missing or refused file leaves a new map; one that the system cannot read
 /// leaves everything as it was.
 LoadOutcome OpenMap(Editor& editor, const std::string& path);
 
 void MenuOpen(Editor& editor);
+
+/// Opens a map that is in no file.
+void ShowRescuedMap(Editor& editor, const MapDocument& map);
 
 /// True when the map is in its file: neither cancelled nor failed.
 bool MenuSave(Editor& editor);

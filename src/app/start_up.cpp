@@ -1,6 +1,7 @@
 #include "app/start_up.h"
 
 #include "app/file_commands.h"
+#include "app/rescue_commands.h"
 #include "app/window_placement.h"
 #include "document/snapshot.h"
 #include "launch/game_files.h"
@@ -28,6 +29,30 @@ void WarnWithoutGame(Editor& editor) {
       {.text = game + " not found.\nExtract Vesmora in Soldat directory for full effect.",
        .title = "Warning",
        .icon = MessageIcon::kExclamation});
+}
+
+void WarnAboutTempFolder(Editor& editor) {
+  const Ports& ports = editor.ports;
+  if (ports.tempProblem.empty()) return;
+  const std::string other = ports.tempFolder.empty()
+                                ? "Nothing can be undone."
+                                : "Undo files go to '" + ports.tempFolder + "'.";
+  editor.ports.dialogs.Show({.text = ports.tempProblem + "\n" + other,
+                             .title = "Warning",
+                             .icon = MessageIcon::kExclamation});
+}
+
+FileStatus StoreSettings(Editor& editor) {
+  Settings& settings = editor.ports.settings;
+  StoreRecent(editor.recent, settings);
+  StorePlacement(editor.ports.window.Placement(), settings);
+  return settings.Store();
+}
+
+/// Another editor's, if somebody has given it the folder, are not ours to delete.
+void DeleteOwnSnapshots(Editor& editor) {
+  const UndoFolder& folder = editor.journal.folder;
+  if (IsStillHeld(editor.ports.files, folder)) DeleteSnapshotFiles(folder, editor.ports.files);
 }
 
 }  // namespace
@@ -58,21 +83,35 @@ void OpenDroppedFile(Editor& editor, const std::string& path) {
 }
 
 void FirstActivation(Editor& editor, const std::string& arguments) {
-  MenuNew(editor);
+  FindLostMaps(editor);
+  StartNewMap(editor);
   editor.ports.window.RestorePlacement();
   editor.ports.window.LayOut();
   const std::string named = NamedFile(arguments);
   if (!named.empty()) OpenNamedFile(editor, named);
   LoadRecent(editor.recent, editor.ports.settings);
   WarnWithoutGame(editor);
+  WarnAboutTempFolder(editor);
+  if (CanRecover(editor)) editor.note = "See File > Recover";
   editor.redrawSuppressed = false;
   RefreshAll(editor);
 }
 
-void CleanUp(Editor& editor) {
-  StoreRecent(editor.recent, editor.ports.settings);
-  StorePlacement(editor.ports.window.Placement(), editor.ports.settings);
-  DeleteSnapshotFiles(editor.journal, editor.ports.files);
+bool CleanUp(Editor& editor) {
+  const FileStatus status = StoreSettings(editor);
+  if (!status.Ok()) {
+    editor.ports.dialogs.Show({.text = "The settings could not be saved: " + status.reason,
+                               .title = "File error",
+                               .icon = MessageIcon::kExclamation});
+  }
+  if (!PutAside(editor, RescueCause::kExit)) return false;
+  DeleteOwnSnapshots(editor);
+  return true;
+}
+
+void CleanUpAtSessionEnd(Editor& editor) {
+  static_cast<void>(StoreSettings(editor));  // there is nobody to tell any more
+  if (PutAsideAtSessionEnd(editor)) DeleteOwnSnapshots(editor);
 }
 
 void MenuRekentti(Editor& editor, int slot) {

@@ -2,6 +2,9 @@
 
 #include "app/file_commands.h"
 #include "app/file_messages.h"
+#include "app/rescue_commands.h"
+#include "document/lost_maps.h"
+#include "document/snapshot.h"
 #include "tools/tool_change.h"
 
 namespace vesmora {
@@ -9,25 +12,58 @@ namespace {
 
 const std::string kHelpAction = "Help";
 
+/// The map as it is now, for Redo.
+void KeepForRedo(Editor& editor) {
+  const auto failure =
+      WithoutTriangle(editor, [&] { return FileForRedo(editor, editor.ports.files); });
+  TellSnapshotFailure(editor, failure, "The undo goes on, but it cannot be redone.");
+}
+
+/// What was under construction belonged to the map that is gone.
+void TakeLoaded(Editor& editor, const WaypointKeys& keys) {
+  editor.activity.Forget();
+  editor.waypointKeys = keys;
+}
+
+/// The newest step's file, unless it has gone with its folder: under its name there may be
+/// another editor's.
+LoadReport LoadStep(Editor& editor, const std::string& file) {
+  FileCalls& files = editor.ports.files;
+  if (!IsStillHeld(files, editor.journal.folder)) {
+    return {.outcome = LoadOutcome::kRefused, .status = {FileFailure::kMissing, ""}};
+  }
+  return LoadMap(editor.document, editor.selection, files, file, true);
+}
+
+/// A new map stands in for one whose file has vanished. The map that was open must not go with it.
+void ReplaceLostStep(Editor& editor, const std::string& file) {
+  const bool isChanged = IsChanged(editor);
+  if (!PutAside(editor, RescueCause::kLostUndo)) return;
+  editor.ports.dialogs.Show(
+      {.text = "File '" + file + "' not found." +
+               (isChanged ? "\nThe map that was open is in File > Recover." : ""),
+       .title = "File error",
+       .icon = MessageIcon::kNone});
+  StartNewMap(editor);
+}
+
 /// False when the step could not be restored: its file is gone and a new map stands
 /// in, or it cannot be read, and then the map stays and only the step is dropped.
 bool RestoreNewestStep(Editor& editor) {
   UndoJournal& journal = editor.journal;
   const std::string file = journal.NewestFile();
-  const LoadReport report =
-      LoadMap(editor.document, editor.selection, editor.ports.files, file, true);
-  TellLoadReport(editor, file, report);
+  const LoadReport report = LoadStep(editor, file);
   switch (report.outcome) {
     case LoadOutcome::kLoaded:
-      // What was under construction belonged to the map that is gone.
-      editor.activity.Forget();
-      editor.waypointKeys = journal.NewestKeys();
+      TakeLoaded(editor, journal.NewestKeys());
       return true;
     case LoadOutcome::kRefused:
-      MenuNew(editor);
+      ReplaceLostStep(editor, file);
       return false;
     case LoadOutcome::kUnreadable:
+      TellLoadReport(editor, file, report);
       ConsumeUndoStep(journal);
+      ForgetRedo(journal);
       editor.activity.KeepChanges(editor, true);
       RefreshInfoPanel(editor);
       return false;
@@ -44,18 +80,43 @@ void TellHelpCannotBeUndone(Editor& editor) {
 }  // namespace
 
 void MenuUndo(Editor& editor) {
-  if (editor.journal.undoAvailable < 0) return;
-  if (editor.journal.NewestAction() == kHelpAction) {
+  UndoJournal& journal = editor.journal;
+  if (journal.undoAvailable < 0) return;
+  KeepForRedo(editor);
+  const std::string file = journal.NewestFile();
+  const std::string undone = journal.NewestAction();
+  if (undone == kHelpAction) {
     TellHelpCannotBeUndone(editor);
     editor.activity.Finish(editor);
   } else if (!RestoreNewestStep(editor)) {
     return;
   }
   editor.selection.moveSnapshotTaken = false;
-  const std::string undone = editor.journal.NewestAction();
-  ConsumeUndoStep(editor.journal);
+  ConsumeUndoStep(journal);
   ChangeTool(editor, editor.document.toolIndex);
+  NoteOpenMap(editor, editor.ports.files, file);
   if (undone != kHelpAction) editor.note = "Undone: " + undone;
+}
+
+void MenuRedo(Editor& editor) {
+  UndoJournal& journal = editor.journal;
+  if (journal.redoAvailable < 0) return;
+  const std::string file = RedoFile(journal);
+  const LoadReport report = LoadStep(editor, file);
+  TellLoadReport(editor, file, report);
+  if (report.outcome != LoadOutcome::kLoaded) {
+    ForgetRedo(journal);
+    return;
+  }
+  TakeLoaded(editor, journal.redoKeys[journal.NextSlot()]);
+  BringBackUndoStep(journal);
+  // An Add tool that is chosen starts with nothing selected; this one goes on.
+  const Selection selection = editor.selection;
+  ChangeTool(editor, editor.document.toolIndex);
+  editor.selection = selection;
+  editor.selection.moveSnapshotTaken = false;
+  NoteOpenMap(editor, editor.ports.files, file);
+  editor.note = "Redone: " + journal.NewestAction();
 }
 
 void MenuHelp(Editor& editor) {

@@ -17,6 +17,7 @@ struct EditedMap {
   UndoJournal journal;
   WaypointKeys waypointKeys{};
   std::int32_t newestWaypointKey = 0;
+  std::uint64_t savedMap = 0;  // fingerprint of the map as it was opened, saved or kept for Recover
 };
 
 /// Gives the waypoints that have no key yet keys of their own.

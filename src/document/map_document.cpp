@@ -27,6 +27,12 @@ TextureName MakeTextureName(const std::string& text) {
   return name;
 }
 
+bool IsEmpty(const MapDocument& document) {
+  bool isEmpty = true;
+  VisitTables(document, [&isEmpty](const auto& table) { isEmpty = isEmpty && table.Empty(); });
+  return isEmpty;
+}
+
 void ZeroFreeSlots(MapDocument& document) {
   VisitTables(document, [](auto& table) {
     const auto slots = table.Free();

@@ -63,6 +63,9 @@ void VisitTables(Document& document, Visit visit) {
   visit(document.waypoints);
 }
 
+/// Nothing lies on the map.
+bool IsEmpty(const MapDocument& document);
+
 /// Zeroes every field of the slots that are not used.
 void ZeroFreeSlots(MapDocument& document);
 

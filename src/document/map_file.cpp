@@ -5,26 +5,10 @@
 #include <vector>
 
 #include "document/map_image.h"
-#include "document/numbers.h"
 #include "document/save_preparation.h"
 
 namespace vesmora {
 namespace {
-
-/// Waypoints are whole world units in files and 1/256 units in memory.
-void WaypointsToMemory(MapDocument& document) {
-  for (Waypoint& waypoint : document.waypoints.Used()) {
-    waypoint.x = ToFixedPoint(waypoint.x);
-    waypoint.y = ToFixedPoint(waypoint.y);
-  }
-}
-
-void WaypointsToFile(MapDocument& document) {
-  for (Waypoint& waypoint : document.waypoints.Used()) {
-    waypoint.x = RoundToInt32(waypoint.x / 256.0);
-    waypoint.y = RoundToInt32(waypoint.y / 256.0);
-  }
-}
 
 ToolMode ValidTool(std::int16_t index) {
   return static_cast<ToolMode>(index >= 0 && index < kToolCount ? index : 0);
@@ -43,13 +27,6 @@ LoadReport Judge(const FileContents& file, bool isUndo, bool shiftDown) {
   return report;
 }
 
-/// Kept between writes: getting half a megabyte of fresh pages from the system takes
-/// as long as writing it. Everything runs on one thread.
-std::span<std::byte> ImageBuffer(std::size_t size) {
-  static std::vector<std::byte> buffer(kUndoFileSize);
-  return std::span(buffer).first(size);
-}
-
 /// The last slot of the scenery table is never kept in a map file.
 void DropLastSceneryOfFullTable(MapDocument& document, Selection& selection) {
   if (!document.sceneries.Full()) return;
@@ -64,18 +41,9 @@ void BringIntoFileForm(MapDocument& document, double random) {
   StoreAuthor(document);
 }
 
-FileStatus WriteUndoFile(const MapDocument& document, const Selection& selection, FileCalls& files,
-                         const std::string& path) {
-  const UndoItems undo{PackSelection(selection, document),
-                       static_cast<std::int16_t>(document.toolIndex)};
-  const std::span<std::byte> image = ImageBuffer(kUndoFileSize);
-  WriteMapImage(document, &undo, image);
-  return WriteFileInPlace(files, path, image);
-}
-
 FileStatus WriteMapFile(const MapDocument& document, FileCalls& files, const std::string& path) {
-  const std::span<std::byte> image = ImageBuffer(kMapFileSize);
-  WriteMapImage(document, nullptr, image);
+  std::vector<std::byte> image(kMapFileSize);
+  WriteMapImage(document, image);
   return WriteFileDurably(files, path, image);
 }
 
@@ -102,16 +70,16 @@ LoadReport LoadMap(MapDocument& document, Selection& selection, FileCalls& files
     FindTableEnds(document);
     document.fileName = path;
   }
-  WaypointsToMemory(document);
+  if (!(isUndo && MarkOf(undo.selection).isExact)) WaypointsToMemory(document);
   document.author = ReadAuthor(document);
   return report;
 }
 
 WriteReport WriteMap(MapDocument& document, Selection& selection, FileCalls& files, double random,
-                     const std::string& path, bool isUndo) {
+                     const std::string& path, bool isUndo, UndoMark mark) {
   if (isUndo) {
     BringIntoFileForm(document, random);
-    const FileStatus status = WriteUndoFile(document, selection, files, path);
+    const FileStatus status = WriteUndoFile(document, selection, mark, files, path);
     WaypointsToMemory(document);
     return {.status = status, .findings = {}};
   }

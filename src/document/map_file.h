@@ -7,6 +7,7 @@
 #include "document/map_document.h"
 #include "document/save_checks.h"
 #include "document/selection.h"
+#include "document/undo_file.h"
 #include "platform/files.h"
 
 namespace vesmora {
@@ -41,9 +42,10 @@ struct WriteReport {
 /// Writes the document to `path`. A real save prepares the derived data first,
 /// replaces the file as a whole and then looks for what the game would misread;
 /// when it fails, document and file are what they were. Of a full scenery table the last one
-/// goes. The undo variant writes what is in memory, in place and without syncing. `random` is a
-/// uniform number in [0, 1), from which the map gets its `randomId`.
+/// goes. The undo variant writes what is in memory, in place and without syncing, with `mark`.
+/// `random` is a uniform number in [0, 1), from which the map gets its `randomId`.
 [[nodiscard]] WriteReport WriteMap(MapDocument& document, Selection& selection, FileCalls& files,
-                                   double random, const std::string& path, bool isUndo);
+                                   double random, const std::string& path, bool isUndo,
+                                   UndoMark mark = {});
 
 }  // namespace vesmora

@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <cstring>
+#include <type_traits>
+
+#include "document/numbers.h"
 
 namespace vesmora {
 namespace {
@@ -41,6 +44,22 @@ void VisitUndoItems(Items& items, Visit visit) {
   visit(items.toolIndex);
 }
 
+class ImageWriter {
+ public:
+  explicit ImageWriter(std::span<std::byte> image) : image_(image) {}
+
+  template <typename Item>
+  void Write(const Item& item) {
+    std::memcpy(image_.subspan(size_, sizeof(item)).data(), &item, sizeof(item));
+    size_ += sizeof(item);
+  }
+  std::span<const std::byte> Written() const { return image_.first(size_); }
+
+ private:
+  std::span<std::byte> image_;
+  std::size_t size_ = 0;
+};
+
 }  // namespace
 
 ImageReading ReadMapImage(std::span<const std::byte> bytes, MapDocument& document,
@@ -60,16 +79,46 @@ ImageReading ReadMapImage(std::span<const std::byte> bytes, MapDocument& documen
   return reading;
 }
 
-void WriteMapImage(const MapDocument& document, const UndoItems* undo, std::span<std::byte> image) {
-  std::size_t position = 0;
-  const auto write = [&](const auto& item) {
-    std::memcpy(image.subspan(position, sizeof(item)).data(), &item, sizeof(item));
-    position += sizeof(item);
+void WriteMapImage(const MapDocument& document, std::span<std::byte> image) {
+  ImageWriter writer(image);
+  const auto write = [&writer](const auto& item) { writer.Write(item); };
+  const auto polygonCount = static_cast<std::int16_t>(document.polygons.Count());
+  VisitFirstItems(document, polygonCount, write);
+  VisitRemainingItems(document, write);
+}
+
+UndoPieces WriteUndoPieces(const MapDocument& document, const UndoItems& undo,
+                           std::span<std::byte> buffer) {
+  ImageWriter writer(buffer);
+  UndoPieces pieces;
+  const auto write = [&]<typename Item>(const Item& item) {
+    if constexpr (std::is_same_v<Item, decltype(MapDocument::sectors)>) {
+      pieces[0] = writer.Written();
+      pieces[1] = std::as_bytes(std::span(item));
+    } else {
+      writer.Write(item);
+    }
   };
   const auto polygonCount = static_cast<std::int16_t>(document.polygons.Count());
   VisitFirstItems(document, polygonCount, write);
   VisitRemainingItems(document, write);
-  if (undo != nullptr) VisitUndoItems(*undo, write);
+  VisitUndoItems(undo, write);
+  pieces[2] = writer.Written().subspan(pieces[0].size());
+  return pieces;
+}
+
+void WaypointsToFile(MapDocument& document) {
+  for (Waypoint& waypoint : document.waypoints.Used()) {
+    waypoint.x = RoundToInt32(waypoint.x / 256.0);
+    waypoint.y = RoundToInt32(waypoint.y / 256.0);
+  }
+}
+
+void WaypointsToMemory(MapDocument& document) {
+  for (Waypoint& waypoint : document.waypoints.Used()) {
+    waypoint.x = ToFixedPoint(waypoint.x);
+    waypoint.y = ToFixedPoint(waypoint.y);
+  }
 }
 
 }  // namespace vesmora

@@ -16,6 +16,8 @@ inline constexpr std::size_t kMapFileSize = 502112;
 inline constexpr std::size_t kUndoFileSize = kMapFileSize + kSelectionBlockSize + 2;
 /// Where the second table of items, from the sector division on, must begin.
 inline constexpr std::size_t kDivisionOffset = 434868;
+/// Where the sectors begin; the two loose bytes behind them end the first table of items.
+inline constexpr std::size_t kSectorsOffset = kDivisionOffset - 2 - sizeof(MapDocument::sectors);
 
 /// The two items that undo files carry behind the map.
 struct UndoItems {
@@ -33,8 +35,19 @@ struct ImageReading {
 /// read too.
 ImageReading ReadMapImage(std::span<const std::byte> bytes, MapDocument& document, UndoItems* undo);
 
-/// Writes the items as they stand to the first kMapFileSize bytes, or, with
-/// `undo`, to kUndoFileSize bytes. `image` must be large enough.
-void WriteMapImage(const MapDocument& document, const UndoItems* undo, std::span<std::byte> image);
+/// Writes a map's items as they stand to the first kMapFileSize bytes of `image`.
+void WriteMapImage(const MapDocument& document, std::span<std::byte> image);
+
+/// What an undo file consists of, in its order. The largest item, the sectors, is not copied: the
+/// second piece is the document's own.
+using UndoPieces = std::array<std::span<const std::byte>, 3>;
+
+/// The items as they stand; `buffer`, large enough for all but the sectors, keeps what is copied.
+UndoPieces WriteUndoPieces(const MapDocument& document, const UndoItems& undo,
+                           std::span<std::byte> buffer);
+
+/// Waypoints are whole world units in files and 1/256 units in memory.
+void WaypointsToFile(MapDocument& document);
+void WaypointsToMemory(MapDocument& document);
 
 }  // namespace vesmora

@@ -139,8 +139,10 @@ void UpdateSelectionBox(Selection& selection, const MapDocument& document);
 /// whole unit on its way; deliberately only that one.
 SelectionBox Normalised(SelectionBox box);
 
-/// A whole selection and the tables' last indexes as one block of undo files.
+/// A whole selection and the tables' last indexes as one block of undo files, the bytes behind
+/// them zero.
 inline constexpr std::size_t kSelectionBlockSize = 5058;
+inline constexpr std::size_t kSelectionBytes = 5051;
 using SelectionBlock = std::array<std::byte, kSelectionBlockSize>;
 
 SelectionBlock PackSelection(const Selection& selection, const MapDocument& document);

@@ -51,7 +51,7 @@ constexpr std::size_t kUsedBytes =
     3 * kPolygonCapacity * (sizeof(std::int16_t) + sizeof(std::uint8_t)) + kSpawnCapacity +
     kSceneryCapacity + kColliderCapacity + kWaypointCapacity * sizeof(std::int16_t) +
     6 * sizeof(std::int16_t) + sizeof(SelectionBox) + 5 * sizeof(std::int16_t);
-static_assert(kUsedBytes <= kSelectionBlockSize);
+static_assert(kUsedBytes == kSelectionBytes);
 
 }  // namespace
 

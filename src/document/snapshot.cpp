@@ -1,42 +1,34 @@
 #include "document/snapshot.h"
 
-#include <algorithm>
 #include <string_view>
 #include <vector>
 
 #include "document/map_file.h"
-#include "platform/temp_folder.h"
 
 namespace vesmora {
 namespace {
 
-constexpr std::string_view kFilePrefix = "VesmoraUndo";
+constexpr std::string_view kUndoPrefix = "VesmoraUndo";
+constexpr std::string_view kRedoPrefix = "VesmoraRedo";
 
-std::string FileNamed(const UndoJournal& journal, const std::string& ending) {
-  return journal.folder + std::string(kFilePrefix) + ending + ".tmp";
+std::string FileInSlot(const UndoJournal& journal, std::string_view prefix, std::size_t slot) {
+  return journal.folder.path + std::string(prefix) + std::to_string(slot) + ".tmp";
 }
 
-/// Writes a spare file and lets it and the slot's file change places, so that a
-/// failure leaves the step that the slot held before. No name is ever moved over an
-/// existing file: file systems write such a file out at once, which takes ten times
-/// as long as all the rest.
-FileStatus WriteSnapshot(EditedMap& map, FileCalls& files, double random, int slot) {
-  UndoJournal& journal = map.journal;
-  const std::string path = FileNamed(journal, std::to_string(slot));
-  const std::string spare = FileNamed(journal, "Spare");
-  const std::string old = FileNamed(journal, "Old");
-  FileStatus status = WriteMap(map.document, map.selection, files, random, spare, true).status;
-  if (!status.Ok()) {
-    DeleteFile(files, spare);
-    return status;
-  }
-  const bool hadOld = MoveFileOver(files, path, old).Ok();
-  status = MoveFileOver(files, spare, path);
-  if (!hadOld) return status;
-  const FileStatus back = MoveFileOver(files, old, status.Ok() ? spare : path);
-  // The older step is where it is; that is where an undo finds it.
-  if (!status.Ok() && !back.Ok()) journal.undoFiles[static_cast<std::size_t>(slot)] = old;
-  return status;
+/// With another folder, and therefore without any step, when the one that the files were in has
+/// been swept away while the program ran: under its name there may be another editor's by now.
+void RequireFolder(UndoJournal& journal, FileCalls& files) {
+  if (IsStillHeld(files, journal.folder)) return;
+  const std::string temp = journal.folder.temp;
+  LetGo(journal.folder);
+  journal.undoAvailable = -1;
+  RefreshUndoCaption(journal);
+  journal.folder = HoldUndoFolder(files, temp);
+}
+
+std::optional<SnapshotFailure> FailureOf(const std::string& path, const FileStatus& status) {
+  if (status.Ok()) return std::nullopt;
+  return SnapshotFailure{path, status.reason};
 }
 
 }  // namespace
@@ -45,34 +37,48 @@ std::optional<SnapshotFailure> FileSnapshot(EditedMap& map, FileCalls& files, do
                                             const std::string& actionName) {
   GiveWaypointKeys(map);
   UndoJournal& journal = map.journal;
-  const auto slot = static_cast<std::size_t>((journal.undoSlot + 1) % kUndoSteps);
-  const std::string path = FileNamed(journal, std::to_string(slot));
-  if (journal.folder.empty()) return SnapshotFailure{path, "There is no temporary folder."};
-  // It may have been swept away while the program ran.
-  if (IsGone(files, journal.folder)) {
-    CreatePrivateFolder(files, journal.folder);  // if not, the write says why
-    HoldFolder(journal.folder);
+  ForgetRedo(journal);
+  RequireFolder(journal, files);
+  const std::string path = FileInSlot(journal, kUndoPrefix, journal.NextSlot());
+  if (journal.folder.path.empty()) return SnapshotFailure{path, "There is no temporary folder."};
+  const FileStatus status = WriteMap(map.document, map.selection, files, random, path, true,
+                                     {.sequence = ++journal.sequence})
+                                .status;
+  if (status.Ok()) {
+    AddUndoStep(journal, path, actionName, map.waypointKeys);
+  } else {
+    DeleteFile(files, path);
+    if (journal.undoAvailable == kUndoSteps - 1) --journal.undoAvailable;
   }
-  const FileStatus status = WriteSnapshot(map, files, random, static_cast<int>(slot));
-  if (!status.Ok()) return SnapshotFailure{path, status.reason};
-  journal.undoAvailable =
-      static_cast<std::int16_t>(std::min(journal.undoAvailable + 1, kUndoSteps - 1));
-  journal.undoSlot = static_cast<std::int16_t>(slot);
-  journal.undoFiles[slot] = path;
-  journal.undoActions[slot] = actionName;
-  journal.waypointKeys[slot] = map.waypointKeys;
-  RefreshUndoCaption(journal);
-  return std::nullopt;
+  return FailureOf(path, status);
 }
 
-void DeleteSnapshotFiles(const UndoJournal& journal, FileCalls& files) {
+std::optional<SnapshotFailure> FileForRedo(EditedMap& map, FileCalls& files) {
+  GiveWaypointKeys(map);
+  UndoJournal& journal = map.journal;
+  const auto slot = static_cast<std::size_t>(journal.undoSlot);
+  const std::string path = FileInSlot(journal, kRedoPrefix, slot);
+  const auto bytes = ExactUndoFile(map.document, map.selection, ++journal.sequence);
+  const FileStatus status = WriteFileInPlace(files, path, bytes);
+  if (!status.Ok()) DeleteFile(files, path);
+  journal.redoAvailable = static_cast<std::int16_t>(status.Ok() ? journal.redoAvailable + 1 : -1);
+  journal.redoKeys[slot] = map.waypointKeys;
+  return FailureOf(path, status);
+}
+
+std::string RedoFile(const UndoJournal& journal) {
+  return FileInSlot(journal, kRedoPrefix, journal.NextSlot());
+}
+
+void DeleteSnapshotFiles(const UndoFolder& folder, FileCalls& files) {
   // Not ListFiles: it looks at every file, and on Windows the folder holds everybody's.
   std::vector<std::string> names;
-  files.ListFolder(journal.folder, names);
+  files.ListFolder(folder.path, names);
   for (const std::string& name : names) {
-    const bool isSnapshot =
-        name.starts_with(kFilePrefix) && name.find('.', kFilePrefix.size()) != std::string::npos;
-    if (isSnapshot) DeleteFile(files, journal.folder + name);
+    const bool isOfStep = name.starts_with(kUndoPrefix) || name.starts_with(kRedoPrefix);
+    if (isOfStep && name.find('.', kUndoPrefix.size()) != std::string::npos) {
+      DeleteFile(files, folder.path + name);
+    }
   }
 }
 

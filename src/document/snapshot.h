@@ -1,4 +1,4 @@
-// The files of the undo steps.
+// The files of the steps that are undone and redone.
 #pragma once
 
 #include <optional>
@@ -16,12 +16,20 @@ struct SnapshotFailure {
 };
 
 /// Files the map as it is, before the edit `actionName`, as the newest undo step; `random` as
-/// for WriteMap. On failure the older steps stay what they were.
+/// for WriteMap. Nothing can be redone any more. On failure the older steps stay what they were,
+/// but for the oldest of ten, whose file it was to be.
 [[nodiscard]] std::optional<SnapshotFailure> FileSnapshot(EditedMap& map, FileCalls& files,
                                                           double random,
                                                           const std::string& actionName);
 
-/// Deletes every snapshot file of the folder, those of earlier runs included.
-void DeleteSnapshotFiles(const UndoJournal& journal, FileCalls& files);
+/// Files the map as it is, before the newest step is undone, and changes nothing of it. On failure
+/// nothing can be redone.
+[[nodiscard]] std::optional<SnapshotFailure> FileForRedo(EditedMap& map, FileCalls& files);
+
+/// The file of the step that is redone next.
+std::string RedoFile(const UndoJournal& journal);
+
+/// Deletes every file of steps, those of earlier runs included.
+void DeleteSnapshotFiles(const UndoFolder& folder, FileCalls& files);
 
 }  // namespace vesmora

@@ -68,7 +68,11 @@ std::string PointGameAt(const GameFolder& game, const std::string& fileName) {
   const std::string_view map = FileNamePart(fileName);
   const std::string name = ListedName(map);
   if (name.empty()) return {};
-  if (!FileExists(game.files, GamePath(game, "MAPS/" + std::string(map)))) return {};
+  const std::string played = GamePath(game, "MAPS/" + std::string(map));
+  if (IsGone(game.files, played)) return {};
+  FileInfo info;
+  if (game.files.Info(played, info) < 0) return CouldNot("read", played, game.files.LastError());
+  if (info.kind == FileKind::kFolder) return {};
 
   const std::string profile = GamePath(game, "soldat.ini");
   const FileContents old = ReadProfile(game.files, profile);

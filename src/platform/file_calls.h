@@ -14,15 +14,16 @@ enum class FileKind { kRegular, kFolder, kOther };
 
 struct FileInfo {
   FileKind kind = FileKind::kOther;
-  std::uint64_t size = 0;    // bytes
-  std::uint64_t device = 0;  // device and number together tell whether two
-  std::uint64_t number = 0;  // paths name the same file
+  std::uint64_t size = 0;     // bytes
+  std::uint64_t device = 0;   // device and number together tell whether two
+  std::uint64_t number = 0;   // paths name the same file
+  std::int64_t modified = 0;  // milliseconds since 1970
 };
 
 /// Paths are UTF-8. Every call returns 0 or more on success and a negated <cerrno>
 /// value on failure, -EIO where no caller needs a finer one; LastError() then has the system's
-/// words for it. Short reads and writes and -EINTR are the caller's to handle. Handles are closed
-/// by the caller.
+/// words for it. What a signal cuts off is called again. Short reads and writes are the caller's to
+/// handle. Handles are closed by the caller.
 class FileCalls {
  public:
   FileCalls() = default;
@@ -63,8 +64,10 @@ class FileCalls {
 
   virtual int SyncFolder(const std::string& path) = 0;
   virtual int MakeFolder(const std::string& path, unsigned mode) = 0;
-  /// Makes an existing folder accessible to this user alone. Fails when it is a link or
-  /// no folder (-ENOTDIR), another user's, or was open for others to write (-EPERM).
+  /// An empty one.
+  virtual int RemoveFolder(const std::string& path) = 0;
+  /// Makes an existing folder accessible to this user, and to nobody else. Fails when it is a link
+  /// or no folder (-ENOTDIR), another user's, or was open for others to write (-EPERM).
   virtual int ClaimFolder(const std::string& path) = 0;
   /// The names in a folder without "." and "..", in no order.
   virtual int ListFolder(const std::string& path, std::vector<std::string>& names) = 0;

@@ -87,6 +87,11 @@ bool InfoFrom(HANDLE handle, FileInfo& info) {
   info.size = Joined(status.nFileSizeHigh, status.nFileSizeLow);
   info.device = status.dwVolumeSerialNumber;
   info.number = Joined(status.nFileIndexHigh, status.nFileIndexLow);
+  constexpr std::uint64_t kTicks = 10000;                // of 100 ns a millisecond
+  constexpr std::uint64_t kUntil1970 = 11644473600000U;  // milliseconds since 1601
+  const FILETIME& written = status.ftLastWriteTime;
+  const std::uint64_t time = Joined(written.dwHighDateTime, written.dwLowDateTime) / kTicks;
+  info.modified = static_cast<std::int64_t>(time - kUntil1970);
   // Some servers do not number their files: no two different ones must seem the same.
   if (info.number == 0) info.number = std::hash<std::wstring>()(FinalPath(handle));
   return true;
@@ -239,6 +244,10 @@ class WindowsFileCalls final : public FileCalls {
 
   int MakeFolder(const std::string& path, unsigned /*mode*/) override {
     return Result(CreateDirectoryW(Wide(path).c_str(), nullptr));
+  }
+
+  int RemoveFolder(const std::string& path) override {
+    return Result(RemoveDirectoryW(Wide(path).c_str()));
   }
 
   /// Only made use of in the temporary folder, which nobody else can enter as it is.

@@ -5,12 +5,12 @@
 #include <cerrno>
 #include <chrono>
 
+#include "platform/temporary_name.h"
 #include "platform/text.h"
 
 namespace vesmora {
 namespace {
 
-constexpr int kMaxInterruptions = 1000;
 constexpr int kMaxNameTries = 100;
 constexpr int kMaxLinks = 40;  // in a row, as the system itself allows
 // Far above any file of the game; keeps a mistaken choice from filling the memory.
@@ -20,14 +20,6 @@ constexpr const char* kSeparators = "/\\";
 #else
 constexpr const char* kSeparators = "/";
 #endif
-
-/// Repeats a call that a signal cut off. Not for calls that may have done their work.
-template <typename Call>
-auto Uninterrupted(Call call) {
-  auto result = call();
-  for (int i = 0; result == -EINTR && i < kMaxInterruptions; ++i) result = call();
-  return result;
-}
 
 FileStatus Failure(const std::string& reason) { return {FileFailure::kError, reason}; }
 
@@ -59,7 +51,7 @@ FileStatus ReadBytes(FileCalls& calls, int handle, std::size_t limit, FileConten
   contents.bytes.resize(static_cast<std::size_t>(std::min<std::uint64_t>(info.size, limit)));
   std::span<std::byte> rest(contents.bytes);
   while (!rest.empty()) {
-    const auto count = Uninterrupted([&] { return calls.Read(handle, rest); });
+    const auto count = calls.Read(handle, rest);
     if (count < 0) return Failure(calls.LastError());
     if (count == 0) {  // somebody cut the file in the meantime
       contents.bytes.resize(contents.bytes.size() - rest.size());
@@ -73,7 +65,7 @@ FileStatus ReadBytes(FileCalls& calls, int handle, std::size_t limit, FileConten
 
 FileStatus WriteBytes(FileCalls& calls, int handle, std::span<const std::byte> bytes) {
   while (!bytes.empty()) {
-    const auto count = Uninterrupted([&] { return calls.Write(handle, bytes); });
+    const auto count = calls.Write(handle, bytes);
     if (count < 0) return Failure(calls.LastError());
     if (count == 0) return Failure("Nothing more could be written.");
     bytes = bytes.subspan(static_cast<std::size_t>(count));
@@ -84,7 +76,7 @@ FileStatus WriteBytes(FileCalls& calls, int handle, std::span<const std::byte> b
 /// Keeps the first failure: a close that fails after a failed write says nothing new.
 void CloseWritten(FileCalls& calls, int handle, FileStatus& status) {
   const int result = calls.Close(handle);
-  if (status.Ok() && result != -EINTR) status = WriteStatusOf(calls, result);
+  if (status.Ok()) status = WriteStatusOf(calls, result);
 }
 
 FileStatus CompareWithFile(FileCalls& calls, const std::string& path,
@@ -100,8 +92,7 @@ template <typename Call>
 int WithNewName(const std::string& folder, std::string& name, Call call) {
   int result = -EEXIST;
   for (int i = 0; result == -EEXIST && i < kMaxNameTries; ++i) {
-    name = folder;
-    name.append(".vesmora-").append(UnlikelyName()).append(".tmp");
+    name = folder + TemporaryName(UnlikelyName());
     result = call(name);
   }
   return result;
@@ -147,16 +138,13 @@ FileStatus WriteTemporary(FileCalls& calls, const std::string& folder,
   constexpr unsigned kUsualMode = 0666;
   constexpr unsigned kOwnMode = 0600;  // until KeepAccess has set the right one
   const unsigned mode = accessFrom.empty() ? kUsualMode : kOwnMode;
-  const int handle = WithNewName(folder, temporary, [&](const std::string& name) {
-    return Uninterrupted([&] { return calls.CreateNew(name, mode); });
-  });
+  const int handle = WithNewName(
+      folder, temporary, [&](const std::string& name) { return calls.CreateNew(name, mode); });
   if (handle < 0) return Failure(calls.LastError());
 
   if (!accessFrom.empty()) calls.KeepAccess(handle, accessFrom);
   FileStatus status = WriteBytes(calls, handle, bytes);
-  if (status.Ok()) {
-    status = WriteStatusOf(calls, Uninterrupted([&] { return calls.Sync(handle); }));
-  }
+  if (status.Ok()) status = WriteStatusOf(calls, calls.Sync(handle));
   CloseWritten(calls, handle, status);
   if (status.Ok()) status = CompareWithFile(calls, temporary, bytes);
   if (!status.Ok()) calls.Unlink(temporary);
@@ -166,7 +154,7 @@ FileStatus WriteTemporary(FileCalls& calls, const std::string& folder,
 /// A file system that cannot sync a folder is no failure: nothing else could be done.
 FileStatus SyncFolder(FileCalls& calls, const std::string& folder) {
   const std::string path = folder.empty() ? "." : folder;
-  const int result = Uninterrupted([&] { return calls.SyncFolder(path); });
+  const int result = calls.SyncFolder(path);
   const bool unsupported = result == -EINVAL || result == -ENOTSUP || result == -ENOSYS;
   return unsupported ? FileStatus{} : WriteStatusOf(calls, result);
 }
@@ -219,7 +207,7 @@ FileStatus WriteDurably(FileCalls& calls, const std::string& path, const std::st
 
 FileContents ReadFile(FileCalls& calls, const std::string& path, std::size_t limit) {
   FileContents contents;
-  const int handle = Uninterrupted([&] { return calls.OpenToRead(path); });
+  const int handle = calls.OpenToRead(path);
   contents.status = StatusOf(calls, handle);
   if (handle < 0) return contents;
   contents.status = ReadBytes(calls, handle, limit, contents);
@@ -260,9 +248,17 @@ FileStatus CopyFileDurably(FileCalls& calls, const std::string& from, const std:
 
 FileStatus WriteFileInPlace(FileCalls& calls, const std::string& path,
                             std::span<const std::byte> bytes) {
-  const int handle = Uninterrupted([&] { return calls.OpenInPlace(path); });
+  return WriteFileInPlace(calls, path, std::span(&bytes, 1));
+}
+
+FileStatus WriteFileInPlace(FileCalls& calls, const std::string& path,
+                            std::span<const std::span<const std::byte>> pieces) {
+  const int handle = calls.OpenInPlace(path);
   if (handle < 0) return Failure(calls.LastError());
-  FileStatus status = WriteBytes(calls, handle, bytes);
+  FileStatus status;
+  for (const auto piece : pieces) {
+    if (status.Ok()) status = WriteBytes(calls, handle, piece);
+  }
   CloseWritten(calls, handle, status);
   return status;
 }
@@ -292,6 +288,26 @@ FileStatus CreatePrivateFolder(FileCalls& calls, const std::string& path) {
   const int made = calls.MakeFolder(path, kPrivateMode);
   if (made < 0 && made != -EEXIST) return Failure(calls.LastError());
   return WriteStatusOf(calls, calls.ClaimFolder(path));
+}
+
+FileStatus CreateFolders(FileCalls& calls, const std::string& path) {
+  constexpr unsigned kPrivateMode = 0700;
+  int made = calls.MakeFolder(path, kPrivateMode);
+  const std::string above = FolderOf(path);
+  if (made == -ENOENT && above.size() > 1) {
+    const FileStatus status = CreateFolders(calls, above.substr(0, above.size() - 1));
+    if (!status.Ok()) return status;
+    made = calls.MakeFolder(path, kPrivateMode);
+  }
+  return made == -EEXIST ? FileStatus{} : WriteStatusOf(calls, made);
+}
+
+void SweepLeftOvers(FileCalls& calls, const std::string& folder) {
+  std::vector<std::string> names;
+  calls.ListFolder(folder.empty() ? "." : folder, names);
+  for (const std::string& name : names) {
+    if (IsLeftOver(name)) DeleteFile(calls, folder + name);
+  }
 }
 
 std::string UnlikelyName() {

@@ -61,6 +61,9 @@ bool SameFile(FileCalls& calls, const std::string& a, const std::string& b);
 /// leave the file partly written.
 [[nodiscard]] FileStatus WriteFileInPlace(FileCalls& calls, const std::string& path,
                                           std::span<const std::byte> bytes);
+/// The same for bytes that lie in several pieces.
+[[nodiscard]] FileStatus WriteFileInPlace(FileCalls& calls, const std::string& path,
+                                          std::span<const std::span<const std::byte>> pieces);
 
 /// Gives the file `from` the name `to`, replacing what stood there. Without syncing.
 [[nodiscard]] FileStatus MoveFileOver(FileCalls& calls, const std::string& from,
@@ -81,6 +84,13 @@ FolderListing ListFiles(FileCalls& calls, const std::string& folder);
 /// when something foreign sits there: a link, a file, another user's folder, or one in
 /// which others may have planted something.
 FileStatus CreatePrivateFolder(FileCalls& calls, const std::string& path);
+
+/// Makes `path`, without a slash at its end, and what is missing of the folders above it, for this
+/// user only. What is there is taken as it is.
+FileStatus CreateFolders(FileCalls& calls, const std::string& path);
+
+/// Deletes the temporary files in `folder` whose writers did not live to rename them.
+void SweepLeftOvers(FileCalls& calls, const std::string& folder);
 
 /// 16 characters, different at every call, for the names of temporary files.
 std::string UnlikelyName();

@@ -1,6 +1,7 @@
 // The ways to the world that the program is given.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string>
 
@@ -23,10 +24,13 @@ struct Ports {
   Programs& programs;
   std::function<double()> random;          // uniform in [0, 1)
   std::function<std::string()> timeOfDay;  // "15:03"
+  std::function<std::int64_t()> now;       // milliseconds since 1970
   // Folders end with a slash.
-  std::string tempFolder;     // of this user's own; empty when there is none
-  std::string programFolder;  // the program with Prefab, Alphabet and Help
-  std::string gameFolder;     // the one above, where the game lies
+  std::string tempFolder;      // of this user's own; empty when there is none
+  std::string tempProblem;     // why it is not the usual one, for the user; empty if it is
+  std::string settingsFolder;  // of this user, may be missing yet
+  std::string programFolder;   // the program with Prefab, Alphabet and Help
+  std::string gameFolder;      // the one above, where the game lies
 };
 
 }  // namespace vesmora

@@ -3,6 +3,8 @@
 
 #include <string>
 
+#include "platform/files.h"
+
 namespace vesmora {
 
 class Settings {
@@ -12,9 +14,10 @@ class Settings {
   /// `fallback` when the key is absent. Whatever a person wrote there may come back.
   virtual std::string Read(const std::string& section, const std::string& key,
                            const std::string& fallback) = 0;
-  /// Does not tell whether it could be stored.
   virtual void Write(const std::string& section, const std::string& key,
                      const std::string& value) = 0;
+  /// Makes what was written last; on failure all is stored as it was before.
+  virtual FileStatus Store() = 0;
 };
 
 }  // namespace vesmora

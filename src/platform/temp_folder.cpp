@@ -1,26 +1,125 @@
 #include "platform/temp_folder.h"
 
+#include <algorithm>
+#include <array>
+
 namespace vesmora {
 namespace {
 
 #ifdef _WIN32
-const std::string kOwnName = "Vesmora";  // the folder serves all of the user's programs
+const std::string kEditorName = "Vesmora";  // the folder serves all of the user's programs
 #else
-const std::string kOwnName;
+const std::string kEditorName;
 #endif
+constexpr int kMostEditors = 100;
+
+/// As large as a block of a disk: a full one takes a name, and no bytes.
+FileStatus TryToWrite(FileCalls& calls, const std::string& folder) {
+  const std::string path = folder + "VesmoraUndo.try";
+  const std::array<std::byte, 4096> bytes{};
+  const FileStatus status = WriteFileInPlace(calls, path, bytes);
+  DeleteFile(calls, path);
+  return status;
+}
+
+/// The user's own among those of the system's `shared` folder, with a trailing slash; empty, with
+/// a status, when there is none.
+std::string TakeOwnFolder(FileCalls& calls, const std::string& shared, FileStatus& status) {
+  const std::string name = OwnFolderName();
+  if (shared.empty()) {
+    status = {FileFailure::kError, "The system names none."};
+    return "";
+  }
+  if (name.empty()) {
+    status = TryToWrite(calls, shared);
+    return status.Ok() ? shared : "";
+  }
+  // If the usual one is somebody else's, one of a rare name, which nobody can have prepared.
+  std::vector<std::string> names;
+  calls.ListFolder(shared, names);
+  std::erase_if(names, [&](const auto& other) { return !other.starts_with(name + "-"); });
+  std::ranges::sort(names);
+  names.insert(names.begin(), name);
+  names.push_back(name + "-" + UnlikelyName());
+  for (const std::string& other : names) {
+    const std::string path = shared + other;
+    status = CreatePrivateFolder(calls, path);
+    if (!status.Ok()) continue;
+    status = TryToWrite(calls, path + "/");
+    return status.Ok() ? path + "/" : "";
+  }
+  return "";
+}
+
+bool Hold(FileCalls& calls, UndoFolder& folder) {
+  folder.hold = HoldFolder(folder.path);
+  FileInfo info;
+  if (folder.hold < 0 || calls.Info(folder.path, info) < 0) return false;
+  folder.device = info.device;
+  folder.number = info.number;
+  return true;
+}
 
 }  // namespace
 
-std::string HoldUndoFolder(FileCalls& calls, const std::string& tempFolder) {
-  if (tempFolder.empty()) return "";
-  if (HoldFolder(tempFolder)) return tempFolder;
-  constexpr int kMostEditors = 100;
-  for (int number = 2; number <= kMostEditors; ++number) {
-    const std::string path = tempFolder + kOwnName + std::to_string(number);
-    const std::string folder = path + tempFolder.back();
-    if (CreatePrivateFolder(calls, path).Ok() && HoldFolder(folder)) return folder;
+TempFolder PrivateTempFolder(FileCalls& calls, const std::string& last) {
+  TempFolder found;
+  std::vector<std::string> folders = SystemTempFolders();
+  const std::string first = folders.front();
+  folders.push_back(last);
+  for (const std::string& folder : folders) {
+    if (folder == last) CreateFolders(calls, last.substr(0, last.size() - 1));
+    FileStatus status;
+    found.path = TakeOwnFolder(calls, folder, status);
+    if (folder == first && !status.Ok()) {
+      found.problem = "The temporary folder '" + first + "' cannot be used: " + status.reason;
+    }
+    if (!found.path.empty()) break;
   }
-  return "";
+  return found;
+}
+
+UndoFolder HoldUndoFolder(FileCalls& calls, const std::string& tempFolder) {
+  UndoFolder folder{.temp = tempFolder, .path = tempFolder};
+  if (tempFolder.empty()) return folder;
+  if (IsGone(calls, tempFolder)) {
+    CreatePrivateFolder(calls, tempFolder.substr(0, tempFolder.size() - 1));
+  }
+  if (Hold(calls, folder)) return folder;
+  for (int number = 2; number <= kMostEditors; ++number) {
+    const std::string path = tempFolder + kEditorName + std::to_string(number);
+    folder.path = path + tempFolder.back();
+    if (CreatePrivateFolder(calls, path).Ok() && Hold(calls, folder)) return folder;
+  }
+  return {.temp = tempFolder, .path = ""};
+}
+
+bool IsStillHeld(FileCalls& calls, const UndoFolder& folder) {
+  if (folder.hold < 0) return false;
+  FileInfo info;
+  if (calls.Info(folder.path, info) < 0) return !IsGone(calls, folder.path);
+  return info.device == folder.device && info.number == folder.number;
+}
+
+std::vector<UndoFolder> HoldAbandonedFolders(FileCalls& calls, const UndoFolder& own) {
+  std::vector<std::string> names;
+  calls.ListFolder(own.temp, names);
+  std::vector<UndoFolder> abandoned;
+  for (int number = 2; number <= kMostEditors; ++number) {
+    const std::string name = kEditorName + std::to_string(number);
+    if (std::ranges::find(names, name) == names.end()) continue;
+    UndoFolder folder{.temp = own.temp, .path = own.temp + name + own.temp.back()};
+    if (folder.path != own.path && Hold(calls, folder)) abandoned.push_back(folder);
+  }
+  if (own.path == own.temp) return abandoned;
+  UndoFolder folder{.temp = own.temp, .path = own.temp};
+  if (Hold(calls, folder)) abandoned.push_back(folder);
+  return abandoned;
+}
+
+void LetGo(UndoFolder& folder) {
+  if (folder.hold >= 0) LetFolderGo(folder.hold);
+  folder = {.temp = folder.temp, .path = ""};
 }
 
 }  // namespace vesmora

@@ -1,25 +1,57 @@
-// Where temporary files go.
+// Where temporary files go, and which running editor has which folder.
 #pragma once
 
+#include <cstdint>
 #include <string>
+#include <vector>
 
 #include "platform/files.h"
 
 namespace vesmora {
 
-/// A folder of this user's own for temporary files, with a trailing slash; empty when
-/// there is none, and then `status` says why. Where users share the system's temporary
-/// folder it is one inside that only this user can enter; whatever another user put under
-/// its name is left alone and a fresh name taken.
-[[nodiscard]] std::string PrivateTempFolder(FileCalls& calls, FileStatus& status);
+struct TempFolder {
+  std::string path;     // with a trailing slash; empty when there is none
+  std::string problem;  // with the folder that should be used, for the user; empty for none
+};
 
-/// The folder for this running program's undo files, ending with the same slash as
-/// `tempFolder`: that one itself or, while other running editors hold it, a folder inside it
-/// of its own. Held until the program ends, however it ends; empty when there is none.
-[[nodiscard]] std::string HoldUndoFolder(FileCalls& calls, const std::string& tempFolder);
+/// A folder of this user's own for temporary files, in which a file was just written. Where users
+/// share the system's temporary folder it is one inside that only this user can enter; whatever
+/// another user put under its name is left alone, and the one with a rare name that an earlier run
+/// made instead is found again. `last` serves when the system's temporary folders are no use.
+[[nodiscard]] TempFolder PrivateTempFolder(FileCalls& calls, const std::string& last);
 
-/// Keeps other running editors out of a folder, named with a trailing slash, until the program
-/// ends; false when one of them has it already, or when it cannot be opened.
-bool HoldFolder(const std::string& folder);
+/// A folder for one running editor's undo files.
+struct UndoFolder {
+  std::string temp;  // the temporary folder that it is, or lies in
+  std::string path;  // with a trailing slash like `temp`; empty when there is none
+  std::uint64_t device = 0;
+  std::uint64_t number = 0;  // both tell it from another one that has got its name
+  int hold = -1;
+};
+
+/// The temporary folder itself or, while other running editors hold it, a folder inside it of its
+/// own. Held until it is let go or the program ends, however it ends.
+[[nodiscard]] UndoFolder HoldUndoFolder(FileCalls& calls, const std::string& tempFolder);
+
+/// False when the folder has gone or another has its name: its files may be another editor's.
+bool IsStillHeld(FileCalls& calls, const UndoFolder& folder);
+
+/// Folders of editors that have ended without tidying up, each of them held now.
+[[nodiscard]] std::vector<UndoFolder> HoldAbandonedFolders(FileCalls& calls, const UndoFolder& own);
+
+void LetGo(UndoFolder& folder);
+
+// What the systems do differently.
+
+/// Folders that may take temporary files, the best first, with a trailing slash.
+std::vector<std::string> SystemTempFolders();
+
+/// Of this user among folders that users share; empty where each has folders of their own.
+std::string OwnFolderName();
+
+/// Keeps other running editors out of a folder, named with a trailing slash. A number for
+/// LetFolderGo; -1 when one of them has it already, or when it cannot be opened.
+int HoldFolder(const std::string& folder);
+void LetFolderGo(int hold);
 
 }  // namespace vesmora

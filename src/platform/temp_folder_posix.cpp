@@ -8,45 +8,37 @@
 #include "platform/temp_folder.h"
 
 namespace vesmora {
-namespace {
 
-/// With a trailing slash.
-std::string SharedTempFolder(FileCalls& calls) {
+// Before /tmp comes the one that a restart of the computer does not empty: what an editor leaves
+// behind at a power cut shall be found.
+std::vector<std::string> SystemTempFolders() {
+  std::vector<std::string> folders;
   const char* given = std::getenv("TMPDIR");
-  FileInfo info;
-  const bool usable = given != nullptr && *given == '/' && calls.Info(given, info) >= 0 &&
-                      info.kind == FileKind::kFolder;
-  const std::string folder = usable ? given : "/tmp";
-  return folder.ends_with('/') ? folder : folder + "/";
-}
-
-}  // namespace
-
-std::string PrivateTempFolder(FileCalls& calls, FileStatus& status) {
-  const std::string usual = SharedTempFolder(calls) + "vesmora-" + std::to_string(::geteuid());
-  status = CreatePrivateFolder(calls, usual);
-  if (status.Ok()) return usual + "/";
-
-  // Somebody else's: a new folder, which therefore nobody can have prepared.
-  constexpr unsigned kPrivateMode = 0700;
-  const std::string fresh = usual + "-" + UnlikelyName();
-  if (calls.MakeFolder(fresh, kPrivateMode) < 0) {
-    status = {FileFailure::kError, calls.LastError()};
-    return "";
+  if (given != nullptr && *given == '/') folders.emplace_back(given);
+  folders.insert(folders.end(), {"/var/tmp", "/tmp"});
+  for (std::string& folder : folders) {
+    if (!folder.ends_with('/')) folder += '/';
   }
-  status = {};
-  return fresh + "/";
+  return folders;
 }
 
-// The system lets go of the lock when the process ends, so the handle is never closed. The
-// folder itself is locked: a file in it could be deleted as old, while systemd's cleaning leaves
-// locked folders alone. Where folders cannot be locked (NFS) nobody is kept out.
-bool HoldFolder(const std::string& folder) {
+std::string OwnFolderName() { return "vesmora-" + std::to_string(::geteuid()); }
+
+// The system lets go of the lock when the process ends. The folder itself is locked: a file in it
+// could be deleted as old, while systemd's cleaning leaves locked folders alone. Where folders
+// cannot be locked (NFS) nobody is kept out.
+int HoldFolder(const std::string& folder) {
   const int handle = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (handle < 0) return false;
-  if (::flock(handle, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK) return true;
+  if (handle < 0) return -1;
+  int result = -1;
+  do {
+    result = ::flock(handle, LOCK_EX | LOCK_NB);
+  } while (result < 0 && errno == EINTR);
+  if (result == 0 || errno != EWOULDBLOCK) return handle;
   ::close(handle);
-  return false;
+  return -1;
 }
+
+void LetFolderGo(int hold) { ::close(hold); }
 
 }  // namespace vesmora

@@ -35,6 +35,8 @@ class WindowPort {
   virtual void ShowAbout() = 0;
   /// The Import dialog: full path of the chosen prefab, empty when cancelled.
   virtual std::string ShowImport() = 0;
+  /// The Recover dialog: the file of the chosen map, empty when cancelled.
+  virtual std::string ShowRecover() = 0;
   /// Puts the window where the settings say it stood.
   virtual void RestorePlacement() = 0;
   virtual WindowPlacement Placement() const = 0;

@@ -1,18 +1,20 @@
 #include "tools/editing.h"
 
-#include "document/snapshot.h"
-
 namespace vesmora {
 
 void TakeUndoSnapshot(Editing& editing, const std::string& actionName) {
   const auto failure = WithoutTriangle(editing, [&] {
     return FileSnapshot(editing, editing.ports.files, editing.ports.random(), actionName);
   });
+  TellSnapshotFailure(editing, failure, "The edit goes on, but it cannot be undone.");
+}
+
+void TellSnapshotFailure(Editing& editing, const std::optional<SnapshotFailure>& failure,
+                         const std::string& consequence) {
   bool& failureTold = editing.journal.failureTold;
   if (failure && !failureTold) {
-    editing.ports.dialogs.Show({.text = "File '" + failure->path +
-                                        "' could not be written: " + failure->reason +
-                                        "\nThe edit goes on, but it cannot be undone.",
+    editing.ports.dialogs.Show({.text = "File '" + failure->path + "' could not be written: " +
+                                        failure->reason + "\n" + consequence,
                                 .title = "File error",
                                 .icon = MessageIcon::kExclamation});
   }

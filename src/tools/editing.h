@@ -1,9 +1,11 @@
 // What the tools and edit commands work on and with.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "document/edited_map.h"
+#include "document/snapshot.h"
 #include "platform/ports.h"
 #include "tools/activity.h"
 #include "tools/clipboard.h"
@@ -48,6 +50,10 @@ auto WithoutTriangle(Editing& editing, Write write) {
 /// Files the map as it is under the name of the edit that is about to happen. A failure is
 /// told once, and the edit goes on.
 void TakeUndoSnapshot(Editing& editing, const std::string& actionName);
+
+/// Tells the first of a row of failures, and what it means for the user.
+void TellSnapshotFailure(Editing& editing, const std::optional<SnapshotFailure>& failure,
+                         const std::string& consequence);
 
 /// Tells why a command does nothing.
 void Refuse(const Editing& editing, const std::string& reason);

@@ -5,6 +5,7 @@
 
 #include <cerrno>
 
+#include "app/rescue_commands.h"
 #include "app/undo_commands.h"
 #include "support/editor_bench.h"
 #include "support/map_builder.h"
@@ -80,6 +81,7 @@ TEST_F(FileCommandsTest, NewAndOpenStartAllOver) {
 TEST_F(FileCommandsTest, CancelledOrUnreadableChangesNothing) {
   const std::string unreadable = PutMap("a.pmp");
   Disturb();
+  NoteSaved(editor);  // nothing is to be kept, which would fail first
   const auto before = Everything();
   dialogs.chosenFiles = {"", ""};
   MenuOpen(editor);
@@ -260,7 +262,8 @@ TEST_F(FileCommandsTest, AVanishedUndoFileGivesANewMapAndAnUnreadableOneChangesN
   files.FailAll("OpenToRead", 0);
   std::filesystem::remove(journal.NewestFile());
   UndoAs("0: 0 0 0 0 0, 0 &Undo");
-  const Message lost = FileError("File '" + Temp("VesmoraUndo0.tmp") + "' not found.");
+  const Message lost = FileError("File '" + Temp("VesmoraUndo0.tmp") +
+                                 "' not found.\nThe map that was open is in File > Recover.");
   EXPECT_THAT(TakeMessages(), ElementsAre(Field(&Message::title, "File error"), lost));
 }
 

@@ -11,6 +11,7 @@
 #include <functional>
 
 #include "platform/temp_folder.h"
+#include "platform/temporary_name.h"
 #include "support/file_contents.h"
 
 namespace vesmora {
@@ -48,6 +49,12 @@ TEST(Files, KilledBeforeAnyCallAWriteLeavesTheOldOrTheNewFile) {
     wasNew = isNew;
   }
   EXPECT_TRUE(wasNew && calls > 10);
+  Put(folder / TemporaryName("ours"), kOld);
+  Put(folder / ".vesmora-1-1-elsewhere.tmp", kOld);
+  SweepLeftOvers(SystemFileCalls(), folder.Path());
+  EXPECT_EQ(ListFiles(SystemFileCalls(), folder.Path()).names,
+            (std::vector<std::string>{".vesmora-1-1-elsewhere.tmp", TemporaryName("ours"), "map"}))
+      << "those of the dead processes are gone";
 }
 
 TEST(Files, TheSystemsLimitOfSizesLeavesTheOldFile) {
@@ -148,9 +155,8 @@ class TempFolder : public testing::Test {
 
   /// Expects a folder that is real, this user's and closed to others.
   std::string Expected() {
-    FileStatus status;
-    const std::string path = PrivateTempFolder(SystemFileCalls(), status);
-    EXPECT_TRUE(status.Ok()) << status.reason;
+    const auto [path, problem] = PrivateTempFolder(SystemFileCalls(), shared_ / "last/");
+    EXPECT_EQ(problem, "");
     EXPECT_TRUE(path.starts_with(shared_.Path()) && path.ends_with('/')) << path;
     struct stat info = {};
     EXPECT_EQ(::lstat(path.substr(0, path.size() - 1).c_str(), &info), 0);
@@ -166,21 +172,43 @@ class TempFolder : public testing::Test {
 
 TEST_F(TempFolder, IsTheSameEachTimeAndClosedToOthers) {
   EXPECT_EQ(Expected(), usual_ + "/");
-  ASSERT_EQ(::chmod(usual_.c_str(), 0755), 0);
-  EXPECT_EQ(Expected(), usual_ + "/");
+  for (const unsigned mode : {0755U, 0500U, 0U}) {
+    ASSERT_EQ(::chmod(usual_.c_str(), mode), 0);
+    EXPECT_EQ(Expected(), usual_ + "/");
+  }
+}
+
+TEST_F(TempFolder, AnotherIsUsedAndToldWhereNothingCanBeWritten) {
   FaultyFileCalls calls;
+  calls.FailCall(5, ENOSPC);  // the first bytes in it
+  const auto [path, problem] = PrivateTempFolder(calls, shared_ / "last/");
+  EXPECT_TRUE(path.starts_with("/var/tmp/")) << path;
+  EXPECT_EQ(problem, "The temporary folder '" + shared_.Path() +
+                         "' cannot be used: " + std::strerror(ENOSPC));
+  ::setenv("TMPDIR", (shared_ / "none").c_str(), 1);
+  EXPECT_NE(PrivateTempFolder(SystemFileCalls(), shared_ / "last/").problem, "");
   calls.FailAll("MakeFolder", EROFS);
-  FileStatus status;
-  EXPECT_EQ(PrivateTempFolder(calls, status), "");
-  EXPECT_EQ(status.reason, std::strerror(EROFS));
+  EXPECT_EQ(PrivateTempFolder(calls, shared_ / "last/").path, "");
 }
 
 TEST_F(TempFolder, EachRunningEditorHoldsItsOwn) {
   FileCalls& calls = SystemFileCalls();
-  EXPECT_EQ(HoldUndoFolder(calls, shared_.Path()), shared_.Path());
-  EXPECT_EQ(HoldUndoFolder(calls, shared_.Path()), shared_ / "2/");
-  EXPECT_EQ(HoldUndoFolder(calls, shared_.Path()), shared_ / "3/");
-  EXPECT_EQ(HoldUndoFolder(calls, shared_ / "none/"), "");
+  std::vector<UndoFolder> held;
+  for (const char* name : {"", "2/", "3/"}) {
+    held.push_back(HoldUndoFolder(calls, shared_.Path()));
+    EXPECT_EQ(held.back().path, shared_ / name);
+    EXPECT_TRUE(IsStillHeld(calls, held.back()));
+  }
+  LetGo(held[1]);
+  auto abandoned = HoldAbandonedFolders(calls, held[2]);
+  ASSERT_EQ(abandoned.size(), 1U);
+  EXPECT_EQ(abandoned[0].path, shared_ / "2/");
+  // Under the same name, but another one.
+  fs::rename(shared_ / "3", shared_ / "away");
+  EXPECT_FALSE(IsStillHeld(calls, held[2]));
+  EXPECT_EQ(HoldUndoFolder(calls, shared_.Path()).path, shared_ / "3/");
+  EXPECT_FALSE(IsStillHeld(calls, held[2]));
+  EXPECT_EQ(HoldUndoFolder(calls, shared_ / "no/such/").path, "");
 }
 
 TEST_F(TempFolder, WhatOthersPlantedIsLeftAlone) {
@@ -189,12 +217,12 @@ TEST_F(TempFolder, WhatOthersPlantedIsLeftAlone) {
   ASSERT_EQ(::chmod(elsewhere.c_str(), 0755), 0);
   fs::create_directory_symlink(elsewhere, usual_);
   EXPECT_NE(Expected(), usual_ + "/");
-  EXPECT_NE(Expected(), Expected());
+  EXPECT_EQ(Expected(), Expected()) << "the one with a rare name is found again";
   EXPECT_EQ(fs::status(elsewhere).permissions(), fs::perms{0755});
   EXPECT_TRUE(fs::is_symlink(usual_) && fs::is_empty(elsewhere));
 
   fs::remove(usual_);
-  ASSERT_TRUE(WriteFileInPlace(SystemFileCalls(), usual_, {}).Ok());
+  ASSERT_TRUE(WriteFileInPlace(SystemFileCalls(), usual_, kOld).Ok());
   EXPECT_NE(Expected(), usual_ + "/");
   fs::remove(usual_);
   fs::create_directory(usual_);

@@ -153,7 +153,6 @@ TEST(Files, ReadingStopsAtTheLimitAndInPlaceKeepsTheTail) {
   for (const std::size_t limit : {0U, 999U, 1001U}) {
     FaultyFileCalls calls;
     calls.LimitTransfer(7);
-    calls.FailCall(4, EINTR);
     const FileContents contents = ReadFile(calls, path, limit);
     EXPECT_EQ(contents.size, kNew.size()) << contents.status.reason;
     EXPECT_EQ(contents.bytes.size(), std::min(limit, kNew.size()));

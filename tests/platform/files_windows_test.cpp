@@ -60,17 +60,22 @@ TEST(WindowsFiles, AHeldOrProtectedFileStaysAndIsExplained) {
 
 TEST(WindowsTempFolder, IsTheUsersOwnAndEachEditorHoldsOne) {
   FileCalls& calls = SystemFileCalls();
-  FileStatus status;
-  const std::string temp = PrivateTempFolder(calls, status);
-  EXPECT_TRUE(status.Ok()) << status.reason;
+  const ScratchFolder folder;
+  const auto [temp, problem] = PrivateTempFolder(calls, folder / "last/");
+  EXPECT_EQ(problem, "");
   EXPECT_EQ(fs::path(Wide(temp)), fs::temp_directory_path());
   EXPECT_TRUE(temp.ends_with('\\')) << temp;
 
-  const ScratchFolder folder;
-  EXPECT_EQ(HoldUndoFolder(calls, folder.Path()), folder.Path());
-  EXPECT_EQ(HoldUndoFolder(calls, folder.Path()), folder / "Vesmora2/");
-  EXPECT_EQ(HoldUndoFolder(calls, folder.Path()), folder / "Vesmora3/");
-  EXPECT_EQ(HoldUndoFolder(calls, folder / "none\\"), "");
+  std::vector<UndoFolder> held;
+  for (const char* name : {"", "Vesmora2/", "Vesmora3/"}) {
+    held.push_back(HoldUndoFolder(calls, folder.Path()));
+    EXPECT_EQ(held.back().path, folder / name);
+    EXPECT_TRUE(IsStillHeld(calls, held.back()));
+  }
+  LetGo(held[1]);
+  const auto abandoned = HoldAbandonedFolders(calls, held[2]);
+  EXPECT_TRUE(abandoned.size() == 1 && abandoned[0].path == folder / "Vesmora2/");
+  EXPECT_EQ(HoldUndoFolder(calls, folder / "no\\such\\").path, "");
 }
 
 TEST(WindowsProfileFiles, OneKeyChangesThroughTheSystem) {

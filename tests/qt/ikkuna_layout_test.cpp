@@ -169,7 +169,9 @@ TEST_F(IkkunaLayoutTest, ASmallestWindowComesBackAsItWas) {
     Start();
     EXPECT_EQ(window->geometry(), place);
   }
-  const auto kept = [] { return QtSettings().Read("Windows", "Width", ""); };
+  const auto kept = [this] {
+    return SettingsFile(files, folder / "Vesmora/Vesmora.conf").Read("Windows", "Width", "");
+  };
   window->showMaximized();
   window->close();
   for (int times = 0; times < 2; ++times) {

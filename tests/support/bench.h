@@ -50,7 +50,7 @@ inline void PutFile(const std::string& path, const Bytes& bytes) {
 /// The document's image as a map file, items as they stand in memory.
 inline Bytes ImageOf(const MapDocument& document) {
   Bytes image(kMapFileSize);
-  WriteMapImage(document, nullptr, image);
+  WriteMapImage(document, image);
   return image;
 }
 
@@ -88,6 +88,7 @@ struct Bench {
   FakePrograms programs{events};
   FaultyFileCalls files;
   double nextRandom = 0.5;
+  std::int64_t now = 1'700'000'000'000;  // milliseconds since 1970
   // On the heap: it holds whole tables.
   const std::unique_ptr<Editor> holder =
       std::make_unique<Editor>(Ports{.files = files,
@@ -98,7 +99,10 @@ struct Bench {
                                      .programs = programs,
                                      .random = [this] { return nextRandom; },
                                      .timeOfDay = [] { return std::string("15:03"); },
+                                     .now = [this] { return now; },
                                      .tempFolder = folder / "temp/",
+                                     .tempProblem = "",
+                                     .settingsFolder = folder / "settings/",
                                      .programFolder = folder / "game/Vesmora/",
                                      .gameFolder = folder / "game/"});
   Editor& editor = *holder;

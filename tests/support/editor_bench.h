@@ -17,7 +17,7 @@ struct EditorBench : Bench {
   EditorBench() {
     std::filesystem::create_directories(editor.ports.tempFolder);
     std::filesystem::create_directories(editor.ports.programFolder);
-    journal.folder = editor.ports.tempFolder;
+    journal.folder = HoldUndoFolder(files, editor.ports.tempFolder);
     editor.view.area = {1200, 800, 332, 40, 40};
     MenuNew(editor);
     events.clear();

@@ -31,6 +31,7 @@ class FakeWindow final : public WindowPort {
   bool notes = true;  // into the log
   WindowPlacement placement;
   std::string chosenPrefab;              // in the Import dialog; empty is Cancel
+  std::string chosenRescue;              // in the Recover dialog
   std::function<void()> before = [] {};  // runs ahead of every note
   std::function<void()> onRedraw = [] {};
   std::function<void()> onRefresh = [] {};
@@ -46,6 +47,10 @@ class FakeWindow final : public WindowPort {
   std::string ShowImport() override {
     Note("ShowImport");
     return chosenPrefab;
+  }
+  std::string ShowRecover() override {
+    Note("ShowRecover");
+    return chosenRescue;
   }
   WindowPlacement Placement() const override { return placement; }
   void Unload() override { Note("Unload"); }
@@ -165,13 +170,14 @@ struct FakePrograms final : Programs {
   }
 };
 
-/// Notes "Read <section>/<key>" and "Write <section>/<key>".
+/// Notes "Read <section>/<key>", "Write <section>/<key>" and "Store".
 struct MemorySettings final : Settings {
   explicit MemorySettings(EventLog& log) : events(log) {}
 
   EventLog& events;
   std::map<std::string, std::string> values;  // by "<section>/<key>"
   std::function<void()> onWrite = [] {};
+  FileStatus stored;  // what storing comes to
 
   std::string Read(const std::string& section, const std::string& key,
                    const std::string& fallback) override {
@@ -184,6 +190,10 @@ struct MemorySettings final : Settings {
     events.push_back("Write " + section + "/" + key);
     values[section + "/" + key] = value;
     onWrite();
+  }
+  FileStatus Store() override {
+    events.push_back("Store");
+    return stored;
   }
 };
 

@@ -33,10 +33,15 @@ class FaultyFileCalls final : public FileCalls {
     failingError_ = error;
     lasting_ = lasting;
   }
+  /// Beside it.
+  void FailAlso(int number) { otherFailingCall_ = number; }
   /// Every call of the method with this name, such as "SyncFolder".
   void FailAll(const std::string& name, int error) { failingNameList[name] = error; }
   /// Ends the process, as a kill would, before this call. For forked children.
   void ExitBefore(int number, int exitCode) { exit_ = {number, exitCode}; }
+  /// The same within a test, which catches `Killed`.
+  struct Killed {};
+  void DieBefore(int number) { lastCall_ = number; }
   /// A disk with room for this many bytes a file: a write over it is cut, then ENOSPC.
   void LimitFileSize(std::uint64_t bytes) { sizeLimit_ = bytes; }
   /// No read or write moves more than this.
@@ -94,6 +99,7 @@ class FaultyFileCalls final : public FileCalls {
   int MakeFolder(Path p, unsigned m) override {
     return Pass("MakeFolder", &Calls::MakeFolder, p, m);
   }
+  int RemoveFolder(Path path) override { return Pass("RemoveFolder", &Calls::RemoveFolder, path); }
   int ClaimFolder(Path path) override { return Pass("ClaimFolder", &Calls::ClaimFolder, path); }
   int ListFolder(Path p, NameList& to) override {
     return Pass("ListFolder", &Calls::ListFolder, p, to);
@@ -105,6 +111,7 @@ class FaultyFileCalls final : public FileCalls {
   auto Step(const char* name, Call call) -> decltype(call()) {
     names_.emplace_back(name);
     if (Count() == exit_.first) std::_Exit(exit_.second);
+    if (Count() == lastCall_) throw Killed();
     if (const int error = InjectedError(); error != 0) return Failed(error);
     lastError_.clear();
     const auto result = call();
@@ -117,7 +124,8 @@ class FaultyFileCalls final : public FileCalls {
   }
   int InjectedError() const {
     const bool later = lasting_ == Lasting::kForGood && Count() > failingCall_;
-    if (failingCall_ > 0 && (Count() == failingCall_ || later)) return failingError_;
+    const bool isIts = Count() == failingCall_ || Count() == otherFailingCall_;
+    if (failingCall_ > 0 && (isIts || later)) return failingError_;
     const auto failing = failingNameList.find(names_.back());
     return failing != failingNameList.end() ? failing->second : 0;
   }
@@ -135,6 +143,8 @@ class FaultyFileCalls final : public FileCalls {
   std::map<std::string, int> failingNameList;
   int failingCall_ = 0;
   int failingError_ = 0;
+  int otherFailingCall_ = 0;
+  int lastCall_ = 0;
   Lasting lasting_ = Lasting::kOnce;
   std::pair<int, int> exit_ = {0, 0};  // call and exit code
   std::uint64_t sizeLimit_ = ~std::uint64_t{0};

@@ -16,7 +16,7 @@ struct ToolBench : Bench {
   /// A new map whose middle, world 0, 0, is pixel 400, 300.
   ToolBench() {
     editor.view.area = {1000, 700, 200, 100, 40};
-    journal.folder = folder.Path();
+    journal.folder = HoldUndoFolder(files, folder.Path());
     ResetToNewMap(map);
     StoreAuthor(map);  // these two as every snapshot leaves them
     map.randomId = 501;

@@ -2,10 +2,12 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDateTime>
 #include <QDir>
 #include <QLayout>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QStandardPaths>
 #include <QTime>
 #include <QTimer>
 #include <memory>
@@ -16,6 +18,8 @@
 #include "app/program_folders.h"
 #include "app/qt/about.h"
 #include "app/qt/import_dialog.h"
+#include "app/qt/recover_dialog.h"
+#include "app/rescue_commands.h"
 #include "app/start_up.h"
 #include "app/view_commands.h"
 #include "app/window_placement.h"
@@ -42,9 +46,15 @@ std::string Native(const std::string& path) {
   return QDir::toNativeSeparators(ToQt(path)).toStdString();
 }
 
+std::string SettingsFolder() {
+  return WithSlash(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+                   "/Vesmora");
+}
+
 Ports MakePorts(Dialogs& dialogs, WindowPort& window, Settings& settings, Shell& shell,
                 Programs& programs) {
-  FileStatus status;
+  const std::string settingsFolder = SettingsFolder();
+  const TempFolder temp = PrivateTempFolder(SystemFileCalls(), settingsFolder + "Temp/");
   const auto [programFolder, gameFolder] =
       FindProgramFolders(SystemFileCalls(), WithSlash(QApplication::applicationDirPath()),
                          qEnvironmentVariable("VESMORA_GAME").toStdString());
@@ -56,7 +66,10 @@ Ports MakePorts(Dialogs& dialogs, WindowPort& window, Settings& settings, Shell&
           .programs = programs,
           .random = MakeRandomSource(),
           .timeOfDay = [] { return QTime::currentTime().toString("hh:mm").toStdString(); },
-          .tempFolder = PrivateTempFolder(SystemFileCalls(), status),
+          .now = [] { return std::int64_t{QDateTime::currentMSecsSinceEpoch()}; },
+          .tempFolder = temp.path,
+          .tempProblem = temp.problem,
+          .settingsFolder = settingsFolder,
           .programFolder = Native(programFolder),
           .gameFolder = Native(gameFolder)};
 }
@@ -95,7 +108,9 @@ QString DroppedFile(const QDropEvent& event) {
 }  // namespace
 
 Ikkuna::Ikkuna()
-    : dialogs_(this), editor_(MakePorts(dialogs_, *this, settings_, shell_, *programs_)) {
+    : dialogs_(this),
+      settings_(SystemFileCalls(), SettingsFolder() + "Vesmora.conf"),
+      editor_(MakePorts(dialogs_, *this, settings_, shell_, *programs_)) {
   editor_.journal.folder = HoldUndoFolder(SystemFileCalls(), editor_.ports.tempFolder);
   setAcceptDrops(true);
   setWindowTitle(ToQt(WindowTitle(VESMORA_VERSION, VESMORA_COMMENTS)));
@@ -137,7 +152,8 @@ void Ikkuna::BuildMenus() {
     if (command.startsGroup) menu->addSeparator();
     QAction* action = menu->addAction(ToQt(command.caption));
     action->setObjectName(ToQt(command.name));
-    action->setShortcut(QKeySequence(ToQt(command.shortcut), QKeySequence::PortableText));
+    action->setShortcuts(
+        QKeySequence::listFromString(ToQt(command.shortcut), QKeySequence::PortableText));
     On(action, &QAction::triggered, [this, &command] {
       RunCommand(editor_, command);
       shortcutModifiers_ = Qt::NoModifier;
@@ -277,9 +293,20 @@ void Ikkuna::changeEvent(QEvent* event) {
 
 void Ikkuna::closeEvent(QCloseEvent* event) {
   // With the session ending while a box of the start is open, the settings are not read yet.
-  if (isReady_) CleanUp(editor_);
+  if (isReady_ && !CleanUp(editor_)) {
+    event->ignore();
+    return;
+  }
   isReady_ = false;
   QMainWindow::closeEvent(event);
+}
+
+void Ikkuna::PrepareForSessionEnd() {
+  if (isReady_) static_cast<void>(PutAsideAtSessionEnd(editor_));
+}
+
+void Ikkuna::EndSession() {
+  if (std::exchange(isReady_, false)) CleanUpAtSessionEnd(editor_);
 }
 
 void Ikkuna::dragEnterEvent(QDragEnterEvent* event) {
@@ -355,6 +382,8 @@ void Ikkuna::ShowMenus() {
 void Ikkuna::Unload() { close(); }
 
 void Ikkuna::ShowAbout() { About(this).exec(); }
+
+std::string Ikkuna::ShowRecover() { return Recover(editor_, this).Choose(); }
 
 std::string Ikkuna::ShowImport() { return Import(editor_, this).Choose(); }
 

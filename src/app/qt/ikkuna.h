@@ -11,8 +11,8 @@
 #include "app/editor.h"
 #include "panel/qt/info_panel.h"
 #include "platform/qt/qt_dialogs.h"
-#include "platform/qt/qt_settings.h"
 #include "platform/qt/qt_shell.h"
+#include "platform/settings_file.h"
 #include "tools/qt/tool_panel.h"
 #include "view/layout.h"
 #include "view/qt/map_surface.h"
@@ -28,6 +28,11 @@ class Ikkuna final : public QMainWindow, private WindowPort {
 
   /// Runs the first activation with the program's arguments; later calls do nothing.
   void Activate(const std::string& arguments);
+
+  /// The session may end now: keeps what is not saved.
+  void PrepareForSessionEnd();
+  /// It does end: tidies up as closing does, but asks and tells nothing.
+  void EndSession();
 
  protected:
   bool event(QEvent* event) override;
@@ -45,6 +50,7 @@ class Ikkuna final : public QMainWindow, private WindowPort {
   void Unload() override;
   void ShowAbout() override;
   std::string ShowImport() override;
+  std::string ShowRecover() override;
   void RestorePlacement() override;
   WindowPlacement Placement() const override;
   void Minimize() override;
@@ -73,7 +79,7 @@ class Ikkuna final : public QMainWindow, private WindowPort {
   void ReleaseShortcut();
 
   QtDialogs dialogs_;
-  QtSettings settings_;
+  SettingsFile settings_;
   QtShell shell_;
   std::unique_ptr<Programs> programs_ = SystemPrograms();
   Editor editor_;

@@ -1,21 +1,15 @@
 // The Import dialog: the prefabs of the program's folder and what is in them.
 #pragma once
 
-#include <QDialog>
-#include <QLabel>
-#include <QListWidget>
-#include <QPushButton>
 #include <string>
 #include <vector>
 
 #include "app/prefab_commands.h"
-#include "view/qt/map_picture.h"
-
-class QBoxLayout;
+#include "app/qt/choice_dialog.h"
 
 namespace vesmora {
 
-class Import final : public QDialog {
+class Import final : public ChoiceDialog {
   Q_OBJECT
 
  public:
@@ -24,24 +18,19 @@ class Import final : public QDialog {
   /// Full path of the choice; empty when it was cancelled.
   std::string Choose();
 
- private:
-  void BuildDetails(QBoxLayout& column);
-  void FollowSelection();
-  void ShowChoice();
+ protected:
+  void ShowChoice() override;
 
+ private:
   /// What the list shows is no use for opening: not every name on a disk is UTF-8.
   std::string ChosenName() const;
 
   const Editor& editor_;
   const std::vector<std::string> names_;  // by row
-  QListWidget* files_;
-  MapPicture* picture_;
-  QLabel* folder_;
-  QLabel* name_;
-  QLabel* author_;
-  QLabel* left_;
-  QLabel* counts_;
-  QPushButton* import_;
+  QLabel* name_ = MakeValue("lName", "Name");
+  QLabel* author_ = MakeValue("lAuthor", "Author");
+  QLabel* left_ = MakeNumbers("lMaara", "Left: polygons, sceneries, colliders");
+  QLabel* counts_ = MakeNumbers("lMaara2", "Prefab: polygons, sceneries, colliders");
 };
 
 }  // namespace vesmora

@@ -5,7 +5,9 @@
 #include <thread>
 
 #include "app/qt/ikkuna.h"
+#include "platform/qt/command_line.h"
 #include "platform/qt/font_configuration.h"
+#include "platform/qt/session_end.h"
 
 namespace {
 
@@ -30,7 +32,14 @@ int main(int argc, char** argv) {
   // On the heap: the window holds whole tables, more than some stacks can take.
   const auto window = std::make_unique<vesmora::Ikkuna>();
   window->show();
-  const std::string arguments = QApplication::arguments().mid(1).join(' ').toStdString();
+  const vesmora::SessionEnd sessionEnd;
+  QObject::connect(&sessionEnd, &vesmora::SessionEnd::Announced, window.get(),
+                   &vesmora::Ikkuna::PrepareForSessionEnd);
+  QObject::connect(&sessionEnd, &vesmora::SessionEnd::Came, window.get(), [&] {
+    window->EndSession();
+    QApplication::exit();
+  });
+  const std::string arguments = vesmora::CommandLine(argc, argv);
   QTimer::singleShot(0, window.get(), [&] { window->Activate(arguments); });
   return QApplication::exec();
 }

@@ -1,0 +1,54 @@
+// The safety net: what New, Open, Exit or a crash would end is kept, and File > Recover gives it
+// back.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "app/editor.h"
+#include "document/rescue.h"
+
+namespace vesmora {
+
+/// The open map is as its file has it, or new: from here on edits count.
+void NoteSaved(Editor& editor);
+
+/// Whether the open map has edits that no file has and Recover has not.
+bool IsChanged(const Editor& editor);
+
+/// Keeps the open map when it has edits that no file has. False, with the user told, when that
+/// failed: it must not be replaced then, unless the same is asked again.
+[[nodiscard]] bool PutAside(Editor& editor, RescueCause cause);
+
+/// The same without a word, for an end that cannot be put off. When the map cannot be kept, its
+/// undo files, with one of the map as it is, must stay for the next run.
+[[nodiscard]] bool PutAsideAtSessionEnd(Editor& editor);
+
+/// The recovered map has been saved: what is kept of it goes.
+void DropRecovered(Editor& editor);
+
+/// Before anything is opened: keeps what dead editors have left.
+void FindLostMaps(Editor& editor);
+
+/// Whether there is anything to recover, as last seen.
+bool CanRecover(const Editor& editor);
+
+/// Paths of what can be recovered, the newest first.
+std::vector<std::string> ListRecoverable(const Editor& editor);
+
+/// What the Recover dialog shows of a file.
+struct RecoverContents {
+  std::string lNimi;      // name of the map
+  std::string lKansio;    // folder of its file
+  std::int64_t time = 0;  // when it was last seen, milliseconds since 1970
+  std::string lSyy;       // what ended it
+  std::string lMaara;     // a line each: polygons, spawns, sceneries, colliders, waypoints
+  std::unique_ptr<MapDocument> map;  // none when it cannot be read
+};
+
+RecoverContents ShowRecoverable(const Editor& editor, const std::string& path);
+
+/// Opens what is chosen in the dialog: a map without a file, that Save asks a name for.
+void MenuRecover(Editor& editor);
+
+}  // namespace vesmora

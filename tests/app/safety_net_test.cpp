@@ -1,0 +1,318 @@
+// What was done and not saved: undone, redone, kept for Recover, and given back after an end that
+// nobody wanted.
+#include <gmock/gmock.h>
+
+#include <cerrno>
+#include <filesystem>
+#include <fstream>
+#include <random>
+
+#include "app/rescue_commands.h"
+#include "app/start_up.h"
+#include "app/undo_commands.h"
+#include "document/checksum.h"
+#include "support/editor_bench.h"
+#include "support/map_builder.h"
+
+namespace vesmora {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+class SafetyNetTest : public testing::Test, protected EditorBench {
+ protected:
+  /// All that Redo brings back.
+  using State = std::pair<DocumentState, SelectionBlock>;
+  State Now() const { return {StateOf(map), PackSelection(selection, map)}; }
+
+  /// The map with a step before it and something changed, down to parts of a world unit.
+  void Edit(int mark) {
+    TakeUndoSnapshot(editor, "Step" + std::to_string(mark));
+    before = Now();
+    map.sectorDivision = mark;
+    if (map.waypoints.Empty()) AddWaypoint(map, 0, 0, 1, {});
+    map.waypoints[0].x = 1001 * mark;
+    map.toolIndex = mark % 3 == 0 ? ToolMode::kAddWaypoint : ToolMode::kEdit;
+    selection.waypoints.SetCount(0);
+    if (mark % 2 == 0) ListFrom(0, map.waypoints, selection.waypoints);
+  }
+  /// As if the system had ended the editor, and another was started.
+  Editor& StartAnew() {
+    files.DieBefore(0);
+    LetGo(journal.folder);
+    next = std::make_unique<Editor>(editor.ports);
+    next->journal.folder = HoldUndoFolder(files, editor.ports.tempFolder);
+    FindLostMaps(*next);
+    return *next;
+  }
+  /// Name, cause and first counts of all that is kept, the newest first.
+  std::vector<std::string> Kept() {
+    std::vector<std::string> kept;
+    for (const std::string& path : ListRecoverable(editor)) {
+      const RecoverContents contents = ShowRecoverable(editor, path);
+      kept.push_back(contents.lNimi + ": " + contents.lSyy + ", " +
+                     contents.lMaara.substr(0, contents.lMaara.find('\n')));
+    }
+    return kept;
+  }
+  std::uint64_t NewestKept(const Editor& of) {
+    const auto paths = ListRecoverable(of);
+    return paths.empty() ? 0 : Fingerprint(*ReadRescued(files, paths[0])->map);
+  }
+
+  State before;  // the last edit
+  std::unique_ptr<Editor> next;
+};
+
+TEST_F(SafetyNetTest, RedoTakesUndoBackToTheByteUntilTheNextStep) {
+  std::vector<State> edited;
+  for (int mark = 1; mark <= 12; ++mark) {
+    Edit(mark);
+    edited.push_back(Now());
+  }
+  for (int times = 0; times < 2; ++times) {
+    std::vector<State> undone;
+    for (int i = 10; i > 0; --i) {
+      undone.push_back(Now());
+      MenuUndo(editor);
+    }
+    EXPECT_EQ(journal.caption + journal.redoCaption, "&Undo&Redo Step3");
+    EXPECT_EQ(undone[0] == edited[11], true);
+    MenuUndo(editor);
+    for (int mark = 3; mark <= 12; ++mark, undone.pop_back()) {
+      MenuRedo(editor);
+      EXPECT_EQ(editor.note, "Redone: Step" + std::to_string(mark));
+      EXPECT_TRUE(Now() == undone.back()) << mark;
+    }
+    MenuRedo(editor);
+    EXPECT_EQ(journal.caption + journal.redoCaption, "&Undo Step12&Redo");
+  }
+  EXPECT_TRUE(TakeMessages().empty());
+  for (const int way : {0, 1, 2, 3}) {
+    MenuUndo(editor);
+    EXPECT_GE(journal.redoAvailable, 0);
+    dialogs.chosenFiles = {folder / "as.pmp"};
+    if (way == 0) Edit(13);
+    if (way == 1) MenuSaveAs(editor);
+    if (way == 2) OpenMap(editor, folder / "as.pmp");
+    if (way == 3) MenuNew(editor);
+    EXPECT_EQ(journal.redoCaption, "&Redo") << way;
+    const State state = Now();
+    MenuRedo(editor);
+    EXPECT_TRUE(Now() == state);
+    Edit(14);
+  }
+}
+
+/// Faults that come once, in pairs or stay, each at a random call. What is offered is what the map
+/// was, or is told to be lost; never another map.
+TEST_F(SafetyNetTest, WithAnyFaultsUndoAndRedoGiveBackWhatTheMapWas) {
+  constexpr int kRuns = 300;
+  std::mt19937 random(7);
+  const auto below = [&random](unsigned limit) { return static_cast<int>(random() % limit); };
+  using Lasting = FaultyFileCalls::Lasting;
+  int mark = 0;
+  for (int run = 0; run < kRuns; ++run) {
+    StartNewMap(editor);
+    std::vector<State> undo;
+    std::vector<State> redo;
+    for (int action = 0; action < 30; ++action) {
+      files.FailCall(0, 0);
+      if (action < 20 && below(3) == 0) {
+        const int first = files.Count() + 1 + below(9);
+        files.FailCall(first, EIO, below(3) == 0 ? Lasting::kForGood : Lasting::kOnce);
+        files.FailAlso(below(2) == 0 ? first + 1 + below(4) : 0);
+      }
+      const State state = Now();
+      const int offered = journal.undoAvailable;
+      const int redoable = journal.redoAvailable;
+      TakeMessages();
+      const int choice = action < 20 ? below(5) : 3;
+      if (choice < 3) {
+        const std::int16_t slot = journal.undoSlot;
+        Edit(++mark);
+        redo.clear();
+        if (journal.undoSlot != slot) undo.push_back(before);
+        EXPECT_TRUE(journal.undoSlot != slot || journal.failureTold);
+      } else if (choice == 3 && offered >= 0) {
+        MenuUndo(editor);
+        const bool isUndone = Now() != state;
+        ASSERT_TRUE(!isUndone || Now().first == undo.back().first) << "run " << run;
+        EXPECT_TRUE(isUndone || !TakeMessages().empty());
+        undo.pop_back();
+        redo.push_back(state);
+      } else if (choice == 4 && redoable >= 0) {
+        MenuRedo(editor);
+        const bool isRedone = Now() != state;
+        ASSERT_TRUE(!isRedone || Now() == redo.back()) << "run " << run;
+        EXPECT_TRUE(isRedone || !TakeMessages().empty());
+        if (isRedone) undo.push_back(state);
+        redo.pop_back();
+      }
+      ASSERT_LE(static_cast<std::size_t>(journal.undoAvailable + 1), undo.size());
+    }
+  }
+}
+
+/// At every call of a session in turn. At most one finished edit is missing, and what was saved or
+/// empty comes not back.
+TEST_F(SafetyNetTest, KilledAnywhereTheNextStartKeepsTheMap) {
+  int kept = 0;
+  for (int call = 1;; ++call) {
+    std::filesystem::remove_all(editor.ports.settingsFolder);
+    LetGo(next != nullptr ? next->journal.folder : journal.folder);
+    journal.folder = HoldUndoFolder(files, editor.ports.tempFolder);
+    StartNewMap(editor);
+    std::vector<std::uint64_t> states = {Fingerprint(map)};
+    const auto finish = [&] { states.push_back(Fingerprint(map)); };
+    bool isKilled = false;
+    std::size_t died = 0;
+    std::uint64_t saved = states[0];
+    try {
+      files.DieBefore(files.Count() + call);
+      for (int mark = 1; mark <= 12; ++mark, finish()) Edit(mark);
+      for (int i = 0; i < 2; ++i, finish()) MenuUndo(editor);
+      MenuRedo(editor), finish();
+      MenuHelp(editor);
+      dialogs.chosenFiles = {folder / "a.pmp"};
+      MenuSaveAs(editor);
+      saved = Fingerprint(map);
+      Edit(20), finish();
+      Edit(21), finish();
+      MenuNew(editor);
+      saved = Fingerprint(map);
+      MenuHelp(editor);
+    } catch (const FaultyFileCalls::Killed&) {
+      isKilled = true;
+      died = files.Names().size() - 1;
+    }
+    const Editor& after = StartAnew();
+    const std::uint64_t newest = NewestKept(after);
+    const auto isLate = [&](std::uint64_t state) {
+      return state == Fingerprint(map) || state == states.back() ||
+             (states.size() > 1 && state == states[states.size() - 2]);
+    };
+    EXPECT_TRUE(isLate(newest) || (newest == 0 && isLate(saved)) ||
+                (newest == 0 && states.size() < 3))
+        << "call " << call << ", " << states.size() << " edits, " << files.Names()[died];
+    EXPECT_THAT(ListFiles(files, after.journal.folder.path).names,
+                testing::Each(testing::Not(HasSubstr("Vesmora"))))
+        << "swept";
+    kept += newest != 0 ? 1 : 0;
+    if (!isKilled) break;
+  }
+  EXPECT_GT(kept, 50);
+  EXPECT_TRUE(std::filesystem::exists(folder / "a.pmp"));
+}
+
+TEST_F(SafetyNetTest, WhatIsReplacedUnsavedIsKeptAndOpenedAgain) {
+  const std::string path = PutMap("small.pmp");
+  const auto addSpawn = [this] {
+    Snapshot("Spwan");
+    AddSpawn(map, 5, 5, 0);
+    ++now;
+  };
+  OpenMap(editor, path);
+  MenuNew(editor);
+  OpenMap(editor, path);
+  EXPECT_THAT(Kept(), IsEmpty()) << "nothing was edited";
+  addSpawn();
+  MenuUndo(editor);
+  MenuNew(editor);
+  EXPECT_THAT(Kept(), IsEmpty()) << "what was edited was undone";
+  addSpawn();
+  OpenMap(editor, path);
+  addSpawn();
+  MenuNew(editor);
+  addSpawn();
+  const std::uint64_t open = Fingerprint(map);
+  EXPECT_TRUE(CleanUp(editor));
+  EXPECT_TRUE(CleanUp(editor)) << "is kept once";
+  EXPECT_THAT(Kept(), ElementsAre("New map: Closed without being saved, 0",
+                                  "small.pmp: Replaced by a new map, 40",
+                                  "New map: Replaced by another map, 0"));
+  EXPECT_EQ(NewestKept(editor), open);
+
+  window.chosenRescue = ListRecoverable(editor)[1];
+  MenuRecover(editor);
+  EXPECT_TRUE(map.fileName.empty() && journal.undoAvailable < 0 && map.polygons.Count() == 40);
+  EXPECT_THAT(Kept(), SizeIs(3)) << "until it is saved";
+  dialogs.chosenFiles = {folder / "b.pmp"};
+  EXPECT_TRUE(MenuSaveAs(editor));
+  EXPECT_THAT(Kept(), SizeIs(2));
+  TakeMessages();
+  std::filesystem::resize_file(ListRecoverable(editor)[0], 1000);
+  window.chosenRescue = ListRecoverable(editor)[0];
+  const DocumentState state = StateOf(map);
+  MenuRecover(editor);
+  EXPECT_TRUE(StateOf(map) == state);
+  EXPECT_THAT(TakeMessages(), SizeIs(1));
+
+  for (int i = 0; i < 12; ++i, MenuNew(editor)) addSpawn();
+  EXPECT_THAT(ListRecoverable(editor), SizeIs(kRescuedMaps));
+}
+
+TEST_F(SafetyNetTest, AMapThatCannotBeKeptStaysOpenUnlessItIsGivenUp) {
+  AddSpawn(map, 5, 5, 0);
+  const DocumentState state = StateOf(map);
+  files.FailAll("CreateNew", ENOSPC);
+  MenuNew(editor);
+  OpenMap(editor, PutMap("small.pmp"));
+  EXPECT_NE(std::get<0>(StateOf(map)), std::get<0>(state)) << "asked twice";
+  EXPECT_THAT(TakeMessages(), ElementsAre(testing::Field(&Message::text, HasSubstr("could not"))));
+  AddSpawn(map, 6, 6, 0);
+  EXPECT_FALSE(CleanUp(editor));
+  AddSpawn(map, 7, 7, 0);
+  EXPECT_FALSE(CleanUp(editor)) << "another map";
+  const std::uint64_t open = Fingerprint(map);
+  CleanUpAtSessionEnd(editor);
+  files.FailAll("CreateNew", 0);
+  EXPECT_EQ(NewestKept(StartAnew()), open) << "from the undo files";
+}
+
+TEST_F(SafetyNetTest, WhatCannotBeKeptAtTheStartIsFoundByTheNextOne) {
+  for (int mark = 1; mark <= 3; ++mark) Edit(mark);
+  const std::uint64_t open = Fingerprint(map);
+  Edit(4);
+  // A power cut: the newest file has the length it should have, but not the bytes.
+  std::fstream(PathOf(journal.NewestFile())).seekp(9000) << "torn";
+  MenuHelp(editor);
+  std::fstream(PathOf(journal.NewestFile())).seekp(470000) << "torn";
+  files.FailAll("CreateNew", ENOSPC);
+  EXPECT_FALSE(CanRecover(StartAnew()));
+  files.FailAll("CreateNew", 0);
+  LetGo(next->journal.folder);
+  Editor& after = StartAnew();
+  EXPECT_NE(NewestKept(after), 0U);
+  EXPECT_NE(NewestKept(after), open) << "the edit before was the newest whole one";
+  FirstActivation(after, "");
+  EXPECT_EQ(after.note, "See File > Recover");
+}
+
+TEST_F(SafetyNetTest, AFolderThatWasTakenAwayIsNoLongerOurs) {
+  const std::string path = PutMap("small.pmp");
+  OpenMap(editor, path);
+  Edit(1);
+  std::filesystem::remove_all(editor.ports.tempFolder);
+  // Another editor makes it anew and has steps of the same names there.
+  EditorBench other;
+  other.editor.ports.tempFolder = editor.ports.tempFolder;
+  other.journal.folder = HoldUndoFolder(files, editor.ports.tempFolder);
+  other.Snapshot("Theirs");
+  const std::uint64_t open = Fingerprint(map);
+  MenuUndo(editor);
+  EXPECT_TRUE(map.polygons.Empty()) << "and not the other editor's map";
+  EXPECT_EQ(NewestKept(editor), open);
+  EXPECT_THAT(TakeMessages(), ElementsAre(testing::Field(&Message::text, HasSubstr("Recover"))));
+  Edit(2);
+  EXPECT_EQ(journal.folder.path, Temp("2/"));
+  EXPECT_EQ(journal.caption, "&Undo Step2");
+  EXPECT_TRUE(CleanUp(editor));
+  EXPECT_TRUE(std::filesystem::exists(other.journal.NewestFile()));
+}
+
+}  // namespace
+}  // namespace vesmora
