@@ -4,8 +4,8 @@
 
 #include "app/file_commands.h"
 #include "app/prefab_commands.h"
-#include "app/rescue_commands.h"
 #include "app/run_commands.h"
+#include "app/safety_net.h"
 #include "app/undo_commands.h"
 #include "tools/edit_commands.h"
 

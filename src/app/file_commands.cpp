@@ -1,7 +1,7 @@
 #include "app/file_commands.h"
 
 #include "app/file_messages.h"
-#include "app/rescue_commands.h"
+#include "app/safety_net.h"
 #include "launch/game_files.h"
 #include "platform/text.h"
 #include "tools/tool_change.h"
@@ -116,10 +116,25 @@ LoadOutcome OpenMap(Editor& editor, const std::string& path) {
   return report.outcome;
 }
 
-void ShowRescuedMap(Editor& editor, const MapDocument& map) {
+void MenuRecover(Editor& editor) {
+  const std::string path = editor.ports.window.ShowRecover();
+  CountRecoverable(editor);
+  if (path.empty()) return;
+  // Read before the open map is kept, for which the oldest may go.
+  const auto rescued = ReadRescued(editor.ports.files, path);
+  if (!rescued) {
+    editor.ports.dialogs.Show({.text = "File '" + path + "' could not be read.",
+                               .title = "File error",
+                               .icon = MessageIcon::kCritical});
+    return;
+  }
+  if (!PutAside(editor, RescueCause::kOpen)) return;
   ForgetEditing(editor);
-  editor.document = map;
+  editor.document = *rescued->map;
   ShowFreshView(editor);
+  NoteSaved(editor);
+  editor.recoveredFrom = path;
+  editor.note = "Recovered";
 }
 
 void MenuOpen(Editor& editor) {

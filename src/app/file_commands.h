@@ -22,8 +22,8 @@ LoadOutcome OpenMap(Editor& editor, const std::string& path);
 
 void MenuOpen(Editor& editor);
 
-/// Opens a map that is in no file.
-void ShowRescuedMap(Editor& editor, const MapDocument& map);
+/// Opens what is chosen in the Recover dialog: a map without a file, that Save asks a name for.
+void MenuRecover(Editor& editor);
 
 /// True when the map is in its file: neither cancelled nor failed.
 bool MenuSave(Editor& editor);

@@ -1,7 +1,7 @@
 #include "app/start_up.h"
 
 #include "app/file_commands.h"
-#include "app/rescue_commands.h"
+#include "app/safety_net.h"
 #include "app/window_placement.h"
 #include "document/snapshot.h"
 #include "launch/game_files.h"

@@ -2,7 +2,7 @@
 
 #include "app/file_commands.h"
 #include "app/file_messages.h"
-#include "app/rescue_commands.h"
+#include "app/safety_net.h"
 #include "document/lost_maps.h"
 #include "document/snapshot.h"
 #include "tools/tool_change.h"

@@ -5,7 +5,7 @@
 
 #include <cerrno>
 
-#include "app/rescue_commands.h"
+#include "app/safety_net.h"
 #include "app/undo_commands.h"
 #include "support/editor_bench.h"
 #include "support/map_builder.h"

@@ -1,5 +1,7 @@
 // What was done and not saved: undone, redone, kept for Recover, and given back after an end that
 // nobody wanted.
+#include "app/safety_net.h"
+
 #include <gmock/gmock.h>
 
 #include <cerrno>
@@ -7,7 +9,6 @@
 #include <fstream>
 #include <random>
 
-#include "app/rescue_commands.h"
 #include "app/start_up.h"
 #include "app/undo_commands.h"
 #include "document/checksum.h"

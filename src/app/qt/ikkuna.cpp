@@ -19,7 +19,7 @@
 #include "app/qt/about.h"
 #include "app/qt/import_dialog.h"
 #include "app/qt/recover_dialog.h"
-#include "app/rescue_commands.h"
+#include "app/safety_net.h"
 #include "app/start_up.h"
 #include "app/view_commands.h"
 #include "app/window_placement.h"

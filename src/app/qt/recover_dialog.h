@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "app/qt/choice_dialog.h"
-#include "app/rescue_commands.h"
+#include "app/safety_net.h"
 
 namespace vesmora {
 

@@ -1,10 +1,9 @@
-#include "app/rescue_commands.h"
+#include "app/safety_net.h"
 
 #include <algorithm>
 #include <array>
 #include <string_view>
 
-#include "app/file_commands.h"
 #include "document/checksum.h"
 #include "document/lost_maps.h"
 #include "document/snapshot.h"
@@ -21,10 +20,6 @@ constexpr std::array<std::string_view, 6> kCauseTexts = {
 };
 
 std::string RescueFolder(const Ports& ports) { return ports.settingsFolder + "Rescue/"; }
-
-void CountRecoverable(Editor& editor) {
-  editor.recoverable = static_cast<int>(ListRecoverable(editor).size());
-}
 
 /// Succeeds without doing anything when nothing would be lost.
 FileStatus Keep(Editor& editor, RescueCause cause) {
@@ -44,6 +39,10 @@ FileStatus Keep(Editor& editor, RescueCause cause) {
 }
 
 }  // namespace
+
+void CountRecoverable(Editor& editor) {
+  editor.recoverable = static_cast<int>(ListRecoverable(editor).size());
+}
 
 void NoteSaved(Editor& editor) {
   editor.savedMap = Fingerprint(editor.document);
@@ -112,25 +111,6 @@ RecoverContents ShowRecoverable(const Editor& editor, const std::string& path) {
   });
   contents.map = std::move(rescued->map);
   return contents;
-}
-
-void MenuRecover(Editor& editor) {
-  const std::string path = editor.ports.window.ShowRecover();
-  CountRecoverable(editor);
-  if (path.empty()) return;
-  // Read before the open map is kept, for which the oldest may go.
-  const auto rescued = ReadRescued(editor.ports.files, path);
-  if (!rescued) {
-    editor.ports.dialogs.Show({.text = "File '" + path + "' could not be read.",
-                               .title = "File error",
-                               .icon = MessageIcon::kCritical});
-    return;
-  }
-  if (!PutAside(editor, RescueCause::kOpen)) return;
-  ShowRescuedMap(editor, *rescued->map);
-  NoteSaved(editor);
-  editor.recoveredFrom = path;
-  editor.note = "Recovered";
 }
 
 }  // namespace vesmora

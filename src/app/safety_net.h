@@ -30,8 +30,9 @@ void DropRecovered(Editor& editor);
 /// Before anything is opened: keeps what dead editors have left.
 void FindLostMaps(Editor& editor);
 
-/// Whether there is anything to recover, as last seen.
+/// Whether there is anything to recover, as last counted: other editors have their part in it.
 bool CanRecover(const Editor& editor);
+void CountRecoverable(Editor& editor);
 
 /// Paths of what can be recovered, the newest first.
 std::vector<std::string> ListRecoverable(const Editor& editor);
@@ -47,8 +48,5 @@ struct RecoverContents {
 };
 
 RecoverContents ShowRecoverable(const Editor& editor, const std::string& path);
-
-/// Opens what is chosen in the dialog: a map without a file, that Save asks a name for.
-void MenuRecover(Editor& editor);
 
 }  // namespace vesmora
