@@ -14,6 +14,13 @@ QString TimeText(std::int64_t time) {
   return QLocale().toString(QDateTime::fromMSecsSinceEpoch(time), QLocale::ShortFormat);
 }
 
+/// What is enough to tell it from others of the list.
+QString ShortTimeText(std::int64_t time) {
+  const QDateTime moment = QDateTime::fromMSecsSinceEpoch(time);
+  const bool isToday = moment.date() == QDate::currentDate();
+  return QLocale().toString(moment, isToday ? "hh:mm" : "d MMM");
+}
+
 }  // namespace
 
 Recover::Recover(const Editor& editor, QWidget* parent)
@@ -25,10 +32,11 @@ Recover::Recover(const Editor& editor, QWidget* parent)
                    parent),
       editor_(editor),
       paths_(ListRecoverable(editor)) {
-  Top().addWidget(new QLabel("These maps were not saved. Opening one takes nothing away."));
+  Top().addWidget(
+      new QLabel("These maps were not saved. One that is opened stays here until it is."));
   for (const std::string& path : paths_) {
     const RecoverContents contents = ShowRecoverable(editor, path);
-    AddRow(contents.map ? ToQt(contents.lNimi) + ", " + TimeText(contents.time) : ToQt(path));
+    AddRow(contents.map ? ToQt(contents.lNimi) + ", " + ShortTimeText(contents.time) : ToQt(path));
   }
   Picture().setAccessibleName("Picture of the map");
 
