@@ -27,9 +27,10 @@ FileStatus Keep(Editor& editor, RescueCause cause) {
   FileCalls& files = editor.ports.files;
   const auto bytes =
       WithoutTriangle(editor, [&] { return ExactUndoFile(editor.document, editor.selection, 0); });
-  FileStatus status = KeepRescued(
-      files, RescueFolder(editor.ports), bytes,
-      {.cause = cause, .time = editor.ports.now(), .mapPath = editor.document.fileName});
+  const std::int64_t now = editor.ports.now();
+  FileStatus status =
+      KeepRescued(files, RescueFolder(editor.ports), bytes,
+                  {.cause = cause, .time = now, .mapPath = editor.document.fileName}, now);
   const std::uint64_t present = Fingerprint(editor.document);
   editor.givenUpMap = status.Ok() ? 0 : present;
   if (!status.Ok()) return status;
@@ -83,7 +84,12 @@ void DropRecovered(Editor& editor) {
 void FindLostMaps(Editor& editor) {
   FileCalls& files = editor.ports.files;
   const std::string folder = RescueFolder(editor.ports);
-  RescueLostMaps(files, editor.journal.folder, folder);
+  UndoFolder& own = editor.journal.folder;
+  if (!RescueLostMaps(files, own, folder, editor.ports.now())) {
+    UndoFolder full = own;  // held until another one is
+    own = HoldUndoFolder(files, own.temp);
+    LetGo(full);
+  }
   SweepLeftOvers(files, folder);
   SweepLeftOvers(files, editor.ports.tempFolder);
   CountRecoverable(editor);

@@ -66,6 +66,7 @@ Note ReadNote(FileCalls& files, const std::string& folder) {
 /// A file with a map in it.
 struct Candidate {
   std::string name;
+  bool isRead = false;  // one that cannot be read now may hold the map all the same
   bool isWhole = false;
   std::int32_t sequence = 0;
   std::int64_t time = 0;
@@ -75,73 +76,100 @@ struct Candidate {
   }
 };
 
+/// Where lost maps go.
+struct Rescue {
+  FileCalls& files;
+  const std::string& folder;
+  std::int64_t now;
+};
+
+/// None when it certainly holds no map.
 std::optional<Candidate> LookAt(FileCalls& files, const std::string& folder,
                                 const std::string& name) {
   const FileContents file = ReadFile(files, folder + name, kUndoFileSize);
+  if (file.status.Ok() && file.bytes.size() < kUndoFileSize) return std::nullopt;
+  if (file.status.failure == FileFailure::kMissing) return std::nullopt;
   FileInfo info;
-  if (file.bytes.size() < kUndoFileSize || files.Info(folder + name, info) < 0) return std::nullopt;
+  files.Info(folder + name, info);
   const auto mark = MarkOfWhole(file.bytes);
   return Candidate{.name = name,
+                   .isRead = file.status.Ok(),
                    .isWhole = mark.has_value(),
                    .sequence = mark ? mark->sequence : 0,
                    .time = info.modified};
 }
 
+/// False when the folder cannot be read.
+bool FindCandidates(FileCalls& files, const std::string& folder, std::string_view prefix,
+                    std::vector<Candidate>& candidates) {
+  std::vector<std::string> names;
+  if (files.ListFolder(folder, names) < 0) return false;
+  for (const std::string& name : names) {
+    if (!name.starts_with(prefix) || name == kNoteName) continue;
+    if (const auto candidate = LookAt(files, folder, name)) candidates.push_back(*candidate);
+  }
+  return true;
+}
+
 /// The file of the map as it was when the editor died, as far as it was filed; none when that was
 /// just as it was noted to be saved.
-std::optional<Candidate> NewestOf(FileCalls& files, const std::string& folder, const Note& note) {
-  std::vector<std::string> names;
-  files.ListFolder(folder, names);
-  std::optional<Candidate> newest;
-  for (const std::string& name : names) {
-    if (!name.starts_with(kStepPrefix) || name == kNoteName) continue;
-    const auto candidate = LookAt(files, folder, name);
-    if (candidate && (!newest || *newest < *candidate)) newest = candidate;
-  }
-  const bool isFiledLater = newest && newest->sequence > note.sequence;
-  if (isFiledLater || (newest && !newest->isWhole)) return newest;
+std::optional<Candidate> NewestOf(const std::vector<Candidate>& candidates, FileCalls& files,
+                                  const std::string& folder, const Note& note) {
+  if (candidates.empty()) return std::nullopt;
+  const Candidate newest = *std::max_element(candidates.begin(), candidates.end());
+  if (!newest.isWhole || newest.sequence > note.sequence) return newest;
   if (note.file.empty()) return std::nullopt;
-  const auto noted = LookAt(files, folder, note.file);
-  return noted ? noted : newest;
+  return LookAt(files, folder, note.file).value_or(newest);
 }
 
 /// False when it could not be kept.
-bool KeepLost(FileCalls& files, const std::string& folder, const std::string& rescueFolder,
-              const Candidate& candidate, const Note& note) {
-  const std::string path = folder + candidate.name;
+bool KeepLost(const Rescue& rescue, const std::string& path, std::int64_t time, const Note& note) {
   const auto map = std::make_unique<MapDocument>();
   Selection selection;
-  if (LoadMap(*map, selection, files, path, true).outcome != LoadOutcome::kLoaded) return false;
+  const LoadReport report = LoadMap(*map, selection, rescue.files, path, true);
+  if (report.outcome != LoadOutcome::kLoaded) return false;
   if (IsEmpty(*map) || Fingerprint(*map) == note.savedMap) return true;
-  const FileContents file = ReadFile(files, path, kUndoFileSize);
+  const FileContents file = ReadFile(rescue.files, path, kUndoFileSize);
+  const RescueLabel label{.cause = RescueCause::kCrash, .time = time, .mapPath = note.mapPath};
   return file.status.Ok() &&
-         KeepRescued(
-             files, rescueFolder, file.bytes,
-             {.cause = RescueCause::kCrash, .time = candidate.time, .mapPath = note.mapPath})
-             .Ok();
+         KeepRescued(rescue.files, rescue.folder, file.bytes, label, rescue.now).Ok();
 }
 
-/// Those that an earlier call could not keep.
-void KeepEarlierLost(FileCalls& files, const std::string& folder, const std::string& rescueFolder) {
-  std::vector<std::string> names;
-  files.ListFolder(folder, names);
-  for (const std::string& name : names) {
-    if (!name.starts_with(kLostPrefix)) continue;
-    const auto lost = LookAt(files, folder, name);
-    if (!lost || KeepLost(files, folder, rescueFolder, *lost, {})) DeleteFile(files, folder + name);
+/// Those that an earlier start could not keep.
+void KeepEarlierLost(const Rescue& rescue, const std::string& temp) {
+  std::vector<Candidate> found;
+  FindCandidates(rescue.files, temp, kLostPrefix, found);
+  for (const Candidate& lost : found) {
+    if (KeepLost(rescue, temp + lost.name, lost.time, {})) {
+      DeleteFile(rescue.files, temp + lost.name);
+    }
   }
 }
 
-/// Keeps what a dead editor has left in `folder` and empties it.
-void RescueLostMap(FileCalls& files, const UndoFolder& folder, const std::string& rescueFolder) {
-  KeepEarlierLost(files, folder.path, rescueFolder);
+/// Out of the way of the editor that will have the folder. False when that failed.
+bool MoveAside(FileCalls& files, const UndoFolder& folder, const Candidate& candidate) {
+  const std::string lost = folder.temp + std::string(kLostPrefix) + "-" + UnlikelyName() + ".tmp";
+  return MoveFileOver(files, folder.path + candidate.name, lost).Ok();
+}
+
+/// Keeps what a dead editor has left in `folder` and empties it. False when something is still
+/// there: the folder must not be used then.
+bool KeepLostOf(const Rescue& rescue, const UndoFolder& folder) {
+  FileCalls& files = rescue.files;
   const Note note = ReadNote(files, folder.path);
-  const auto newest = NewestOf(files, folder.path, note);
-  if (newest && !KeepLost(files, folder.path, rescueFolder, *newest, note)) {
-    const std::string lost = folder.temp + std::string(kLostPrefix) + "-" + UnlikelyName() + ".tmp";
-    if (!MoveFileOver(files, folder.path + newest->name, lost).Ok()) return;
+  std::vector<Candidate> candidates;
+  if (!FindCandidates(files, folder.path, kStepPrefix, candidates)) return false;
+  const auto newest = NewestOf(candidates, files, folder.path, note);
+  if (newest && !KeepLost(rescue, folder.path + newest->name, newest->time, note) &&
+      !MoveAside(files, folder, *newest)) {
+    return false;
+  }
+  for (const Candidate& candidate : candidates) {
+    const bool isElsewhere = newest && newest->name == candidate.name;
+    if (!candidate.isRead && !isElsewhere && !MoveAside(files, folder, candidate)) return false;
   }
   DeleteSnapshotFiles(folder, files);
+  return true;
 }
 
 }  // namespace
@@ -156,15 +184,18 @@ void NoteOpenMap(const EditedMap& map, FileCalls& files, const std::string& file
   static_cast<void>(WriteFileInPlace(files, folder + kNoteName, std::as_bytes(std::span(text))));
 }
 
-void RescueLostMaps(FileCalls& files, const UndoFolder& own, const std::string& rescueFolder) {
-  if (own.path.empty()) return;
-  RescueLostMap(files, own, rescueFolder);
+bool RescueLostMaps(FileCalls& files, const UndoFolder& own, const std::string& rescueFolder,
+                    std::int64_t now) {
+  if (own.path.empty()) return true;
+  KeepEarlierLost({.files = files, .folder = rescueFolder, .now = now - 1}, own.temp);
+  const Rescue rescue{.files = files, .folder = rescueFolder, .now = now};
   for (UndoFolder& folder : HoldAbandonedFolders(files, own)) {
-    RescueLostMap(files, folder, rescueFolder);
     const std::string path = folder.path;
+    const bool isEmptied = KeepLostOf(rescue, folder);
     LetGo(folder);
-    if (path != own.temp) files.RemoveFolder(path.substr(0, path.size() - 1));
+    if (isEmptied && path != own.temp) files.RemoveFolder(path.substr(0, path.size() - 1));
   }
+  return KeepLostOf(rescue, own);
 }
 
 }  // namespace vesmora

@@ -19,7 +19,9 @@ void NoteOpenMap(const EditedMap& map, FileCalls& files, const std::string& file
 /// Keeps in `rescueFolder` the newest whole map of each dead editor, unless it is as it was last
 /// saved or empty, and deletes what it has left: in the folder `own`, which this editor has just
 /// been given, and in those beside it. What cannot be kept now stays under a name of its own, and
-/// is found by the next call.
-void RescueLostMaps(FileCalls& files, const UndoFolder& own, const std::string& rescueFolder);
+/// is found by the next call. False when `own` is still full of it: it is not to be written to.
+/// `now` as for KeepRescued.
+[[nodiscard]] bool RescueLostMaps(FileCalls& files, const UndoFolder& own,
+                                  const std::string& rescueFolder, std::int64_t now);
 
 }  // namespace vesmora

@@ -20,8 +20,8 @@ constexpr std::array<std::string_view, 6> kCauses = {"new",     "open",  "exit",
                                                      "session", "crash", "undo"};
 
 /// Sorted by their names the files are sorted by time.
-std::string FileNameFor(const RescueLabel& label) {
-  std::string digits = std::to_string(std::max<std::int64_t>(label.time, 0));
+std::string FileNameAt(std::int64_t now) {
+  std::string digits = std::to_string(std::max<std::int64_t>(now, 0));
   digits.insert(0, kTimeDigits - std::min<std::size_t>(digits.size(), kTimeDigits), '0');
   return digits + "-" + UnlikelyName() + std::string(kEnding);
 }
@@ -59,13 +59,14 @@ std::string_view AsText(std::span<const std::byte> bytes) {
 }  // namespace
 
 FileStatus KeepRescued(FileCalls& files, const std::string& folder,
-                       std::span<const std::byte> undoFile, const RescueLabel& label) {
+                       std::span<const std::byte> undoFile, const RescueLabel& label,
+                       std::int64_t now) {
   FileStatus status = CreateFolders(files, folder.substr(0, folder.size() - 1));
   if (!status.Ok()) return status;
   std::vector<std::byte> bytes(undoFile.begin(), undoFile.end());
   const std::string text = TextOf(label);
   std::ranges::copy(std::as_bytes(std::span(text)), std::back_inserter(bytes));
-  status = WriteFileDurably(files, folder + FileNameFor(label), bytes);
+  status = WriteFileDurably(files, folder + FileNameAt(now), bytes);
   if (!status.Ok()) return status;
   SweepLeftOvers(files, folder);
   const std::vector<std::string> kept = ListRescued(files, folder);

@@ -22,7 +22,7 @@ enum class RescueCause { kNew, kOpen, kExit, kSessionEnd, kCrash, kLostUndo };
 
 struct RescueLabel {
   RescueCause cause = RescueCause::kCrash;
-  std::int64_t time = 0;  // milliseconds since 1970
+  std::int64_t time = 0;  // at which the map was last seen, milliseconds since 1970
   std::string mapPath;    // of the map's file; empty for one that had none
 };
 
@@ -32,11 +32,13 @@ struct RescuedMap {
 };
 
 /// Keeps a map, given as an undo file's bytes, in `folder`, which is made when it is missing. Of
-/// more than ten the oldest go. On failure nothing has changed.
+/// more than ten those go that were kept first; `now` is in milliseconds since 1970. On failure
+/// nothing has changed.
 [[nodiscard]] FileStatus KeepRescued(FileCalls& files, const std::string& folder,
-                                     std::span<const std::byte> undoFile, const RescueLabel& label);
+                                     std::span<const std::byte> undoFile, const RescueLabel& label,
+                                     std::int64_t now);
 
-/// Paths, the newest first.
+/// Paths, the one that was kept last first.
 std::vector<std::string> ListRescued(FileCalls& files, const std::string& folder);
 
 /// None when it cannot be read.

@@ -53,8 +53,12 @@ std::string TakeOwnFolder(FileCalls& calls, const std::string& shared, FileStatu
 
 bool Hold(FileCalls& calls, UndoFolder& folder) {
   folder.hold = HoldFolder(folder.path);
+  if (folder.hold < 0) return false;
   FileInfo info;
-  if (folder.hold < 0 || calls.Info(folder.path, info) < 0) return false;
+  if (calls.Info(folder.path, info) < 0) {
+    LetFolderGo(folder.hold);
+    return false;
+  }
   folder.device = info.device;
   folder.number = info.number;
   return true;
