@@ -3,9 +3,12 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <utility>
 
 #include "app/recent_files.h"
+#include "document/rescue.h"
 #include "panel/panel_editing.h"
 #include "view/draw_map.h"
 
@@ -18,8 +21,9 @@ struct Editor : PanelEditing {
   std::string pointerText;       // read-out of the pointer's world position
   bool redrawSuppressed = true;  // until the window is first activated
   int recoverable = 0;           // maps that Recover has, as last seen
-  std::string recoveredFrom;     // the file that the open map came from by Recover
-  std::uint64_t givenUpMap = 0;  // fingerprint of one that could not be kept, which was told
+  std::string recoveredFrom;     // Recover's file of the open map, until it is saved
+  // What was not done, as the map, by its fingerprint, could not be kept: again, it gives it up.
+  std::optional<std::pair<RescueCause, std::uint64_t>> refused;
 };
 
 /// What the drawing must know of the active tool.

@@ -1,5 +1,7 @@
 #include "app/file_commands.h"
 
+#include <utility>
+
 #include "app/file_messages.h"
 #include "app/safety_net.h"
 #include "launch/game_files.h"
@@ -65,26 +67,38 @@ FileStatus BackUp(Editor& editor, const std::string& path) {
   return status;
 }
 
+/// The map is in the file of this name from now on.
+void TakeName(Editor& editor, const std::string& path) {
+  StoreLastFolder(editor, path);
+  editor.document.fileName = path;
+  // The steps are gone, but Undo keeps its caption until the next snapshot.
+  editor.journal.undoAvailable = -1;
+  ForgetRedo(editor.journal);
+  // What is still selected can be moved on: that must be a step anew.
+  editor.selection.moveSnapshotTaken = false;
+}
+
+enum class SaveManner { kAgain, kAs };
+
 /// False, with the user told and file and document as they were, when it failed.
-bool SaveTo(Editor& editor, const std::string& path) {
+bool SaveTo(Editor& editor, const std::string& path, SaveManner manner) {
+  FileCalls& files = editor.ports.files;
   ChangeTool(editor, ToolMode::kEdit);
   WriteReport report{.status = BackUp(editor, path), .findings = {}};
   if (report.status.Ok()) {
-    report = WriteMap(editor.document, editor.selection, editor.ports.files, editor.ports.random(),
-                      path, false);
+    report = WriteMap(editor.document, editor.selection, files, editor.ports.random(), path, false);
   }
   TellSaveStatus(editor, path, report.status);
-  TellSaveFindings(editor, report.findings);
-  if (!report.status.Ok()) return false;
-  editor.note = "Saved " + editor.ports.timeOfDay();
-  SweepLeftOvers(editor.ports.files, std::string(FolderPart(path)));
-  return true;
-}
-
-/// What Recover had of the map is no longer needed.
-void FinishSave(Editor& editor) {
-  if (!editor.recoveredFrom.empty()) DropRecovered(editor);
-  NoteSaved(editor);
+  if (report.status.Ok()) {
+    editor.note = "Saved " + editor.ports.timeOfDay();
+    if (manner == SaveManner::kAs) TakeName(editor, path);
+    DropRecovered(editor);
+    NoteSaved(editor);  // before anything is told: the program may be ended meanwhile
+    SweepLeftOvers(files, std::string(FolderPart(path)));
+    TellSaveFindings(editor, report.findings);
+  }
+  RefreshInfoPanel(editor);
+  return report.status.Ok();
 }
 
 }  // namespace
@@ -120,7 +134,7 @@ void MenuRecover(Editor& editor) {
   const std::string path = editor.ports.window.ShowRecover();
   CountRecoverable(editor);
   if (path.empty()) return;
-  // Read before the open map is kept, for which the oldest may go.
+  // Read before the open map is kept, for which another may go.
   const auto rescued = ReadRescued(editor.ports.files, path);
   if (!rescued) {
     editor.ports.dialogs.Show({.text = "File '" + path + "' could not be read.",
@@ -128,12 +142,16 @@ void MenuRecover(Editor& editor) {
                                .icon = MessageIcon::kCritical});
     return;
   }
-  if (!PutAside(editor, RescueCause::kOpen)) return;
+  // Nor may it be that one.
+  const std::string before = std::exchange(editor.recoveredFrom, path);
+  if (!PutAside(editor, RescueCause::kOpen)) {
+    editor.recoveredFrom = before;
+    return;
+  }
   ForgetEditing(editor);
   editor.document = *rescued->map;
   ShowFreshView(editor);
-  NoteSaved(editor);
-  editor.recoveredFrom = path;
+  NoteRecovered(editor, path, rescued->label.mapPath);
   editor.note = "Recovered";
 }
 
@@ -148,10 +166,7 @@ void MenuOpen(Editor& editor) {
 bool MenuSave(Editor& editor) {
   const std::string path = editor.document.fileName;
   if (path.empty()) return MenuSaveAs(editor);
-  const bool isSaved = SaveTo(editor, path);
-  if (isSaved) FinishSave(editor);
-  RefreshInfoPanel(editor);
-  return isSaved;
+  return SaveTo(editor, path, SaveManner::kAgain);
 }
 
 bool MenuSaveAs(Editor& editor) {
@@ -163,19 +178,7 @@ bool MenuSaveAs(Editor& editor) {
                                              .fileName = startsRed ? "ctf_" : "",
                                              .filter = kMapFilter});
   if (path.empty()) return false;
-  const bool isSaved = SaveTo(editor, path);
-  if (isSaved) {
-    StoreLastFolder(editor, path);
-    editor.document.fileName = path;
-    // The steps are gone, but Undo keeps its caption until the next snapshot.
-    editor.journal.undoAvailable = -1;
-    ForgetRedo(editor.journal);
-    // What is still selected can be moved on: that must be a step anew.
-    editor.selection.moveSnapshotTaken = false;
-    FinishSave(editor);
-  }
-  RefreshInfoPanel(editor);
-  return isSaved;
+  return SaveTo(editor, path, SaveManner::kAs);
 }
 
 }  // namespace vesmora

@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <array>
 #include <string_view>
+#include <utility>
 
 #include "document/checksum.h"
 #include "document/lost_maps.h"
+#include "document/session_note.h"
 #include "document/snapshot.h"
 #include "document/undo_file.h"
 #include "platform/text.h"
@@ -19,23 +21,34 @@ constexpr std::array<std::string_view, 6> kCauseTexts = {
     "The session ended",     "Vesmora ended unexpectedly", "An undo file was missing",
 };
 
-std::string RescueFolder(const Ports& ports) { return ports.settingsFolder + "Rescue/"; }
+std::string RescuePath(const Ports& ports) { return ports.settingsFolder + "Rescue/"; }
+
+RescueFolder RescueFolderOf(const Ports& ports) {
+  return {.files = ports.files, .path = RescuePath(ports), .now = ports.now()};
+}
+
+/// Of the map without what is under construction.
+std::uint64_t PresentMap(Editor& editor) {
+  return WithoutTriangle(editor, [&] { return Fingerprint(editor.document); });
+}
 
 /// Succeeds without doing anything when nothing would be lost.
 FileStatus Keep(Editor& editor, RescueCause cause) {
   if (!IsChanged(editor)) return {};
-  FileCalls& files = editor.ports.files;
+  const MapDocument& document = editor.document;
+  const RescueFolder folder = RescueFolderOf(editor.ports);
   const auto bytes =
-      WithoutTriangle(editor, [&] { return ExactUndoFile(editor.document, editor.selection, 0); });
-  const std::int64_t now = editor.ports.now();
-  FileStatus status =
-      KeepRescued(files, RescueFolder(editor.ports), bytes,
-                  {.cause = cause, .time = now, .mapPath = editor.document.fileName}, now);
-  const std::uint64_t present = Fingerprint(editor.document);
-  editor.givenUpMap = status.Ok() ? 0 : present;
+      WithoutTriangle(editor, [&] { return ExactUndoFile(document, editor.selection, 0); });
+  const RescueLabel label{
+      .cause = cause,
+      .time = folder.now,
+      .mapPath = document.fileName.empty() ? editor.rescuedPath : document.fileName};
+  std::string kept;
+  FileStatus status = KeepRescued(folder, bytes, label, editor.recoveredFrom, kept);
   if (!status.Ok()) return status;
-  editor.savedMap = present;
-  NoteOpenMap(editor, files, "");
+  editor.recoveredFrom = kept;
+  editor.savedMap = PresentMap(editor);
+  NoteOpenMap(editor, editor.ports.files, "");
   return status;
 }
 
@@ -46,22 +59,34 @@ void CountRecoverable(Editor& editor) {
 }
 
 void NoteSaved(Editor& editor) {
-  editor.savedMap = Fingerprint(editor.document);
+  editor.savedMap = PresentMap(editor);
   editor.recoveredFrom.clear();
+  editor.rescuedPath.clear();
   NoteOpenMap(editor, editor.ports.files, "");
 }
 
-bool IsChanged(const Editor& editor) {
-  const std::uint64_t present = Fingerprint(editor.document);
-  return present != editor.savedMap && !IsEmpty(editor.document);
+void NoteRecovered(Editor& editor, const std::string& path, const std::string& mapPath) {
+  editor.savedMap = Fingerprint(editor.document);
+  editor.recoveredFrom = path;
+  editor.rescuedPath = mapPath;
+  NoteOpenMap(editor, editor.ports.files, "");
+}
+
+bool IsChanged(Editor& editor) {
+  const std::string& from = editor.recoveredFrom;
+  return PresentMap(editor) != editor.savedMap ||
+         (!from.empty() && IsGone(editor.ports.files, from));
 }
 
 bool PutAside(Editor& editor, RescueCause cause) {
-  if (editor.givenUpMap != 0 && editor.givenUpMap == Fingerprint(editor.document)) return true;
   const FileStatus status = Keep(editor, cause);
   CountRecoverable(editor);
-  if (status.Ok()) return true;
-  editor.ports.dialogs.Show({.text = "The map could not be kept in '" + RescueFolder(editor.ports) +
+  const std::pair refused(cause, PresentMap(editor));
+  if (status.Ok() || std::exchange(editor.refused, refused) == refused) {
+    editor.refused.reset();
+    return true;
+  }
+  editor.ports.dialogs.Show({.text = "The map could not be kept in '" + RescuePath(editor.ports) +
                                      "': " + status.reason +
                                      "\nSave it first, or do the same again to give it up.",
                              .title = "File error",
@@ -77,28 +102,32 @@ bool PutAsideAtSessionEnd(Editor& editor) {
 }
 
 void DropRecovered(Editor& editor) {
+  if (editor.recoveredFrom.empty()) return;
   DeleteFile(editor.ports.files, editor.recoveredFrom);
   CountRecoverable(editor);
 }
 
-void FindLostMaps(Editor& editor) {
-  FileCalls& files = editor.ports.files;
-  const std::string folder = RescueFolder(editor.ports);
-  UndoFolder& own = editor.journal.folder;
-  if (!RescueLostMaps(files, own, folder, editor.ports.now())) {
-    UndoFolder full = own;  // held until another one is
-    own = HoldUndoFolder(files, own.temp);
-    LetGo(full);
+FileStatus FindLostMaps(Editor& editor) {
+  Ports& ports = editor.ports;
+  // An editor that has died may have had another temporary folder.
+  std::vector<std::string> temps = {ports.tempFolder};
+  const std::string last = ports.settings.Read("Recent", "Temp", "");
+  if (last != ports.tempFolder) {
+    if (!last.empty()) temps.push_back(last);
+    ports.settings.Write("Recent", "Temp", ports.tempFolder);
+    static_cast<void>(ports.settings.Store());  // then it is looked through again
   }
-  SweepLeftOvers(files, folder);
-  SweepLeftOvers(files, editor.ports.tempFolder);
+  FileStatus problem = RescueLostMaps(RescueFolderOf(ports), editor.journal.folder, temps);
+  SweepLeftOvers(ports.files, RescuePath(ports));
+  SweepLeftOvers(ports.files, ports.tempFolder);
   CountRecoverable(editor);
+  return problem;
 }
 
 bool CanRecover(const Editor& editor) { return editor.recoverable > 0; }
 
 std::vector<std::string> ListRecoverable(const Editor& editor) {
-  return ListRescued(editor.ports.files, RescueFolder(editor.ports));
+  return ListRescued(editor.ports.files, RescuePath(editor.ports));
 }
 
 RecoverContents ShowRecoverable(const Editor& editor, const std::string& path) {

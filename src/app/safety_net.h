@@ -13,8 +13,11 @@ namespace vesmora {
 /// The open map is as its file has it, or new: from here on edits count.
 void NoteSaved(Editor& editor);
 
-/// Whether the open map has edits that no file has and Recover has not.
-bool IsChanged(const Editor& editor);
+/// The open map came from Recover's file `path`, and once from the map file `mapPath`.
+void NoteRecovered(Editor& editor, const std::string& path, const std::string& mapPath);
+
+/// Whether the open map has edits that neither its file nor Recover has.
+bool IsChanged(Editor& editor);
 
 /// Keeps the open map when it has edits that no file has. False, with the user told, when that
 /// failed: it must not be replaced then, unless the same is asked again.
@@ -24,11 +27,12 @@ bool IsChanged(const Editor& editor);
 /// undo files, with one of the map as it is, must stay for the next run.
 [[nodiscard]] bool PutAsideAtSessionEnd(Editor& editor);
 
-/// The recovered map has been saved: what is kept of it goes.
+/// The map has been saved: what Recover has of it goes.
 void DropRecovered(Editor& editor);
 
-/// Before anything is opened: keeps what dead editors have left.
-void FindLostMaps(Editor& editor);
+/// Before anything is opened: keeps what dead editors have left. The first thing that failed is
+/// returned.
+FileStatus FindLostMaps(Editor& editor);
 
 /// Whether there is anything to recover, as last counted: other editors have their part in it.
 bool CanRecover(const Editor& editor);

@@ -51,8 +51,22 @@ FileStatus StoreSettings(Editor& editor) {
 
 /// Another editor's, if somebody has given it the folder, are not ours to delete.
 void DeleteOwnSnapshots(Editor& editor) {
-  const UndoFolder& folder = editor.journal.folder;
-  if (IsStillHeld(editor.ports.files, folder)) DeleteSnapshotFiles(folder, editor.ports.files);
+  FileCalls& files = editor.ports.files;
+  UndoFolder& folder = editor.journal.folder;
+  if (!IsStillHeld(files, folder)) return;
+  DeleteSnapshotFiles(folder, files);
+  const std::string path = folder.path;
+  LetGo(folder);
+  if (path != folder.temp) files.RemoveFolder(path.substr(0, path.size() - 1));
+}
+
+void TellLostMaps(Editor& editor, const FileStatus& problem) {
+  if (problem.Ok()) return;
+  editor.ports.dialogs.Show({.text = "A map that was open when Vesmora ended cannot be kept for "
+                                     "Recover: " +
+                                     problem.reason + "\nThe next start tries again.",
+                             .title = "File error",
+                             .icon = MessageIcon::kExclamation});
 }
 
 }  // namespace
@@ -83,7 +97,7 @@ void OpenDroppedFile(Editor& editor, const std::string& path) {
 }
 
 void FirstActivation(Editor& editor, const std::string& arguments) {
-  FindLostMaps(editor);
+  const FileStatus lostMaps = FindLostMaps(editor);
   StartNewMap(editor);
   editor.ports.window.RestorePlacement();
   editor.ports.window.LayOut();
@@ -92,6 +106,7 @@ void FirstActivation(Editor& editor, const std::string& arguments) {
   LoadRecent(editor.recent, editor.ports.settings);
   WarnWithoutGame(editor);
   WarnAboutTempFolder(editor);
+  TellLostMaps(editor, lostMaps);
   if (CanRecover(editor)) editor.note = "See File > Recover";
   editor.redrawSuppressed = false;
   RefreshAll(editor);

@@ -3,7 +3,7 @@
 #include "app/file_commands.h"
 #include "app/file_messages.h"
 #include "app/safety_net.h"
-#include "document/lost_maps.h"
+#include "document/session_note.h"
 #include "document/snapshot.h"
 #include "tools/tool_change.h"
 
@@ -12,11 +12,14 @@ namespace {
 
 const std::string kHelpAction = "Help";
 
-/// The map as it is now, for Redo.
-void KeepForRedo(Editor& editor) {
-  const auto failure =
-      WithoutTriangle(editor, [&] { return FileForRedo(editor, editor.ports.files); });
+/// The map as it is now, for Redo; false when it could not be filed.
+bool FileMapForRedo(Editor& editor) {
+  FileCalls& files = editor.ports.files;
+  if (!IsStillHeld(files, editor.journal.folder)) return false;
+  GiveWaypointKeys(editor);
+  const auto failure = WithoutTriangle(editor, [&] { return FileForRedo(editor, files); });
   TellSnapshotFailure(editor, failure, "The undo goes on, but it cannot be redone.");
+  return !failure;
 }
 
 /// What was under construction belonged to the map that is gone.
@@ -82,7 +85,8 @@ void TellHelpCannotBeUndone(Editor& editor) {
 void MenuUndo(Editor& editor) {
   UndoJournal& journal = editor.journal;
   if (journal.undoAvailable < 0) return;
-  KeepForRedo(editor);
+  const bool canRedo = FileMapForRedo(editor);
+  const WaypointKeys keys = editor.waypointKeys;
   const std::string file = journal.NewestFile();
   const std::string undone = journal.NewestAction();
   if (undone == kHelpAction) {
@@ -92,7 +96,8 @@ void MenuUndo(Editor& editor) {
     return;
   }
   editor.selection.moveSnapshotTaken = false;
-  ConsumeUndoStep(journal);
+  if (!canRedo) ForgetRedo(journal);
+  canRedo ? MoveStepToRedo(journal, keys) : ConsumeUndoStep(journal);
   ChangeTool(editor, editor.document.toolIndex);
   NoteOpenMap(editor, editor.ports.files, file);
   if (undone != kHelpAction) editor.note = "Undone: " + undone;

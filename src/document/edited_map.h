@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <span>
+#include <string>
 
 #include "document/map_document.h"
 #include "document/selection.h"
@@ -18,6 +19,7 @@ struct EditedMap {
   WaypointKeys waypointKeys{};
   std::int32_t newestWaypointKey = 0;
   std::uint64_t savedMap = 0;  // fingerprint of the map as it was opened, saved or kept for Recover
+  std::string rescuedPath;     // of the file that a recovered map had, which has none now
 };
 
 /// Gives the waypoints that have no key yet keys of their own.

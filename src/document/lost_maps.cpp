@@ -1,7 +1,6 @@
 #include "document/lost_maps.h"
 
 #include <algorithm>
-#include <charconv>
 #include <memory>
 #include <optional>
 #include <string_view>
@@ -10,140 +9,88 @@
 
 #include "document/checksum.h"
 #include "document/map_file.h"
-#include "document/rescue.h"
+#include "document/session_note.h"
 #include "document/snapshot.h"
 
 namespace vesmora {
 namespace {
 
-const std::string kNoteName = "VesmoraUndo.map";
-constexpr std::string_view kStepPrefix = "VesmoraUndo";
 constexpr std::string_view kLostPrefix = "VesmoraLost";
-constexpr std::size_t kLongestNote = 1U << 16U;  // bytes
 
-struct Note {
-  std::int32_t sequence = 0;   // of the newest file when it was written
-  std::uint64_t savedMap = 0;  // its fingerprint
-  std::string file;            // the map as it was then, in the same folder
-  std::string mapPath;
-};
-
-/// Fields end with NUL, which no path holds, and behind the last one may lie the rest of an older,
-/// longer note.
-std::string TextOf(const Note& note) {
-  std::string text;
-  for (const std::string& field :
-       {std::to_string(note.sequence), std::to_string(note.savedMap), note.file, note.mapPath}) {
-    text.append(field).push_back('\0');
-  }
-  return text;
-}
-
-std::string_view TakeField(std::string_view& text) {
-  const std::size_t end = std::min(text.find('\0'), text.size());
-  const std::string_view field = text.substr(0, end);
-  text.remove_prefix(std::min(end + 1, text.size()));
-  return field;
-}
-
-template <typename Number>
-void ReadNumber(std::string_view field, Number& number) {
-  std::from_chars(field.data(), field.data() + field.size(), number);
-}
-
-Note ReadNote(FileCalls& files, const std::string& folder) {
-  const FileContents contents = ReadFile(files, folder + kNoteName, kLongestNote);
-  std::string_view text(reinterpret_cast<const char*>(contents.bytes.data()),
-                        contents.bytes.size());
-  Note note;
-  ReadNumber(TakeField(text), note.sequence);
-  ReadNumber(TakeField(text), note.savedMap);
-  note.file = TakeField(text);
-  note.mapPath = TakeField(text);
-  return note;
-}
-
-/// A file with a map in it.
+/// A file that may hold the lost map.
 struct Candidate {
   std::string name;
-  bool isRead = false;  // one that cannot be read now may hold the map all the same
-  bool isWhole = false;
-  std::int32_t sequence = 0;
-  std::int64_t time = 0;
+  FileContents contents;
+  std::int32_t sequence = -1;  // of a whole file only
+  std::int64_t time = 0;       // milliseconds since 1970
 
-  bool operator<(const Candidate& other) const {
-    return std::tie(isWhole, sequence, time) < std::tie(other.isWhole, other.sequence, other.time);
-  }
-};
-
-/// Where lost maps go.
-struct Rescue {
-  FileCalls& files;
-  const std::string& folder;
-  std::int64_t now;
+  auto Order() const { return std::tie(sequence, time); }
 };
 
 /// None when it certainly holds no map.
 std::optional<Candidate> LookAt(FileCalls& files, const std::string& folder,
                                 const std::string& name) {
-  const FileContents file = ReadFile(files, folder + name, kUndoFileSize);
-  if (file.status.Ok() && file.bytes.size() < kUndoFileSize) return std::nullopt;
-  if (file.status.failure == FileFailure::kMissing) return std::nullopt;
+  Candidate candidate{.name = name, .contents = ReadFile(files, folder + name, kUndoFileSize)};
+  const FileStatus& status = candidate.contents.status;
+  if (status.failure == FileFailure::kMissing) return std::nullopt;
+  if (status.Ok() && candidate.contents.bytes.size() < kUndoFileSize) return std::nullopt;
+  if (const auto mark = MarkOfWhole(candidate.contents.bytes)) candidate.sequence = mark->sequence;
   FileInfo info;
   files.Info(folder + name, info);
-  const auto mark = MarkOfWhole(file.bytes);
-  return Candidate{.name = name,
-                   .isRead = file.status.Ok(),
-                   .isWhole = mark.has_value(),
-                   .sequence = mark ? mark->sequence : 0,
-                   .time = info.modified};
+  candidate.time = info.modified;
+  return candidate;
 }
 
-/// False when the folder cannot be read.
-bool FindCandidates(FileCalls& files, const std::string& folder, std::string_view prefix,
+/// The newest first. False when the folder cannot be read.
+template <typename IsWanted>
+bool FindCandidates(FileCalls& files, const std::string& folder, IsWanted isWanted,
                     std::vector<Candidate>& candidates) {
   std::vector<std::string> names;
   if (files.ListFolder(folder, names) < 0) return false;
   for (const std::string& name : names) {
-    if (!name.starts_with(prefix) || name == kNoteName) continue;
-    if (const auto candidate = LookAt(files, folder, name)) candidates.push_back(*candidate);
+    if (!isWanted(name)) continue;
+    if (auto candidate = LookAt(files, folder, name)) candidates.push_back(std::move(*candidate));
   }
+  std::ranges::sort(candidates, std::ranges::greater(), &Candidate::Order);
   return true;
 }
 
-/// The file of the map as it was when the editor died, as far as it was filed; none when that was
-/// just as it was noted to be saved.
-std::optional<Candidate> NewestOf(const std::vector<Candidate>& candidates, FileCalls& files,
-                                  const std::string& folder, const Note& note) {
-  if (candidates.empty()) return std::nullopt;
-  const Candidate newest = *std::max_element(candidates.begin(), candidates.end());
-  if (!newest.isWhole || newest.sequence > note.sequence) return newest;
-  if (note.file.empty()) return std::nullopt;
-  return LookAt(files, folder, note.file).value_or(newest);
+/// Leaves only those that may hold the map as it was when the editor died, the most likely first.
+void DropOlderThanNote(std::vector<Candidate>& candidates, FileCalls& files,
+                       const std::string& folder, const SessionNote& note) {
+  // Nothing is whole, or something was filed later.
+  if (candidates.empty() || candidates.front().sequence < 0) return;
+  std::erase_if(candidates, [&](const Candidate& c) { return c.sequence <= note.sequence; });
+  if (note.file.empty()) return;
+  if (auto noted = LookAt(files, folder, note.file)) candidates.push_back(std::move(*noted));
 }
 
-/// False when it could not be kept.
-bool KeepLost(const Rescue& rescue, const std::string& path, std::int64_t time, const Note& note) {
+/// A kill in the middle of an earlier rescue has left it to be done again.
+bool IsKeptAlready(const RescueFolder& rescue, std::uint64_t map) {
+  const std::vector<std::string> paths = ListRescued(rescue.files, rescue.path);
+  if (paths.empty()) return false;
+  const auto newest = ReadRescued(rescue.files, paths.front());
+  return newest && Fingerprint(*newest->map) == map;
+}
+
+enum class Rescued { kDone, kEmpty, kFailed };
+
+/// What was saved is no loss, and what is empty may have been written after it.
+Rescued KeepLost(const RescueFolder& rescue, const Candidate& candidate, const SessionNote& note,
+                 FileStatus& problem) {
   const auto map = std::make_unique<MapDocument>();
   Selection selection;
-  const LoadReport report = LoadMap(*map, selection, rescue.files, path, true);
-  if (report.outcome != LoadOutcome::kLoaded) return false;
-  if (IsEmpty(*map) || Fingerprint(*map) == note.savedMap) return true;
-  const FileContents file = ReadFile(rescue.files, path, kUndoFileSize);
-  const RescueLabel label{.cause = RescueCause::kCrash, .time = time, .mapPath = note.mapPath};
-  return file.status.Ok() &&
-         KeepRescued(rescue.files, rescue.folder, file.bytes, label, rescue.now).Ok();
-}
-
-/// Those that an earlier start could not keep.
-void KeepEarlierLost(const Rescue& rescue, const std::string& temp) {
-  std::vector<Candidate> found;
-  FindCandidates(rescue.files, temp, kLostPrefix, found);
-  for (const Candidate& lost : found) {
-    if (KeepLost(rescue, temp + lost.name, lost.time, {})) {
-      DeleteFile(rescue.files, temp + lost.name);
-    }
-  }
+  problem = candidate.contents.status;
+  const LoadReport report = LoadMap(*map, selection, candidate.contents, candidate.name, true);
+  if (report.outcome != LoadOutcome::kLoaded) return Rescued::kFailed;
+  if (IsEmpty(*map)) return Rescued::kEmpty;
+  const std::uint64_t present = Fingerprint(*map);
+  if (present == note.savedMap || IsKeptAlready(rescue, present)) return Rescued::kDone;
+  const RescueLabel label{
+      .cause = RescueCause::kCrash, .time = candidate.time, .mapPath = note.mapPath};
+  std::string kept;
+  problem = KeepRescued(rescue, candidate.contents.bytes, label, "", kept);
+  return problem.Ok() ? Rescued::kDone : Rescued::kFailed;
 }
 
 /// Out of the way of the editor that will have the folder. False when that failed.
@@ -152,21 +99,36 @@ bool MoveAside(FileCalls& files, const UndoFolder& folder, const Candidate& cand
   return MoveFileOver(files, folder.path + candidate.name, lost).Ok();
 }
 
+/// Those that an earlier start could not keep.
+void KeepEarlierLost(const RescueFolder& rescue, const std::string& temp, FileStatus& problem) {
+  std::vector<Candidate> found;
+  FindCandidates(
+      rescue.files, temp, [](const auto& name) { return name.starts_with(kLostPrefix); }, found);
+  for (const Candidate& lost : found) {
+    if (KeepLost(rescue, lost, {}, problem) == Rescued::kFailed) continue;
+    DeleteFile(rescue.files, temp + lost.name);
+  }
+}
+
 /// Keeps what a dead editor has left in `folder` and empties it. False when something is still
 /// there: the folder must not be used then.
-bool KeepLostOf(const Rescue& rescue, const UndoFolder& folder) {
+bool KeepLostOf(const RescueFolder& rescue, const UndoFolder& folder, FileStatus& problem) {
   FileCalls& files = rescue.files;
-  const Note note = ReadNote(files, folder.path);
+  const SessionNote note = ReadSessionNote(files, folder.path);
   std::vector<Candidate> candidates;
-  if (!FindCandidates(files, folder.path, kStepPrefix, candidates)) return false;
-  const auto newest = NewestOf(candidates, files, folder.path, note);
-  if (newest && !KeepLost(rescue, folder.path + newest->name, newest->time, note) &&
-      !MoveAside(files, folder, *newest)) {
-    return false;
-  }
+  if (!FindCandidates(files, folder.path, IsFileOfUndo, candidates)) return false;
+  std::vector<std::string> unread;
   for (const Candidate& candidate : candidates) {
-    const bool isElsewhere = newest && newest->name == candidate.name;
-    if (!candidate.isRead && !isElsewhere && !MoveAside(files, folder, candidate)) return false;
+    const bool isUnread = !candidate.contents.status.Ok();
+    if (isUnread && !MoveAside(files, folder, candidate)) return false;
+  }
+  std::erase_if(candidates, [](const Candidate& c) { return !c.contents.status.Ok(); });
+  DropOlderThanNote(candidates, files, folder.path, note);
+  for (const Candidate& candidate : candidates) {
+    const Rescued rescued = KeepLost(rescue, candidate, note, problem);
+    if (rescued == Rescued::kEmpty) continue;
+    if (rescued == Rescued::kFailed && !MoveAside(files, folder, candidate)) return false;
+    break;
   }
   DeleteSnapshotFiles(folder, files);
   return true;
@@ -174,28 +136,25 @@ bool KeepLostOf(const Rescue& rescue, const UndoFolder& folder) {
 
 }  // namespace
 
-void NoteOpenMap(const EditedMap& map, FileCalls& files, const std::string& file) {
-  const std::string& folder = map.journal.folder.path;
-  if (folder.empty()) return;
-  const std::string text = TextOf({.sequence = map.journal.sequence,
-                                   .savedMap = map.savedMap,
-                                   .file = file.substr(std::min(file.size(), folder.size())),
-                                   .mapPath = map.document.fileName});
-  static_cast<void>(WriteFileInPlace(files, folder + kNoteName, std::as_bytes(std::span(text))));
-}
-
-bool RescueLostMaps(FileCalls& files, const UndoFolder& own, const std::string& rescueFolder,
-                    std::int64_t now) {
-  if (own.path.empty()) return true;
-  KeepEarlierLost({.files = files, .folder = rescueFolder, .now = now - 1}, own.temp);
-  const Rescue rescue{.files = files, .folder = rescueFolder, .now = now};
-  for (UndoFolder& folder : HoldAbandonedFolders(files, own)) {
-    const std::string path = folder.path;
-    const bool isEmptied = KeepLostOf(rescue, folder);
-    LetGo(folder);
-    if (isEmptied && path != own.temp) files.RemoveFolder(path.substr(0, path.size() - 1));
+FileStatus RescueLostMaps(const RescueFolder& rescue, UndoFolder& own,
+                          const std::vector<std::string>& temps) {
+  FileStatus problem;
+  FileCalls& files = rescue.files;
+  for (const std::string& temp : temps) {
+    KeepEarlierLost(rescue, temp, problem);
+    for (UndoFolder& folder : HoldAbandonedFolders(files, temp, own)) {
+      const std::string path = folder.path;
+      const bool isEmptied = KeepLostOf(rescue, folder, problem);
+      LetGo(folder);
+      if (isEmptied && path != temp) files.RemoveFolder(path.substr(0, path.size() - 1));
+    }
   }
-  return KeepLostOf(rescue, own);
+  if (!own.path.empty() && own.hold >= 0 && !KeepLostOf(rescue, own, problem)) {
+    UndoFolder full = own;  // held until another one is
+    own = HoldUndoFolder(files, own.temp);
+    LetGo(full);
+  }
+  return problem;
 }
 
 }  // namespace vesmora

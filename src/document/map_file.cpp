@@ -52,7 +52,12 @@ FileStatus WriteMapFile(const MapDocument& document, FileCalls& files, const std
 LoadReport LoadMap(MapDocument& document, Selection& selection, FileCalls& files,
                    const std::string& path, bool isUndo, bool shiftDown) {
   // One byte more than fits, so that a longer file is known without reading it all.
-  const FileContents file = ReadFile(files, path, kUndoFileSize + 1);
+  return LoadMap(document, selection, ReadFile(files, path, kUndoFileSize + 1), path, isUndo,
+                 shiftDown);
+}
+
+LoadReport LoadMap(MapDocument& document, Selection& selection, const FileContents& file,
+                   const std::string& path, bool isUndo, bool shiftDown) {
   LoadReport report = Judge(file, isUndo, shiftDown);
   if (report.outcome != LoadOutcome::kLoaded) return report;
 

@@ -34,6 +34,11 @@ struct LoadReport {
 [[nodiscard]] LoadReport LoadMap(MapDocument& document, Selection& selection, FileCalls& files,
                                  const std::string& path, bool isUndo, bool shiftDown = false);
 
+/// The same from a file that has been read: at least kUndoFileSize + 1 bytes of it, or all.
+[[nodiscard]] LoadReport LoadMap(MapDocument& document, Selection& selection,
+                                 const FileContents& file, const std::string& path, bool isUndo,
+                                 bool shiftDown = false);
+
 struct WriteReport {
   FileStatus status;
   SaveFindings findings;  // of a real save that succeeded

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "document/map_file.h"
+#include "platform/text.h"
 
 namespace vesmora {
 namespace {
@@ -19,9 +20,14 @@ constexpr int kTimeDigits = 14;
 constexpr std::array<std::string_view, 6> kCauses = {"new",     "open",  "exit",
                                                      "session", "crash", "undo"};
 
-/// Sorted by their names the files are sorted by time.
-std::string FileNameAt(std::int64_t now) {
-  std::string digits = std::to_string(std::max<std::int64_t>(now, 0));
+/// Files sorted by their names are in the order in which they were kept, whatever the clock says.
+std::string NameBehind(const std::vector<std::string>& kept, std::int64_t now) {
+  std::int64_t last = -1;
+  if (!kept.empty()) {
+    const std::string_view name = FileNamePart(kept.front());
+    std::from_chars(name.data(), name.data() + kTimeDigits, last);
+  }
+  std::string digits = std::to_string(std::max(now, last + 1));
   digits.insert(0, kTimeDigits - std::min<std::size_t>(digits.size(), kTimeDigits), '0');
   return digits + "-" + UnlikelyName() + std::string(kEnding);
 }
@@ -34,19 +40,12 @@ std::string TextOf(const RescueLabel& label) {
   return text.append(label.mapPath);
 }
 
-std::string_view TakeLine(std::string_view& text) {
-  const std::size_t end = std::min(text.find('\n'), text.size());
-  const std::string_view line = text.substr(0, end);
-  text.remove_prefix(std::min(end + 1, text.size()));
-  return line;
-}
-
 RescueLabel ReadLabel(std::string_view text) {
   RescueLabel label;
-  if (TakeLine(text) != kLabelMark) return label;
-  const auto cause = std::ranges::find(kCauses, TakeLine(text));
+  if (TakeUpTo(text, '\n') != kLabelMark) return label;
+  const auto cause = std::ranges::find(kCauses, TakeUpTo(text, '\n'));
   if (cause != kCauses.end()) label.cause = static_cast<RescueCause>(cause - kCauses.begin());
-  const std::string_view time = TakeLine(text);
+  const std::string_view time = TakeUpTo(text, '\n');
   std::from_chars(time.data(), time.data() + time.size(), label.time);
   label.mapPath = text;
   return label;
@@ -58,19 +57,22 @@ std::string_view AsText(std::span<const std::byte> bytes) {
 
 }  // namespace
 
-FileStatus KeepRescued(FileCalls& files, const std::string& folder,
-                       std::span<const std::byte> undoFile, const RescueLabel& label,
-                       std::int64_t now) {
-  FileStatus status = CreateFolders(files, folder.substr(0, folder.size() - 1));
+FileStatus KeepRescued(const RescueFolder& folder, std::span<const std::byte> undoFile,
+                       const RescueLabel& label, const std::string& spared, std::string& kept) {
+  FileCalls& files = folder.files;
+  FileStatus status = CreateFolders(files, folder.path.substr(0, folder.path.size() - 1));
   if (!status.Ok()) return status;
   std::vector<std::byte> bytes(undoFile.begin(), undoFile.end());
   const std::string text = TextOf(label);
   std::ranges::copy(std::as_bytes(std::span(text)), std::back_inserter(bytes));
-  status = WriteFileDurably(files, folder + FileNameAt(now), bytes);
+  std::vector<std::string> paths = ListRescued(files, folder.path);
+  kept = folder.path + NameBehind(paths, folder.now);
+  status = WriteFileDurably(files, kept, bytes);
   if (!status.Ok()) return status;
-  SweepLeftOvers(files, folder);
-  const std::vector<std::string> kept = ListRescued(files, folder);
-  for (std::size_t i = kRescuedMaps; i < kept.size(); ++i) DeleteFile(files, kept[i]);
+  SweepLeftOvers(files, folder.path);
+  std::erase(paths, spared);
+  const std::size_t others = kRescuedMaps - (spared.empty() ? 1 : 2);
+  for (std::size_t i = others; i < paths.size(); ++i) DeleteFile(files, paths[i]);
   return status;
 }
 
@@ -87,12 +89,12 @@ std::vector<std::string> ListRescued(FileCalls& files, const std::string& folder
 }
 
 std::optional<RescuedMap> ReadRescued(FileCalls& files, const std::string& path) {
+  const FileContents file = ReadFile(files, path, kUndoFileSize + kLongestLabel);
   RescuedMap rescued{.label = {}, .map = std::make_unique<MapDocument>()};
   Selection selection;
-  const LoadReport report = LoadMap(*rescued.map, selection, files, path, true);
+  const LoadReport report = LoadMap(*rescued.map, selection, file, path, true);
   if (report.outcome != LoadOutcome::kLoaded) return std::nullopt;
-  const FileContents file = ReadFile(files, path, kUndoFileSize + kLongestLabel);
-  if (!file.status.Ok() || file.bytes.size() < kUndoFileSize) return std::nullopt;
+  ZeroFreeSlots(*rescued.map);  // previews and clipboard belonged to the editor that is gone
   rescued.label = ReadLabel(AsText(std::span(file.bytes).subspan(kUndoFileSize)));
   return rescued;
 }

@@ -31,12 +31,18 @@ struct RescuedMap {
   std::unique_ptr<MapDocument> map;
 };
 
-/// Keeps a map, given as an undo file's bytes, in `folder`, which is made when it is missing. Of
-/// more than ten those go that were kept first; `now` is in milliseconds since 1970. On failure
-/// nothing has changed.
-[[nodiscard]] FileStatus KeepRescued(FileCalls& files, const std::string& folder,
+/// Where rescued maps go.
+struct RescueFolder {
+  FileCalls& files;
+  std::string path;      // ends with a slash; made when it is missing
+  std::int64_t now = 0;  // milliseconds since 1970
+};
+
+/// Keeps a map, given as an undo file's bytes, and writes the path of its file to `kept`. Of more
+/// than ten those go that were kept first, but not `spared`. On failure nothing has changed.
+[[nodiscard]] FileStatus KeepRescued(const RescueFolder& folder,
                                      std::span<const std::byte> undoFile, const RescueLabel& label,
-                                     std::int64_t now);
+                                     const std::string& spared, std::string& kept);
 
 /// Paths, the one that was kept last first.
 std::vector<std::string> ListRescued(FileCalls& files, const std::string& folder);

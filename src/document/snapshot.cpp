@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "document/map_file.h"
+#include "document/session_note.h"
 
 namespace vesmora {
 namespace {
@@ -17,13 +18,15 @@ std::string FileInSlot(const UndoJournal& journal, std::string_view prefix, std:
 
 /// With another folder, and therefore without any step, when the one that the files were in has
 /// been swept away while the program ran: under its name there may be another editor's by now.
-void RequireFolder(UndoJournal& journal, FileCalls& files) {
+void RequireFolder(EditedMap& map, FileCalls& files) {
+  UndoJournal& journal = map.journal;
   if (IsStillHeld(files, journal.folder)) return;
   const std::string temp = journal.folder.temp;
   LetGo(journal.folder);
   journal.undoAvailable = -1;
   RefreshUndoCaption(journal);
   journal.folder = HoldUndoFolder(files, temp);
+  NoteOpenMap(map, files, "");
 }
 
 std::optional<SnapshotFailure> FailureOf(const std::string& path, const FileStatus& status) {
@@ -38,7 +41,7 @@ std::optional<SnapshotFailure> FileSnapshot(EditedMap& map, FileCalls& files, do
   GiveWaypointKeys(map);
   UndoJournal& journal = map.journal;
   ForgetRedo(journal);
-  RequireFolder(journal, files);
+  RequireFolder(map, files);
   const std::string path = FileInSlot(journal, kUndoPrefix, journal.NextSlot());
   if (journal.folder.path.empty()) return SnapshotFailure{path, "There is no temporary folder."};
   const FileStatus status = WriteMap(map.document, map.selection, files, random, path, true,
@@ -54,20 +57,21 @@ std::optional<SnapshotFailure> FileSnapshot(EditedMap& map, FileCalls& files, do
 }
 
 std::optional<SnapshotFailure> FileForRedo(EditedMap& map, FileCalls& files) {
-  GiveWaypointKeys(map);
   UndoJournal& journal = map.journal;
-  const auto slot = static_cast<std::size_t>(journal.undoSlot);
-  const std::string path = FileInSlot(journal, kRedoPrefix, slot);
+  const std::string path =
+      FileInSlot(journal, kRedoPrefix, static_cast<std::size_t>(journal.undoSlot));
   const auto bytes = ExactUndoFile(map.document, map.selection, ++journal.sequence);
   const FileStatus status = WriteFileInPlace(files, path, bytes);
   if (!status.Ok()) DeleteFile(files, path);
-  journal.redoAvailable = static_cast<std::int16_t>(status.Ok() ? journal.redoAvailable + 1 : -1);
-  journal.redoKeys[slot] = map.waypointKeys;
   return FailureOf(path, status);
 }
 
 std::string RedoFile(const UndoJournal& journal) {
   return FileInSlot(journal, kRedoPrefix, journal.NextSlot());
+}
+
+bool IsFileOfUndo(const std::string& name) {
+  return name.starts_with(kUndoPrefix) && !IsSessionNote(name);
 }
 
 void DeleteSnapshotFiles(const UndoFolder& folder, FileCalls& files) {

@@ -22,12 +22,14 @@ struct SnapshotFailure {
                                                           double random,
                                                           const std::string& actionName);
 
-/// Files the map as it is, before the newest step is undone, and changes nothing of it. On failure
-/// nothing can be redone.
+/// Files the map as it is, before the newest step is undone, and changes nothing of it.
 [[nodiscard]] std::optional<SnapshotFailure> FileForRedo(EditedMap& map, FileCalls& files);
 
 /// The file of the step that is redone next.
 std::string RedoFile(const UndoJournal& journal);
+
+/// Whether a file in the folder is an undo step's.
+bool IsFileOfUndo(const std::string& name);
 
 /// Deletes every file of steps, those of earlier runs included.
 void DeleteSnapshotFiles(const UndoFolder& folder, FileCalls& files);

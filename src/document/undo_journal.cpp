@@ -10,6 +10,12 @@ void ConsumeUndoStep(UndoJournal& journal) {
   RefreshUndoCaption(journal);
 }
 
+void MoveStepToRedo(UndoJournal& journal, const WaypointKeys& keys) {
+  journal.redoKeys[static_cast<std::size_t>(journal.undoSlot)] = keys;
+  ++journal.redoAvailable;
+  ConsumeUndoStep(journal);
+}
+
 void BringBackUndoStep(UndoJournal& journal) {
   --journal.redoAvailable;
   ++journal.undoAvailable;

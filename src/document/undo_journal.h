@@ -45,6 +45,9 @@ struct UndoJournal {
 /// Drops the newest step, after it has been undone.
 void ConsumeUndoStep(UndoJournal& journal);
 
+/// The same for one that can be had again: the map as it was before, with `keys`, has been filed.
+void MoveStepToRedo(UndoJournal& journal, const WaypointKeys& keys);
+
 /// The last step that was undone, while there is one, is the newest again.
 void BringBackUndoStep(UndoJournal& journal);
 

@@ -67,7 +67,7 @@ class FileCalls {
   /// An empty one.
   virtual int RemoveFolder(const std::string& path) = 0;
   /// Makes an existing folder accessible to this user, and to nobody else. Fails when it is a link
-  /// or no folder (-ENOTDIR), another user's, or was open for others to write (-EPERM).
+  /// or no folder (-ENOTDIR), another user's, or one in which others have put something (-EPERM).
   virtual int ClaimFolder(const std::string& path) = 0;
   /// The names in a folder without "." and "..", in no order.
   virtual int ListFolder(const std::string& path, std::vector<std::string>& names) = 0;

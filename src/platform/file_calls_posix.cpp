@@ -145,12 +145,15 @@ class PosixFileCalls final : public FileCalls {
     const int result = Try([&] { return ::lstat(path.c_str(), &status); });
     if (result < 0) return result;
     if (!S_ISDIR(status.st_mode)) return Failed(ENOTDIR);
-    constexpr mode_t kWritableByOthers = S_IWGRP | S_IWOTH;
-    if (status.st_uid != ::geteuid() || (status.st_mode & kWritableByOthers) != 0) {
-      return Failed(EPERM);
-    }
+    if (status.st_uid != ::geteuid()) return Failed(EPERM);
     if ((status.st_mode & kPermissions) == S_IRWXU) return 0;
-    return Try([&] { return ::chmod(path.c_str(), S_IRWXU); });
+    const int closed = Try([&] { return ::chmod(path.c_str(), S_IRWXU); });
+    constexpr mode_t kWritableByOthers = S_IWGRP | S_IWOTH;
+    if (closed < 0 || (status.st_mode & kWritableByOthers) == 0 || !HoldsForeign(path)) {
+      return closed;
+    }
+    ::chmod(path.c_str(), status.st_mode & kPermissions);  // so that the next one sees it, too
+    return Failed(EPERM);
   }
 
   int ListFolder(const std::string& path, std::vector<std::string>& names) override {
@@ -173,6 +176,17 @@ class PosixFileCalls final : public FileCalls {
   std::string LastError() const override { return std::generic_category().message(lastError_); }
 
  private:
+  /// Whether anything in the folder is a link or not this user's.
+  bool HoldsForeign(const std::string& folder) {
+    std::vector<std::string> names;
+    if (ListFolder(folder, names) < 0) return true;
+    return std::ranges::any_of(names, [&](const std::string& name) {
+      struct stat status = {};
+      const int result = Try([&] { return ::lstat((folder + "/" + name).c_str(), &status); });
+      return result < 0 || status.st_uid != ::geteuid() || S_ISLNK(status.st_mode);
+    });
+  }
+
   /// What `call` returns; for the system's -1 the negated error number, which is remembered. What a
   /// signal has cut off, as slow file systems allow, is called again.
   template <typename Call>

@@ -82,7 +82,7 @@ FolderListing ListFiles(FileCalls& calls, const std::string& folder);
 
 /// Makes `path`, or takes it as it is, as a folder that only this user can enter. Fails
 /// when something foreign sits there: a link, a file, another user's folder, or one in
-/// which others may have planted something.
+/// which others have planted something.
 FileStatus CreatePrivateFolder(FileCalls& calls, const std::string& path);
 
 /// Makes `path`, without a slash at its end, and what is missing of the folders above it, for this

@@ -11,9 +11,7 @@ namespace {
 constexpr std::size_t kLimit = std::size_t{1} << 20U;  // bytes; no settings are near it
 
 std::string_view TakeLine(std::string_view& text) {
-  const std::size_t end = std::min(text.find('\n'), text.size());
-  std::string_view line = text.substr(0, end);
-  text.remove_prefix(std::min(end + 1, text.size()));
+  std::string_view line = TakeUpTo(text, '\n');
   if (line.ends_with('\r')) line.remove_suffix(1);
   return TrimBlanks(line);
 }

@@ -51,17 +51,29 @@ std::string TakeOwnFolder(FileCalls& calls, const std::string& shared, FileStatu
   return "";
 }
 
-bool Hold(FileCalls& calls, UndoFolder& folder) {
-  folder.hold = HoldFolder(folder.path);
-  if (folder.hold < 0) return false;
+/// Notes by what the folder is known; false when that cannot be read.
+bool Recognise(FileCalls& calls, UndoFolder& folder) {
   FileInfo info;
-  if (calls.Info(folder.path, info) < 0) {
-    LetFolderGo(folder.hold);
-    return false;
-  }
+  if (calls.Info(folder.path, info) < 0) return false;
   folder.device = info.device;
   folder.number = info.number;
   return true;
+}
+
+bool Hold(FileCalls& calls, UndoFolder& folder) {
+  folder.hold = HoldFolder(folder.path);
+  if (folder.hold < 0) return false;
+  if (Recognise(calls, folder)) return true;
+  LetFolderGo(folder.hold);
+  return false;
+}
+
+/// One that no other editor can come upon, nor any later one.
+UndoFolder NewFolder(FileCalls& calls, const std::string& tempFolder) {
+  const std::string path = tempFolder + kEditorName + "-" + UnlikelyName();
+  UndoFolder folder{.temp = tempFolder, .path = path + tempFolder.back()};
+  if (CreatePrivateFolder(calls, path).Ok() && Recognise(calls, folder)) return folder;
+  return {.temp = tempFolder, .path = ""};
 }
 
 }  // namespace
@@ -90,6 +102,7 @@ UndoFolder HoldUndoFolder(FileCalls& calls, const std::string& tempFolder) {
     CreatePrivateFolder(calls, tempFolder.substr(0, tempFolder.size() - 1));
   }
   if (Hold(calls, folder)) return folder;
+  if (folder.hold == kCannotBeHeld) return NewFolder(calls, tempFolder);
   for (int number = 2; number <= kMostEditors; ++number) {
     const std::string path = tempFolder + kEditorName + std::to_string(number);
     folder.path = path + tempFolder.back();
@@ -99,25 +112,24 @@ UndoFolder HoldUndoFolder(FileCalls& calls, const std::string& tempFolder) {
 }
 
 bool IsStillHeld(FileCalls& calls, const UndoFolder& folder) {
-  if (folder.hold < 0) return false;
+  if (folder.path.empty()) return false;
   FileInfo info;
   if (calls.Info(folder.path, info) < 0) return !IsGone(calls, folder.path);
   return info.device == folder.device && info.number == folder.number;
 }
 
-std::vector<UndoFolder> HoldAbandonedFolders(FileCalls& calls, const UndoFolder& own) {
+std::vector<UndoFolder> HoldAbandonedFolders(FileCalls& calls, const std::string& tempFolder,
+                                             const UndoFolder& own) {
   std::vector<std::string> names;
-  calls.ListFolder(own.temp, names);
+  calls.ListFolder(tempFolder, names);
   std::vector<UndoFolder> abandoned;
-  for (int number = 2; number <= kMostEditors; ++number) {
-    const std::string name = kEditorName + std::to_string(number);
-    if (std::ranges::find(names, name) == names.end()) continue;
-    UndoFolder folder{.temp = own.temp, .path = own.temp + name + own.temp.back()};
+  for (int number = 1; number <= kMostEditors; ++number) {
+    const std::string name = number > 1 ? kEditorName + std::to_string(number) : "";
+    if (number > 1 && std::ranges::find(names, name) == names.end()) continue;
+    UndoFolder folder{.temp = tempFolder, .path = tempFolder + name};
+    if (number > 1) folder.path += tempFolder.back();
     if (folder.path != own.path && Hold(calls, folder)) abandoned.push_back(folder);
   }
-  if (own.path == own.temp) return abandoned;
-  UndoFolder folder{.temp = own.temp, .path = own.temp};
-  if (Hold(calls, folder)) abandoned.push_back(folder);
   return abandoned;
 }
 

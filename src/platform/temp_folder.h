@@ -26,18 +26,21 @@ struct UndoFolder {
   std::string path;  // with a trailing slash like `temp`; empty when there is none
   std::uint64_t device = 0;
   std::uint64_t number = 0;  // both tell it from another one that has got its name
-  int hold = -1;
+  int hold = -1;             // -1 where folders cannot be locked
 };
 
 /// The temporary folder itself or, while other running editors hold it, a folder inside it of its
-/// own. Held until it is let go or the program ends, however it ends.
+/// own. Held until it is let go or the program ends, however it ends. Where folders cannot be
+/// locked it is always a new one.
 [[nodiscard]] UndoFolder HoldUndoFolder(FileCalls& calls, const std::string& tempFolder);
 
 /// False when the folder has gone or another has its name: its files may be another editor's.
 bool IsStillHeld(FileCalls& calls, const UndoFolder& folder);
 
-/// Folders of editors that have ended without tidying up, each of them held now.
-[[nodiscard]] std::vector<UndoFolder> HoldAbandonedFolders(FileCalls& calls, const UndoFolder& own);
+/// Folders in `tempFolder` of editors that have ended without tidying up, each of them held now.
+[[nodiscard]] std::vector<UndoFolder> HoldAbandonedFolders(FileCalls& calls,
+                                                           const std::string& tempFolder,
+                                                           const UndoFolder& own);
 
 void LetGo(UndoFolder& folder);
 
@@ -50,8 +53,11 @@ std::vector<std::string> SystemTempFolders();
 std::string OwnFolderName();
 
 /// Keeps other running editors out of a folder, named with a trailing slash. A number for
-/// LetFolderGo; -1 when one of them has it already, or when it cannot be opened.
+/// LetFolderGo; kNotHeld when one of them has it already, or when it cannot be opened, and
+/// kCannotBeHeld where the system cannot do it.
 int HoldFolder(const std::string& folder);
+inline constexpr int kNotHeld = -1;
+inline constexpr int kCannotBeHeld = -2;
 void LetFolderGo(int hold);
 
 }  // namespace vesmora

@@ -25,18 +25,19 @@ std::vector<std::string> SystemTempFolders() {
 std::string OwnFolderName() { return "vesmora-" + std::to_string(::geteuid()); }
 
 // The system lets go of the lock when the process ends. The folder itself is locked: a file in it
-// could be deleted as old, while systemd's cleaning leaves locked folders alone. Where folders
-// cannot be locked (NFS) nobody is kept out.
+// could be deleted as old, while systemd's cleaning leaves locked folders alone. Some network file
+// systems lock no folders.
 int HoldFolder(const std::string& folder) {
   const int handle = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (handle < 0) return -1;
+  if (handle < 0) return kNotHeld;
   int result = -1;
   do {
     result = ::flock(handle, LOCK_EX | LOCK_NB);
   } while (result < 0 && errno == EINTR);
-  if (result == 0 || errno != EWOULDBLOCK) return handle;
+  if (result == 0) return handle;
+  const int failure = errno == EWOULDBLOCK ? kNotHeld : kCannotBeHeld;
   ::close(handle);
-  return -1;
+  return failure;
 }
 
 void LetFolderGo(int hold) { ::close(hold); }

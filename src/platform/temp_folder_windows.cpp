@@ -23,7 +23,7 @@ int HoldFolder(const std::string& folder) {
   constexpr DWORD kFlags = FILE_ATTRIBUTE_NORMAL | FILE_FLAG_DELETE_ON_CLOSE;
   const HANDLE handle = CreateFileW(Wide(folder + "Vesmora-in-use").c_str(), GENERIC_WRITE, 0,
                                     nullptr, OPEN_ALWAYS, kFlags, nullptr);
-  if (handle == INVALID_HANDLE_VALUE) return -1;
+  if (handle == INVALID_HANDLE_VALUE) return kNotHeld;
   return _open_osfhandle(reinterpret_cast<intptr_t>(handle), _O_BINARY);
 }
 

@@ -9,6 +9,9 @@ namespace vesmora {
 /// Without the blanks (only blanks) at both ends.
 std::string_view TrimBlanks(std::string_view text);
 
+/// The text before the first `separator`, or all of it; takes both off `text`.
+std::string_view TakeUpTo(std::string_view& text, char separator);
+
 /// ASCII letters only: what it is used on are file names' fixed parts.
 bool EqualsIgnoringCase(std::string_view a, std::string_view b);
 

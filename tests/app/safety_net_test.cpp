@@ -271,16 +271,39 @@ TEST_F(SafetyNetTest, WhatIsReplacedUnsavedIsKeptAndOpenedAgain) {
 
   for (int i = 0; i < 12; ++i, MenuNew(editor)) addSpawn();
   EXPECT_THAT(ListRecoverable(editor), SizeIs(kRescuedMaps));
+  // The one that is opened does not make room for the one that it replaces.
+  addSpawn();
+  const std::string oldest = window.chosenRescue = ListRecoverable(editor).back();
+  MenuRecover(editor);
+  EXPECT_TRUE(std::filesystem::exists(oldest));
+  const std::uint64_t recovered = Fingerprint(map);
+  std::filesystem::remove(oldest);  // another editor needed the room
+  now -= 1'000'000;                 // and the clock was put right
+  MenuNew(editor);
+  EXPECT_EQ(NewestKept(editor), recovered);
+
+  OpenMap(editor, path);
+  Choose(ToolMode::kAddPolygon);
+  Click(300, 300);
+  MenuNew(editor);
+  EXPECT_EQ(NewestKept(editor), recovered) << "a triangle half built is no edit";
+  OpenMap(editor, path);
+  Snapshot("Delete");
+  ZeroTables(map);
+  MenuNew(editor);
+  EXPECT_EQ(Kept()[0], "small.pmp: Replaced by a new map, 0");
 }
 
 TEST_F(SafetyNetTest, AMapThatCannotBeKeptStaysOpenUnlessItIsGivenUp) {
   AddSpawn(map, 5, 5, 0);
   const DocumentState state = StateOf(map);
   files.FailAll("CreateNew", ENOSPC);
-  MenuNew(editor);
   OpenMap(editor, PutMap("small.pmp"));
-  EXPECT_NE(std::get<0>(StateOf(map)), std::get<0>(state)) << "asked twice";
-  EXPECT_THAT(TakeMessages(), ElementsAre(testing::Field(&Message::text, HasSubstr("could not"))));
+  MenuNew(editor);
+  EXPECT_TRUE(StateOf(map) == state) << "not the same was asked";
+  MenuNew(editor);
+  EXPECT_TRUE(map.spawns.Empty()) << "asked twice";
+  EXPECT_THAT(TakeMessages(), SizeIs(2));
   AddSpawn(map, 6, 6, 0);
   EXPECT_FALSE(CleanUp(editor));
   AddSpawn(map, 7, 7, 0);
@@ -343,7 +366,9 @@ TEST_F(SafetyNetTest, AFolderThatWasTakenAwayIsNoLongerOurs) {
   EditorBench other;
   other.editor.ports.tempFolder = editor.ports.tempFolder;
   other.journal.folder = HoldUndoFolder(files, editor.ports.tempFolder);
+  AddSpawn(other.map, 1, 2, 0);
   other.Snapshot("Theirs");
+  const Bytes theirs = FileBytes(other.journal.NewestFile());
   const std::uint64_t open = Fingerprint(map);
   MenuUndo(editor);
   EXPECT_TRUE(map.polygons.Empty()) << "and not the other editor's map";
@@ -353,7 +378,26 @@ TEST_F(SafetyNetTest, AFolderThatWasTakenAwayIsNoLongerOurs) {
   EXPECT_EQ(journal.folder.path, Temp("2/"));
   EXPECT_EQ(journal.caption, "&Undo Step2");
   EXPECT_TRUE(CleanUp(editor));
-  EXPECT_TRUE(std::filesystem::exists(other.journal.NewestFile()));
+  MenuNew(editor);
+  EXPECT_EQ(FileBytes(other.journal.NewestFile()), theirs);
+  EXPECT_FALSE(std::filesystem::exists(Temp("VesmoraRedo0.tmp")));
+  // Its own end is not taken for ours.
+  std::filesystem::remove_all(editor.ports.settingsFolder);
+  LetGo(journal.folder);
+  LetGo(other.journal.folder);
+  Editor& after = StartAnew();
+  EXPECT_EQ(NewestKept(after), Fingerprint(other.map));
+}
+
+TEST_F(SafetyNetTest, LostMapsAreFoundInTheTemporaryFolderOfThatRun) {
+  FindLostMaps(editor);  // notes where it is
+  Edit(1);
+  Edit(2);
+  const std::string there = editor.ports.tempFolder;
+  editor.ports.tempFolder = folder / "elsewhere/";
+  Editor& after = StartAnew();
+  EXPECT_NE(NewestKept(after), 0U);
+  EXPECT_THAT(ListFiles(files, there).names, IsEmpty());
 }
 
 }  // namespace

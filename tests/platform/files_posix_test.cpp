@@ -172,7 +172,7 @@ class TempFolder : public testing::Test {
 
 TEST_F(TempFolder, IsTheSameEachTimeAndClosedToOthers) {
   EXPECT_EQ(Expected(), usual_ + "/");
-  for (const unsigned mode : {0755U, 0500U, 0U}) {
+  for (const unsigned mode : {0755U, 0770U, 0777U, 0500U, 0U}) {
     ASSERT_EQ(::chmod(usual_.c_str(), mode), 0);
     EXPECT_EQ(Expected(), usual_ + "/");
   }
@@ -200,7 +200,7 @@ TEST_F(TempFolder, EachRunningEditorHoldsItsOwn) {
     EXPECT_TRUE(IsStillHeld(calls, held.back()));
   }
   LetGo(held[1]);
-  auto abandoned = HoldAbandonedFolders(calls, held[2]);
+  auto abandoned = HoldAbandonedFolders(calls, shared_.Path(), held[2]);
   ASSERT_EQ(abandoned.size(), 1U);
   EXPECT_EQ(abandoned[0].path, shared_ / "2/");
   // Under the same name, but another one.
@@ -227,7 +227,9 @@ TEST_F(TempFolder, WhatOthersPlantedIsLeftAlone) {
   fs::remove(usual_);
   fs::create_directory(usual_);
   ASSERT_EQ(::chmod(usual_.c_str(), 0777), 0);
-  EXPECT_NE(Expected(), usual_ + "/");
+  fs::create_symlink(elsewhere, usual_ + "/backup.pmp");
+  for (int times = 0; times < 2; ++times) EXPECT_NE(Expected(), usual_ + "/");
+  fs::remove(usual_ + "/backup.pmp");
   if (::geteuid() != 0) return;
   ASSERT_EQ(::chmod(usual_.c_str(), 0700) + ::chown(usual_.c_str(), 65534, 65534), 0);
   EXPECT_NE(Expected(), usual_ + "/");

@@ -19,7 +19,7 @@ struct EditorBench : Bench {
     std::filesystem::create_directories(editor.ports.programFolder);
     journal.folder = HoldUndoFolder(files, editor.ports.tempFolder);
     editor.view.area = {1200, 800, 332, 40, 40};
-    MenuNew(editor);
+    StartNewMap(editor);
     events.clear();
   }
 

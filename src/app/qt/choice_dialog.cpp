@@ -61,9 +61,10 @@ void ChoiceDialog::AddRow(const QString& name) {
   item->setToolTip(PlainTip(name));
 }
 
-void ChoiceDialog::Begin() {
+void ChoiceDialog::Begin(int row) {
+  list_->setCurrentRow(row);
   // Otherwise the first row would be taken as chosen as soon as the list has the focus.
-  list_->setCurrentIndex({});
+  if (row < 0) list_->setCurrentIndex({});
   ShowChoice();
   // By the font: a list of usual names, a picture as high, and the details below them.
   const int line = fontMetrics().lineSpacing();

@@ -28,8 +28,8 @@ class ChoiceDialog : public QDialog {
   ChoiceDialog(const Names& names, QWidget* parent);
 
   void AddRow(const QString& name);
-  /// Once all rows are there: nothing is chosen yet.
-  void Begin();
+  /// Once all rows are there; -1: nothing is chosen yet.
+  void Begin(int row);
   /// True, with a row chosen, when the dialog was not cancelled.
   bool IsAccepted();
   /// -1 for none.

@@ -137,6 +137,8 @@ void Ikkuna::BuildMenus() {
   std::vector<QMenu*> menus;
   for (const std::string_view caption : MenuCaptions()) {
     menus.push_back(menuBar()->addMenu(ToQt(caption)));
+    // Another editor may have kept something for Recover.
+    On(menus.back(), &QMenu::aboutToShow, [this] { CountRecoverable(editor_); });
   }
   for (const Command& command : Commands()) {
     QMenu* menu = menus[static_cast<std::size_t>(command.menu)];

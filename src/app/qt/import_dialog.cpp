@@ -35,7 +35,7 @@ Import::Import(const Editor& editor, QWidget* parent)
   grid->addWidget(left_, 3, 1);
   grid->addWidget(counts_, 3, 2);
   Details().addLayout(grid);
-  Begin();
+  Begin(-1);
 }
 
 void Import::ShowChoice() {

@@ -36,7 +36,7 @@ Recover::Recover(const Editor& editor, QWidget* parent)
       new QLabel("These maps were not saved. One that is opened stays here until it is."));
   for (const std::string& path : paths_) {
     const RecoverContents contents = ShowRecoverable(editor, path);
-    AddRow(contents.map ? ToQt(contents.lNimi) + ", " + ShortTimeText(contents.time) : ToQt(path));
+    AddRow(contents.map ? ShortTimeText(contents.time) + "  " + ToQt(contents.lNimi) : ToQt(path));
   }
   Picture().setAccessibleName("Picture of the map");
 
@@ -54,7 +54,7 @@ Recover::Recover(const Editor& editor, QWidget* parent)
     grid->addWidget(value, row++, 1);
   }
   Details().addLayout(grid);
-  Begin();
+  Begin(0);
 }
 
 void Recover::ShowChoice() {
