@@ -4,7 +4,6 @@
 #include <memory>
 #include <vector>
 
-#include "document/map_image.h"
 #include "document/numbers.h"
 #include "document/save_preparation.h"
 
@@ -73,18 +72,16 @@ FileStatus WriteUndoFile(const MapDocument& document, const Selection& selection
   return WriteFileInPlace(files, path, image);
 }
 
-FileStatus WriteMapFile(const MapDocument& document, FileCalls& files, const std::string& path) {
-  const std::span<std::byte> image = ImageBuffer(kMapFileSize);
-  WriteMapImage(document, nullptr, image);
-  return WriteFileDurably(files, path, image);
-}
-
 }  // namespace
 
 LoadReport LoadMap(MapDocument& document, Selection& selection, FileCalls& files,
                    const std::string& path, bool isUndo, bool shiftDown) {
-  // One byte more than fits, so that a longer file is known without reading it all.
-  const FileContents file = ReadFile(files, path, kUndoFileSize + 1);
+  const FileContents file = ReadFile(files, path, kMapReadLimit);
+  return TakeMapFile(document, selection, file, path, isUndo, shiftDown);
+}
+
+LoadReport TakeMapFile(MapDocument& document, Selection& selection, const FileContents& file,
+                       const std::string& path, bool isUndo, bool shiftDown) {
   LoadReport report = Judge(file, isUndo, shiftDown);
   if (report.outcome != LoadOutcome::kLoaded) return report;
 
@@ -107,6 +104,15 @@ LoadReport LoadMap(MapDocument& document, Selection& selection, FileCalls& files
   return report;
 }
 
+void MakeMapFile(MapDocument& document, Selection& selection, double random,
+                 std::span<std::byte> image) {
+  DropLastSceneryOfFullTable(document, selection);
+  PrepareForSave(document, selection);
+  BringIntoFileForm(document, random);
+  WriteMapImage(document, nullptr, image);
+  WaypointsToMemory(document);
+}
+
 WriteReport WriteMap(MapDocument& document, Selection& selection, FileCalls& files, double random,
                      const std::string& path, bool isUndo) {
   if (isUndo) {
@@ -118,11 +124,9 @@ WriteReport WriteMap(MapDocument& document, Selection& selection, FileCalls& fil
   // On the heap: a document is half a megabyte.
   const auto documentBefore = std::make_unique<const MapDocument>(document);
   const Selection selectionBefore = selection;
-  DropLastSceneryOfFullTable(document, selection);
-  PrepareForSave(document, selection);
-  BringIntoFileForm(document, random);
-  WriteReport report{.status = WriteMapFile(document, files, path), .findings = {}};
-  WaypointsToMemory(document);
+  const std::span<std::byte> image = ImageBuffer(kMapFileSize);
+  MakeMapFile(document, selection, random, image);
+  WriteReport report{.status = WriteFileDurably(files, path, image), .findings = {}};
   if (report.status.Ok()) {
     report.findings = {.duplicateVertices = CheckDuplicateVertices(document, selection),
                        .spawns = CheckCtfSpawns(document, path)};
