@@ -55,13 +55,18 @@ void CheckShape(const Polygon& polygon, int slot, FindingList& findings) {
   if (DoubleArea(polygon) == 0) {
     findings.Error("no-area", object, PlaceOf(polygon.vertices[0]),
                    "has no area: its corners lie on one line");
-  } else if (!PolygonIsOrdered(polygon)) {
+  } else if (RunsTheWrongWay(polygon)) {
     findings.Hint("corner-order", object, PlaceOf(polygon.vertices[0]),
                   "its corners run the wrong way round; a save turns them");
   }
 }
 
 }  // namespace
+
+bool RunsTheWrongWay(const Polygon& polygon) {
+  const double area = DoubleArea(polygon);
+  return std::isfinite(area) && area != 0 && !PolygonIsOrdered(polygon);
+}
 
 void CheckPolygons(const MapDocument& document, FindingList& findings) {
   int slot = 0;

@@ -1,5 +1,5 @@
 #include <algorithm>
-#include <bitset>
+#include <set>
 
 #include "document/finding_list.h"
 #include "document/value_checks.h"
@@ -14,14 +14,19 @@ void CheckConnections(const MapDocument& document, int slot, WaypointSlots& reac
   const Waypoint& waypoint = document.waypoints[slot];
   const ObjectReference object{ObjectKind::kWaypoint, slot};
   const WorldPoint place = PlaceOf(waypoint);
-  if (waypoint.connectionCount < 0 || waypoint.connectionCount > kConnectionCapacity) {
+  const bool isPossible =
+      waypoint.connectionCount >= 0 && waypoint.connectionCount <= kConnectionCapacity;
+  if (!isPossible) {
     findings.Error("connection-count", object, place,
                    "names " + std::to_string(waypoint.connectionCount) + " connections");
   }
   WaypointSlots seen;
+  std::set<std::int32_t> told;
   for (const std::int32_t id : UsedConnections(waypoint)) {
     const int target = id - 1;
+    if (id == 0 && !isPossible) continue;  // an unused place of the record
     if (id < 1 || !document.waypoints.Has(target)) {
+      if (!told.insert(id).second) continue;
       findings.Error("connection-target", object, place,
                      "leads to waypoint " + std::to_string(id) + ", which is not there");
       continue;

@@ -241,6 +241,14 @@ Parsing ParseArguments(const std::vector<std::string>& words, int processors) {
       "  vesmora-map diff old.pmp new.pmp                  what has changed\n"
       "\"vesmora-map COMMAND --help\" tells the options of a command.");
   Reader(app, arguments).AddAll();
+  const auto isCommand = [&](const CLI::App* command) { return command->get_name() == words[0]; };
+  const bool isWord = !words.empty() && !words[0].starts_with("-");
+  if (isWord && app.get_subcommands(isCommand).empty()) {
+    return {.arguments = std::nullopt,
+            .status = kTrouble,
+            .output = {},
+            .error = "There is no command \"" + words[0] + "\"; --help tells which there are.\n"};
+  }
   std::vector<std::string> reversed(words.rbegin(), words.rend());
   try {
     app.parse(reversed);
