@@ -18,9 +18,7 @@ bool IsInside(WorldPoint point, const Polygon& polygon) {
   };
   const auto& [a, b, c] = polygon.vertices;
   const double first = side(a, b);
-  const double second = side(b, c);
-  const double third = side(c, a);
-  return (first > 0 && second > 0 && third > 0) || (first < 0 && second < 0 && third < 0);
+  return first * side(b, c) > 0 && first * side(c, a) > 0;
 }
 
 /// The slot of a solid polygon around the point, -1 for none.

@@ -34,7 +34,8 @@ template <typename TableType>
 void CompareUsed(ObjectKind kind, const TableType& before, const TableType& after,
                  FindingList& findings) {
   for (int slot = 0; slot <= after.last; ++slot) {
-    if (IsTold(before[slot])) continue;
+    const bool isSame = std::memcmp(&before[slot], &after[slot], sizeof(before[slot])) == 0;
+    if (isSame || IsTold(before[slot])) continue;
     const auto changes = ChangesIn(before[slot], after[slot]);
     if (changes.empty()) continue;
     findings.Hint("save-changes", {kind, slot}, PlaceOf(before[slot]),

@@ -139,7 +139,7 @@ TEST(PicturesTest, PngFilesHoldThePixels) {
     const auto* content = reinterpret_cast<const Bytef*>(png.data() + at + 4);
     types.emplace_back(content, content + 4);
     EXPECT_EQ(number(at + 8 + number(at)), crc32(0, content, 4 + number(at)));
-    uLongf size = rows.size();
+    auto size = static_cast<uLongf>(rows.size());
     if (types.back() == "IDAT") {
       EXPECT_EQ(uncompress(rows.data(), &size, content + 4, number(at)), Z_OK);
       EXPECT_EQ(size, rows.size());
