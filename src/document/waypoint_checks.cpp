@@ -23,9 +23,9 @@ void CheckConnections(const MapDocument& document, int slot, WaypointSlots& reac
   WaypointSlots seen;
   std::set<std::int32_t> told;
   for (const std::int32_t id : UsedConnections(waypoint)) {
-    const int target = id - 1;
     if (id == 0 && !isPossible) continue;  // an unused place of the record
-    if (id < 1 || !document.waypoints.Has(target)) {
+    const int target = std::max(id, 0) - 1;
+    if (!document.waypoints.Has(target)) {
       if (!told.insert(id).second) continue;
       findings.Error("connection-target", object, place,
                      "leads to waypoint " + std::to_string(id) + ", which is not there");

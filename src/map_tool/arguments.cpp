@@ -230,6 +230,7 @@ Parsing ParseArguments(const std::vector<std::string>& words, int processors) {
   CLI::App app(
       "Checks, compiles, draws and compares maps of the game Soldat (.pmp) without a window.",
       "vesmora-map");
+  app.allow_windows_style_options(false);  // a path may start with a slash
   app.set_version_flag("--version", "vesmora-map " VESMORA_VERSION);
   app.require_subcommand(1);
   app.get_formatter()->column_width(36);
