@@ -140,8 +140,9 @@ class Reader {
     CLI::App* check = Add(app_, Command::kCheck, "check",
                           "Find everything that is wrong with maps, one finding a line");
     TakesMaps(*check);
-    check->add_flag("!--no-hints", arguments_.hints,
-                    "Errors only: no hints, which tell what the game copes with or a save mends");
+    check->add_flag_callback(
+        "--no-hints", [this] { arguments_.hints = false; },
+        "Errors only: no hints, which tell what the game copes with or a save mends");
     check->footer(
         "Ends with 0 when nothing was found, 1 with findings, 2 when a map could not be "
         "read.");
@@ -234,6 +235,8 @@ Parsing ParseArguments(const std::vector<std::string>& words, int processors) {
   app.set_version_flag("--version", "vesmora-map " VESMORA_VERSION);
   app.require_subcommand(1);
   app.get_formatter()->column_width(36);
+  Reader(app, arguments).AddAll();
+  // Only now: commands would take it over.
   app.footer(
       "Examples:\n"
       "  vesmora-map check maps/                           all that is wrong in a folder of maps\n"
@@ -241,7 +244,6 @@ Parsing ParseArguments(const std::vector<std::string>& words, int processors) {
       "  vesmora-map compile ctf_Hill.pmp --in-place       ready for the game\n"
       "  vesmora-map diff old.pmp new.pmp                  what has changed\n"
       "\"vesmora-map COMMAND --help\" tells the options of a command.");
-  Reader(app, arguments).AddAll();
   const auto isCommand = [&](const CLI::App* command) { return command->get_name() == words[0]; };
   const bool isWord = !words.empty() && !words[0].starts_with("-");
   if (isWord && app.get_subcommands(isCommand).empty()) {
