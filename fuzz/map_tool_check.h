@@ -3,8 +3,6 @@
 // finds no more. The input is that of map_check.h; undo files are rescued first.
 #pragma once
 
-#include <nlohmann/json.hpp>
-
 #include "map_check.h"
 #include "map_tool/commands.h"
 

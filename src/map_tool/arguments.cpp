@@ -45,7 +45,7 @@ CLI::callback_t ReadSize(PictureOptions& picture) {
     picture.width = static_cast<int>((*numbers)[0]);
     picture.height = static_cast<int>((*numbers)[1]);
     picture.isSizeTold = true;
-    return true;
+    return std::int64_t{picture.width} * picture.height <= kMostPixels;
   };
 }
 
@@ -235,7 +235,8 @@ Parsing ParseArguments(const std::vector<std::string>& words, int processors) {
   app.set_version_flag("--version", "vesmora-map " VESMORA_VERSION);
   app.require_subcommand(1);
   app.get_formatter()->column_width(36);
-  Reader(app, arguments).AddAll();
+  Reader reader(app, arguments);  // what it has added calls it
+  reader.AddAll();
   // Only now: commands would take it over.
   app.footer(
       "Examples:\n"

@@ -1,6 +1,7 @@
 // What the program is asked to do.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -21,6 +22,9 @@ enum class Command {
   kPrefabImport,
   kRescue,
 };
+
+/// Of a picture, so that it fits in the memory of any machine.
+inline constexpr std::int64_t kMostPixels = 64'000'000;
 
 struct PictureOptions {
   int width = 1280;  // pixels

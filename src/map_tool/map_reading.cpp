@@ -1,5 +1,7 @@
 #include "map_tool/map_reading.h"
 
+#include "map_tool/report.h"
+
 namespace vesmora::map_tool {
 namespace {
 
@@ -26,7 +28,7 @@ ReadMap ReadMapFile(const FileContents& file, const std::string& name, bool isUn
 
 Outcome Trouble(const std::string& name, const std::string& problem) {
   Outcome outcome{
-      .status = kTrouble, .text = {}, .told = name + ": " + problem + "\n", .bytes = {}};
+      .status = kTrouble, .text = {}, .told = Printable(name) + ": " + problem + "\n", .bytes = {}};
   outcome.json["file"] = name;
   outcome.json["error"] = problem;
   return outcome;

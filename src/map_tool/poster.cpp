@@ -20,7 +20,6 @@ constexpr int kLabelHeight = 12;
 constexpr int kUsualWidth = 320;
 constexpr int kUsualHeight = 200;
 constexpr int kSmallestWidth = 80;
-constexpr std::int64_t kMostPixels = 64'000'000;
 constexpr Rgb kPaper = {255, 255, 255};
 constexpr Rgb kInk = {0, 0, 0};
 

@@ -89,6 +89,7 @@ TEST_F(MapToolTest, WhatIsAskedIsDoneOrRefused) {
       {{"rescue", "@/ctf_a.pmp", "-o", "@/y.pmp"}, 2, "", "is no undo file"},
       {{"render", "@/ctf_a.pmp", "-o", "@/ctf_a.pmp"}, 2, "", "one of the files"},
       {{"render", "@/ctf_a.pmp", "-o", "@/p.png", "--size", "0x9"}, 2, "", "--size"},
+      {{"render", "@/ctf_a.pmp", "-o", "@/p.png", "--size", "9000x9000"}, 2, "", "--size"},
       {{"render", "@/ctf_a.pmp", "-o", "@/p.png", "--zoom", "nan"}, 2, "", "--zoom"},
       {{"render", "@/ctf_a.pmp", "-o", "@/p.png", "--show", "spawns,foo"}, 2, "", "--show"},
       {{"render", "@/maps", "-o", "@/out", "--svg", "--size", "90x60"}, 0, "", ""},
@@ -206,6 +207,34 @@ TEST_F(MapToolTest, NoResultIsEverHalfWritten) {
   EXPECT_EQ(run_({"compile", "@/ctf_a.pmp", "--in-place"}), 0);
   EXPECT_TRUE(FileBytes(run_.folder / "temp/backup.pmp") == map);
   EXPECT_FALSE(FileBytes(run_.folder / "ctf_a.pmp") == map);
+}
+
+TEST_F(MapToolTest, TexturesAreFoundInTheGamesFolder) {
+  const std::vector<std::string> words = {"render", "--filled", "@/maps/below/c.pmp", "-o", "-"};
+  const auto picture = [&](std::vector<std::string> more) {
+    more.insert(more.begin(), words.begin(), words.end());
+    EXPECT_EQ(run_(more), 0) << run_.console.told;
+    return run_.console.output;
+  };
+  const std::string plain = picture({});
+  Bytes bitmap(58);  // one black pixel
+  for (const auto& [at, value] : {std::pair{0, 'B'},
+                                  {1, 'M'},
+                                  {10, '\x36'},
+                                  {14, '\x28'},
+                                  {18, '\x01'},
+                                  {22, '\x01'},
+                                  {28, '\x18'}}) {
+    bitmap[static_cast<std::size_t>(at)] = static_cast<std::byte>(value);
+  }
+  const std::string own = run_.folder / "maps/tEXTURES";
+  std::filesystem::create_directory(PathOf(own));
+  EXPECT_TRUE(picture({}) == plain);
+  PutFile(own + "/BANANA.BMP", bitmap);
+  const std::string textured = picture({});
+  EXPECT_FALSE(textured == plain);
+  EXPECT_TRUE(picture({"--textures", own}) == textured);
+  EXPECT_TRUE(picture({"--textures", run_.folder / "none"}) == plain);
 }
 
 TEST_F(MapToolTest, HostileFilesEndInFindings) {
