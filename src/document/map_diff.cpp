@@ -1,13 +1,13 @@
 #include "document/map_diff.h"
 
 #include <cmath>
-#include <cstring>
 #include <utility>
 
 #include "document/geometry.h"
 #include "document/map_image.h"
 #include "document/object_matching.h"
 #include "document/record_changes.h"
+#include "document/same_bytes.h"
 #include "document/texture_mapping.h"
 #include "document/waypoint_links.h"
 #include "platform/single_byte_text.h"
@@ -51,11 +51,6 @@ void Unplace(SpawnPoint& spawn) { spawn.x = spawn.y = spawn.ySign = 0; }
 void Unplace(SceneryObject& scenery) { scenery.x = scenery.y = 0; }
 void Unplace(Collider& collider) { collider.x = collider.y = 0; }
 void Unplace(Waypoint& waypoint) { waypoint.x = waypoint.y = 0; }
-
-template <typename Record>
-bool HaveSameBytes(const Record& a, const Record& b) {
-  return std::memcmp(&a, &b, sizeof(Record)) == 0;
-}
 
 template <typename Record>
 bool IsMoved(const Record& before, const Record& after) {
@@ -199,6 +194,7 @@ std::string Excess(std::vector<std::int32_t> some, const std::vector<std::int32_
     if (found != some.end()) some.erase(found);
   }
   std::vector<std::string> numbers;
+  numbers.reserve(some.size());
   for (const std::int32_t id : some) numbers.push_back(std::to_string(std::abs(std::int64_t{id})));
   return numbers.empty() ? std::string() : what + Joined(numbers);
 }

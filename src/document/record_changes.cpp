@@ -2,22 +2,17 @@
 
 #include <array>
 #include <cstdio>
-#include <cstring>
 
 #include "document/geometry.h"
 #include "document/number_text.h"
 #include "document/object_reference.h"
+#include "document/same_bytes.h"
 #include "document/scenery_types.h"
 
 namespace vesmora {
 namespace {
 
 constexpr std::array<const char*, 5> kBotSettingNames = {"left", "right", "up", "down", "fly"};
-
-template <typename Value>
-bool AreSame(const Value& a, const Value& b) {
-  return std::memcmp(&a, &b, sizeof(Value)) == 0;
-}
 
 /// Collects what has changed.
 class Changes {
@@ -28,10 +23,10 @@ class Changes {
     texts.push_back(what + " from " + before + " to " + after);
   }
   void Place(const std::string& what, WorldPoint before, WorldPoint after) {
-    if (!AreSame(before, after)) Say(what, PlaceText(before), PlaceText(after));
+    if (!HaveSameBytes(before, after)) Say(what, PlaceText(before), PlaceText(after));
   }
   void Number(const std::string& what, float before, float after) {
-    if (!AreSame(before, after)) Say(what, NumberText(before), NumberText(after));
+    if (!HaveSameBytes(before, after)) Say(what, NumberText(before), NumberText(after));
   }
   void Count(const std::string& what, std::int64_t before, std::int64_t after) {
     if (before != after) Say(what, std::to_string(before), std::to_string(after));
@@ -41,7 +36,7 @@ class Changes {
   }
   template <typename Bytes>
   void Carried(const Bytes& before, const Bytes& after) {
-    if (!AreSame(before, after)) texts.emplace_back("bytes that are only carried");
+    if (!HaveSameBytes(before, after)) texts.emplace_back("bytes that are only carried");
   }
 };
 
@@ -74,7 +69,7 @@ void CompareEdges(Changes& changes, const Polygon& before, const Polygon& after)
       changes.texts.push_back("edge " + std::to_string(i + 1) +
                               (isPassable ? " made passable" : " made solid"));
     } else {
-      normalsDiffer = normalsDiffer || !AreSame(before.edges[i], after.edges[i]);
+      normalsDiffer = normalsDiffer || !HaveSameBytes(before.edges[i], after.edges[i]);
     }
   }
   if (normalsDiffer) changes.texts.emplace_back("edge normals");

@@ -1,9 +1,9 @@
 #include <algorithm>
-#include <cstring>
 #include <memory>
 
 #include "document/finding_list.h"
 #include "document/record_changes.h"
+#include "document/same_bytes.h"
 #include "document/save_preparation.h"
 #include "document/selection.h"
 #include "platform/text.h"
@@ -34,8 +34,7 @@ template <typename TableType>
 void CompareUsed(ObjectKind kind, const TableType& before, const TableType& after,
                  FindingList& findings) {
   for (int slot = 0; slot <= after.last; ++slot) {
-    const bool isSame = std::memcmp(&before[slot], &after[slot], sizeof(before[slot])) == 0;
-    if (isSame || IsTold(before[slot])) continue;
+    if (HaveSameBytes(before[slot], after[slot]) || IsTold(before[slot])) continue;
     const auto changes = ChangesIn(before[slot], after[slot]);
     if (changes.empty()) continue;
     findings.Hint("save-changes", {kind, slot}, PlaceOf(before[slot]),
@@ -50,7 +49,7 @@ void CompareFree(ObjectKind kind, const TableType& before, const TableType& afte
   int marked = 0;
   bool differ = false;
   for (int slot = before.Count(); slot < TableType::kCapacity; ++slot) {
-    if (std::memcmp(&before[slot], &after[slot], sizeof(before[slot])) == 0) continue;
+    if (HaveSameBytes(before[slot], after[slot])) continue;
     differ = true;
     if (IsMarked(before[slot])) ++marked;
   }

@@ -11,10 +11,11 @@ constexpr int kSectorPolygons = static_cast<int>(std::tuple_size_v<decltype(Sect
 
 /// The middle of a sector.
 WorldPoint PlaceOfSector(int slot, std::int32_t division) {
-  const auto size = static_cast<float>(division);
   constexpr int kMiddle = kSectorsPerSide / 2;
-  return {static_cast<float>(slot / kSectorsPerSide - kMiddle) * size,
-          static_cast<float>(slot % kSectorsPerSide - kMiddle) * size};
+  const int column = slot / kSectorsPerSide - kMiddle;
+  const int row = slot % kSectorsPerSide - kMiddle;
+  const auto size = static_cast<float>(division);
+  return {static_cast<float>(column) * size, static_cast<float>(row) * size};
 }
 
 /// Whether the sector holds polygons of the map and no more than it can.
