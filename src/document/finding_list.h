@@ -37,8 +37,7 @@ void CheckSceneries(const MapDocument& document, FindingList& findings);
 void CheckColliders(const MapDocument& document, FindingList& findings);
 void CheckWaypoints(const MapDocument& document, FindingList& findings);
 
-/// Of `scratch` polygons, division and sectors are used.
-void CheckSectors(const MapDocument& document, MapDocument& scratch, FindingList& findings);
+void CheckSectors(const MapDocument& document, FindingList& findings);
 
 /// Of `scratch` the tables and the author are used.
 void CheckWhatSaveChanges(const MapDocument& document, MapDocument& scratch, FindingList& findings);

@@ -35,7 +35,7 @@ std::vector<Finding> CheckMap(const CheckedMap& map, MapDocument& scratch) {
   CheckSceneries(map.document, findings);
   CheckColliders(map.document, findings);
   CheckWaypoints(map.document, findings);
-  CheckSectors(map.document, scratch, findings);
+  CheckSectors(map.document, findings);
   CheckWhatSaveChanges(map.document, scratch, findings);
   return findings.Take();
 }

@@ -18,7 +18,7 @@ struct CheckedMap {
 };
 
 /// Whole maps first, then kinds and objects in the order of their tables. `scratch` is room for
-/// what a save and Compile would make of the map; what it holds before does not count.
+/// what a save would make of the map; what it holds before does not count.
 std::vector<Finding> CheckMap(const CheckedMap& map, MapDocument& scratch);
 
 }  // namespace vesmora

@@ -55,9 +55,6 @@ void CheckShape(const Polygon& polygon, int slot, FindingList& findings) {
   if (DoubleArea(polygon) == 0) {
     findings.Error("no-area", object, PlaceOf(polygon.vertices[0]),
                    "has no area: its corners lie on one line");
-  } else if (RunsTheWrongWay(polygon)) {
-    findings.Hint("corner-order", object, PlaceOf(polygon.vertices[0]),
-                  "its corners run the wrong way round; a save turns them");
   }
 }
 

@@ -23,10 +23,15 @@ WorldPoint PlaceOf(const Record& record) {
   return vesmora::PlaceOf(record);
 }
 
-// What another check tells of already.
-bool IsTold(const Polygon& polygon) { return RunsTheWrongWay(polygon); }
+/// A change that has a name of its own; false when it is not that one.
+bool TellTurned(const Polygon& polygon, int slot, FindingList& findings) {
+  if (!RunsTheWrongWay(polygon)) return false;
+  findings.Hint("corner-order", {ObjectKind::kPolygon, slot}, PlaceOf(polygon),
+                "its corners run the wrong way round; a save turns them");
+  return true;
+}
 template <typename Record>
-bool IsTold(const Record& /*record*/) {
+bool TellTurned(const Record& /*record*/, int /*slot*/, FindingList& /*findings*/) {
   return false;
 }
 
@@ -34,7 +39,8 @@ template <typename TableType>
 void CompareUsed(ObjectKind kind, const TableType& before, const TableType& after,
                  FindingList& findings) {
   for (int slot = 0; slot <= after.last; ++slot) {
-    if (HaveSameBytes(before[slot], after[slot]) || IsTold(before[slot])) continue;
+    if (HaveSameBytes(before[slot], after[slot])) continue;
+    if (TellTurned(before[slot], slot, findings)) continue;
     const auto changes = ChangesIn(before[slot], after[slot]);
     if (changes.empty()) continue;
     findings.Hint("save-changes", {kind, slot}, PlaceOf(before[slot]),
@@ -64,6 +70,13 @@ void CompareFree(ObjectKind kind, const TableType& before, const TableType& afte
   }
 }
 
+/// The free slots are zeroed by what a save prepares.
+template <typename TableType>
+void CopyUsed(const TableType& from, TableType& to) {
+  to.SetCount(from.Count());
+  std::ranges::copy(from.Used(), to.slots.begin());
+}
+
 template <typename TableType>
 void CompareTable(ObjectKind kind, const TableType& before, const TableType& after,
                   FindingList& findings) {
@@ -75,11 +88,11 @@ void CompareTable(ObjectKind kind, const TableType& before, const TableType& aft
 
 void CheckWhatSaveChanges(const MapDocument& document, MapDocument& scratch,
                           FindingList& findings) {
-  scratch.polygons = document.polygons;
-  scratch.spawns = document.spawns;
-  scratch.sceneries = document.sceneries;
-  scratch.colliders = document.colliders;
-  scratch.waypoints = document.waypoints;
+  CopyUsed(document.polygons, scratch.polygons);
+  CopyUsed(document.spawns, scratch.spawns);
+  CopyUsed(document.sceneries, scratch.sceneries);
+  CopyUsed(document.colliders, scratch.colliders);
+  CopyUsed(document.waypoints, scratch.waypoints);
   scratch.author = document.author;
   if (scratch.sceneries.Full()) {
     scratch.sceneries.DropLast();

@@ -38,15 +38,8 @@ bool CheckSector(const MapDocument& document, int slot, FindingList& findings) {
   return false;
 }
 
-bool AreSame(const Sector& a, const Sector& b) {
-  return a.count == b.count &&
-         std::equal(a.polygons.begin(), a.polygons.begin() + a.count, b.polygons.begin());
-}
-
-void CompareWithCompiled(const MapDocument& document, MapDocument& scratch, FindingList& findings) {
-  scratch.polygons = document.polygons;
-  scratch.sectorDivision = document.sectorDivision;
-  const SectorShortage shortage = FillSectors(scratch);
+void CompareWithCompiled(const MapDocument& document, FindingList& findings) {
+  const auto& [shortage, differing] = CompareSectors(document);
   if (shortage.crowded > 0) {
     findings.Error("sectors-crowded", {}, std::nullopt,
                    std::to_string(shortage.crowded) + " polygons do not fit in full sectors");
@@ -55,23 +48,18 @@ void CompareWithCompiled(const MapDocument& document, MapDocument& scratch, Find
     findings.Error("sectors-outside", {}, std::nullopt,
                    std::to_string(shortage.outside) + " polygons reach out of the sectors");
   }
-  int differing = 0;
-  int first = -1;
-  for (int slot = 0; slot < static_cast<int>(document.sectors.size()); ++slot) {
-    const auto at = static_cast<std::size_t>(slot);
-    if (AreSame(document.sectors[at], scratch.sectors[at])) continue;
-    if (differing++ == 0) first = slot;
-  }
-  if (differing == 0) return;
+  if (differing.none()) return;
+  int first = 0;
+  while (!differing[static_cast<std::size_t>(first)]) ++first;
   const ObjectReference object{ObjectKind::kSector, first};
   findings.Error("sectors-stale", object, PlaceOfSector(first, document.sectorDivision),
-                 "does not fit the polygons, nor do " + std::to_string(differing - 1) +
+                 "does not fit the polygons, nor do " + std::to_string(differing.count() - 1) +
                      " other sectors: compile the map again");
 }
 
 }  // namespace
 
-void CheckSectors(const MapDocument& document, MapDocument& scratch, FindingList& findings) {
+void CheckSectors(const MapDocument& document, FindingList& findings) {
   const auto isEmpty = [](const Sector& sector) { return sector.count == 0; };
   if (std::ranges::all_of(document.sectors, isEmpty)) {
     if (!std::ranges::all_of(document.polygons.Used(), IsPassablePolygon)) {
@@ -88,7 +76,7 @@ void CheckSectors(const MapDocument& document, MapDocument& scratch, FindingList
   for (int slot = 0; slot < static_cast<int>(document.sectors.size()); ++slot) {
     areSound = CheckSector(document, slot, findings) && areSound;
   }
-  if (areSound) CompareWithCompiled(document, scratch, findings);
+  if (areSound) CompareWithCompiled(document, findings);
 }
 
 }  // namespace vesmora

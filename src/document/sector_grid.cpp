@@ -1,6 +1,7 @@
 #include "document/sector_grid.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 
 #include "document/geometry.h"
@@ -47,23 +48,28 @@ SectorRange Clipped(SectorRange range) {
 
 bool IsClipped(SectorRange range) { return range.first < 0 || range.last >= kSectorsPerSide; }
 
-/// False when a sector had no room for it.
-bool Enter(MapDocument& document, std::int16_t number, SectorRange columns, SectorRange rows) {
-  bool fits = true;
-  for (std::int32_t column = columns.first; column <= columns.last; ++column) {
-    for (std::int32_t row = rows.first; row <= rows.last; ++row) {
-      const std::int32_t entry = column * kSectorsPerSide + row;
-      Sector& sector = document.sectors[static_cast<std::size_t>(entry)];
-      const auto slot = static_cast<std::size_t>(sector.count);
-      if (slot == sector.polygons.size()) {
-        fits = false;
-        continue;
+/// Calls `enter` with the number of each solid polygon and each sector it belongs to; `enter`
+/// returns false when there is no room.
+template <typename Enter>
+SectorShortage VisitSectors(const MapDocument& document, Enter enter) {
+  SectorShortage shortage;
+  std::int16_t number = 0;
+  for (const Polygon& polygon : document.polygons.Used()) {
+    ++number;
+    if (IsPassablePolygon(polygon)) continue;
+    const PolygonBounds bounds = BoundsOfPolygon(polygon);
+    const SectorRange columns = RangeOf(document.sectorDivision, bounds.minX, bounds.maxX);
+    const SectorRange rows = RangeOf(document.sectorDivision, bounds.minY, bounds.maxY);
+    if (IsClipped(columns) || IsClipped(rows)) ++shortage.outside;
+    bool fits = true;
+    for (std::int32_t column = Clipped(columns).first; column <= Clipped(columns).last; ++column) {
+      for (std::int32_t row = Clipped(rows).first; row <= Clipped(rows).last; ++row) {
+        fits = enter(number, static_cast<std::size_t>(column * kSectorsPerSide + row)) && fits;
       }
-      sector.polygons[slot] = number;
-      ++sector.count;
     }
+    if (!fits) ++shortage.crowded;
   }
-  return fits;
+  return shortage;
 }
 
 }  // namespace
@@ -78,18 +84,29 @@ PolygonBounds BoundsOfPolygons(const MapDocument& document) {
 
 SectorShortage FillSectors(MapDocument& document) {
   document.sectors.fill({});
-  SectorShortage shortage;
-  std::int16_t number = 0;
-  for (const Polygon& polygon : document.polygons.Used()) {
-    ++number;
-    if (IsPassablePolygon(polygon)) continue;
-    const PolygonBounds bounds = BoundsOfPolygon(polygon);
-    const SectorRange columns = RangeOf(document.sectorDivision, bounds.minX, bounds.maxX);
-    const SectorRange rows = RangeOf(document.sectorDivision, bounds.minY, bounds.maxY);
-    if (IsClipped(columns) || IsClipped(rows)) ++shortage.outside;
-    if (!Enter(document, number, Clipped(columns), Clipped(rows))) ++shortage.crowded;
+  return VisitSectors(document, [&](std::int16_t number, std::size_t entry) {
+    Sector& sector = document.sectors[entry];
+    const auto slot = static_cast<std::size_t>(sector.count);
+    if (slot == sector.polygons.size()) return false;
+    sector.polygons[slot] = number;
+    ++sector.count;
+    return true;
+  });
+}
+
+SectorComparison CompareSectors(const MapDocument& document) {
+  SectorComparison comparison;
+  std::array<std::uint8_t, kSectorCount> counts{};  // of what would have been entered so far
+  comparison.shortage = VisitSectors(document, [&](std::int16_t number, std::size_t entry) {
+    const auto& polygons = document.sectors[entry].polygons;
+    if (counts[entry] == polygons.size()) return false;
+    if (polygons[counts[entry]++] != number) comparison.differing.set(entry);
+    return true;
+  });
+  for (std::size_t entry = 0; entry < counts.size(); ++entry) {
+    if (document.sectors[entry].count != counts[entry]) comparison.differing.set(entry);
   }
-  return shortage;
+  return comparison;
 }
 
 }  // namespace vesmora

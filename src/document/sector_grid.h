@@ -1,6 +1,9 @@
 // The sector grid: which polygons the game looks at in which part of the map.
 #pragma once
 
+#include <bitset>
+#include <cstddef>
+
 #include "document/map_document.h"
 
 namespace vesmora {
@@ -14,6 +17,16 @@ struct SectorShortage {
 /// Enters the polygons in the sectors that their bounding boxes touch, for the division
 /// that the document has. Passable ones belong nowhere.
 SectorShortage FillSectors(MapDocument& document);
+
+inline constexpr std::size_t kSectorCount = std::tuple_size_v<decltype(MapDocument::sectors)>;
+
+struct SectorComparison {
+  SectorShortage shortage;  // as FillSectors tells it
+  std::bitset<kSectorCount> differing;
+};
+
+/// Which sectors hold anything else than FillSectors would enter.
+SectorComparison CompareSectors(const MapDocument& document);
 
 /// Whole world units.
 struct PolygonBounds {

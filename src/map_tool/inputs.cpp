@@ -66,6 +66,7 @@ std::string WhatIsLost(FileCalls& files, const Arguments& arguments,
                        bool isFolder) {
   std::set<FileIdentity> read;
   std::vector<std::string> paths;
+  paths.reserve(inputs.size() + 1);
   for (const Input& input : inputs) paths.push_back(input.path);
   if (!arguments.prefab.empty()) paths.push_back(arguments.prefab);
   for (const std::string& path : paths) {

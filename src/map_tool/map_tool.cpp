@@ -45,6 +45,21 @@ Outcome RunCommand(const Task& task, Workbench& bench) {
   }
 }
 
+/// Reads a file of the size of the one before into the same memory: fresh memory is zeroed first,
+/// which takes half as long as reading a map. False when that cannot be done, for whatever reason.
+bool ReadSameSize(FileCalls& files, const std::string& path, FileContents& file) {
+  if (file.bytes.empty()) return false;
+  const int handle = files.OpenToRead(path);
+  if (handle < 0) return false;
+  FileInfo info;
+  const auto size = static_cast<std::int64_t>(file.bytes.size());
+  const bool isRead = files.InfoOfHandle(handle, info) >= 0 && info.kind == FileKind::kRegular &&
+                      info.size == file.bytes.size() && files.Read(handle, file.bytes) == size;
+  files.Close(handle);
+  if (isRead) file = {.status = {}, .bytes = std::move(file.bytes), .size = info.size};
+  return isRead;
+}
+
 /// One run of the program, once it is known what to do.
 class Run {
  public:
@@ -114,7 +129,10 @@ class Run {
     found_.resize(inputs_.size());
     JobSteps steps;
     steps.read = [this](std::size_t i, FileContents& file) {
-      file = Read(inputs_[i]);
+      if (inputs_[i].path == kStandardStream ||
+          !ReadSameSize(world_.files, inputs_[i].path, file)) {
+        file = Read(inputs_[i]);
+      }
       randoms_[i] = world_.random();
       if (arguments_.picture.filled) found_[i] = textures_.Find(inputs_[i].path, file);
     };
@@ -136,7 +154,9 @@ class Run {
       }
       reporter.Take(outcome);
     };
-    RunJobs(arguments_.jobs, inputs_.size(), steps);
+    // Reading is nearly all there is to do for it: other threads would only be waited for.
+    const int jobs = arguments_.command == Command::kInfo ? 1 : arguments_.jobs;
+    RunJobs(jobs, inputs_.size(), steps);
     return reporter.Finish();
   }
 
