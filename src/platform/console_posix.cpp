@@ -40,7 +40,7 @@ class PosixConsole final : public Console {
  public:
   FileContents ReadInput(std::size_t limit) override {
     FileContents contents;
-    std::array<std::byte, 65536> part;
+    std::array<std::byte, 65536> part{};
     while (contents.bytes.size() < limit) {
       const ssize_t count = Uninterrupted([&] {
         return ::read(STDIN_FILENO, part.data(),

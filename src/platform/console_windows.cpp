@@ -39,7 +39,7 @@ class WindowsConsole final : public Console {
 
   FileContents ReadInput(std::size_t limit) override {
     FileContents contents;
-    std::array<std::byte, 65536> part;
+    std::array<std::byte, 65536> part{};
     while (contents.bytes.size() < limit) {
       DWORD count = 0;
       const auto size = static_cast<DWORD>(std::min(part.size(), limit - contents.bytes.size()));
