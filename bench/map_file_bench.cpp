@@ -4,16 +4,14 @@
 #include <unistd.h>
 
 #include <cstdio>
-#include <cstdlib>
-#include <filesystem>
 #include <memory>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "document/map_image.h"
 #include "interleaved.h"
 #include "open_document.h"
+#include "scratch_folder.h"
 
 namespace vesmora::bench {
 namespace {
@@ -23,33 +21,6 @@ enum class Variant { kMap, kUndo };
 std::size_t SizeOf(Variant variant) {
   return variant == Variant::kUndo ? kUndoFileSize : kMapFileSize;
 }
-
-void Require(bool condition, const char* what) {
-  if (!condition) throw std::runtime_error(what);
-}
-
-/// A scratch folder beside the build, on a disk most likely: a temporary folder may lie in
-/// memory, where syncing costs nothing.
-class ScratchFolder {
- public:
-  ScratchFolder() {
-    std::string name = VESMORA_BENCH_FOLDER "/scratch-XXXXXX";
-    Require(::mkdtemp(name.data()) != nullptr, "no scratch folder");
-    path_ = name + "/";
-  }
-  ScratchFolder(const ScratchFolder&) = delete;
-  ScratchFolder& operator=(const ScratchFolder&) = delete;
-  ~ScratchFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
-  }
-
-  std::string operator/(const char* name) const { return path_ + name; }
-  const std::string& Path() const { return path_; }
-
- private:
-  std::string path_;
-};
 
 /// The bare calls. Like a well-made program, they use one buffer over and over.
 class RawTransfer {

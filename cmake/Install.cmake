@@ -7,7 +7,7 @@ if(UNIX)
   set(only_when_named EXCLUDE_FROM_ALL)
 endif()
 
-install(TARGETS vesmora RUNTIME DESTINATION . COMPONENT vesmora ${only_when_named})
+install(TARGETS vesmora vesmora-map RUNTIME DESTINATION . COMPONENT vesmora ${only_when_named})
 foreach(folder Prefab Alphabet Help)
   install(DIRECTORY "${CMAKE_SOURCE_DIR}/data/${folder}" DESTINATION . COMPONENT vesmora
     ${only_when_named})
@@ -16,7 +16,7 @@ endforeach()
 if(UNIX)
   set(packaging "${CMAKE_SOURCE_DIR}/packaging")
   # The program looks for ../share/vesmora, so these places are not for choosing.
-  install(TARGETS vesmora RUNTIME DESTINATION bin COMPONENT system)
+  install(TARGETS vesmora vesmora-map RUNTIME DESTINATION bin COMPONENT system)
   foreach(folder Prefab Alphabet Help)
     install(DIRECTORY "${CMAKE_SOURCE_DIR}/data/${folder}" DESTINATION share/vesmora
       COMPONENT system)
@@ -25,12 +25,15 @@ if(UNIX)
     COMPONENT system)
   install(FILES "${packaging}/linux/vesmora.xml" DESTINATION share/mime/packages COMPONENT system)
   set(filled_in "${CMAKE_BINARY_DIR}/packaging")
-  foreach(file example.vesmora.Vesmora.metainfo.xml vesmora.1)
+  foreach(file example.vesmora.Vesmora.metainfo.xml vesmora.1 vesmora-map.1)
     configure_file("${packaging}/linux/${file}.in" "${filled_in}/${file}" @ONLY)
   endforeach()
   install(FILES "${filled_in}/example.vesmora.Vesmora.metainfo.xml" DESTINATION share/metainfo
     COMPONENT system)
-  install(FILES "${filled_in}/vesmora.1" DESTINATION share/man/man1 COMPONENT system)
+  install(FILES "${filled_in}/vesmora.1" "${filled_in}/vesmora-map.1" DESTINATION share/man/man1
+    COMPONENT system)
+  install(FILES "${packaging}/linux/vesmora-map.bash" RENAME vesmora-map
+    DESTINATION share/bash-completion/completions COMPONENT system)
   install(FILES "${packaging}/icons/vesmora.svg" DESTINATION share/icons/hicolor/scalable/apps
     COMPONENT system)
   foreach(size 16 24 32 48 64 128 256)

@@ -4,6 +4,7 @@
 
 #include "app/file_messages.h"
 #include "app/safety_net.h"
+#include "document/map_backup.h"
 #include "launch/game_files.h"
 #include "platform/text.h"
 #include "tools/tool_change.h"
@@ -46,27 +47,6 @@ void StoreLastFolder(Editor& editor, const std::string& path) {
   editor.ports.settings.Write("Recent", "Path", std::string(FolderPart(path)));
 }
 
-/// Keeps the file that is about to be replaced as the one backup.
-FileStatus BackUp(Editor& editor, const std::string& path) {
-  FileCalls& files = editor.ports.files;
-  const std::string& folder = editor.ports.tempFolder;
-  if (folder.empty() && FileExists(files, path)) {
-    return {FileFailure::kError, "There is no temporary folder for the backup."};
-  }
-  // The save will fail, and a write-protected backup could not be replaced by the next one.
-  if (FileExists(files, path) && files.MayWrite(path) < 0) {
-    return {FileFailure::kError, files.LastError()};
-  }
-  // It may have been swept away while the program ran.
-  if (IsGone(files, folder)) CreatePrivateFolder(files, folder);
-  const std::string backup = folder + "backup.pmp";
-  FileStatus status = CopyFileDurably(files, path, backup);
-  // Only a file that is certainly not there needs no backup.
-  if (status.failure == FileFailure::kMissing) return {};
-  if (!status.Ok()) status.reason = "The backup '" + backup + "' failed. " + status.reason;
-  return status;
-}
-
 /// The map is in the file of this name from now on.
 void TakeName(Editor& editor, const std::string& path) {
   StoreLastFolder(editor, path);
@@ -84,7 +64,7 @@ enum class SaveManner { kAgain, kAs };
 bool SaveTo(Editor& editor, const std::string& path, SaveManner manner) {
   FileCalls& files = editor.ports.files;
   ChangeTool(editor, ToolMode::kEdit);
-  WriteReport report{.status = BackUp(editor, path), .findings = {}};
+  WriteReport report{.status = BackUpMap(files, editor.ports.tempFolder, path), .findings = {}};
   if (report.status.Ok()) {
     report = WriteMap(editor.document, editor.selection, files, editor.ports.random(), path, false);
   }

@@ -81,7 +81,7 @@ Rescued KeepLost(const RescueFolder& rescue, const Candidate& candidate, const S
   const auto map = std::make_unique<MapDocument>();
   Selection selection;
   problem = candidate.contents.status;
-  const LoadReport report = LoadMap(*map, selection, candidate.contents, candidate.name, true);
+  const LoadReport report = TakeMapFile(*map, selection, candidate.contents, candidate.name, true);
   if (report.outcome != LoadOutcome::kLoaded) return Rescued::kFailed;
   if (IsEmpty(*map)) return Rescued::kEmpty;
   const std::uint64_t present = Fingerprint(*map);

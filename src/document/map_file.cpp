@@ -41,23 +41,16 @@ void BringIntoFileForm(MapDocument& document, double random) {
   StoreAuthor(document);
 }
 
-FileStatus WriteMapFile(const MapDocument& document, FileCalls& files, const std::string& path) {
-  std::vector<std::byte> image(kMapFileSize);
-  WriteMapImage(document, image);
-  return WriteFileDurably(files, path, image);
-}
-
 }  // namespace
 
 LoadReport LoadMap(MapDocument& document, Selection& selection, FileCalls& files,
                    const std::string& path, bool isUndo, bool shiftDown) {
-  // One byte more than fits, so that a longer file is known without reading it all.
-  return LoadMap(document, selection, ReadFile(files, path, kUndoFileSize + 1), path, isUndo,
-                 shiftDown);
+  const FileContents file = ReadFile(files, path, kMapReadLimit);
+  return TakeMapFile(document, selection, file, path, isUndo, shiftDown);
 }
 
-LoadReport LoadMap(MapDocument& document, Selection& selection, const FileContents& file,
-                   const std::string& path, bool isUndo, bool shiftDown) {
+LoadReport TakeMapFile(MapDocument& document, Selection& selection, const FileContents& file,
+                       const std::string& path, bool isUndo, bool shiftDown) {
   LoadReport report = Judge(file, isUndo, shiftDown);
   if (report.outcome != LoadOutcome::kLoaded) return report;
 
@@ -80,6 +73,15 @@ LoadReport LoadMap(MapDocument& document, Selection& selection, const FileConten
   return report;
 }
 
+void MakeMapFile(MapDocument& document, Selection& selection, double random,
+                 std::span<std::byte> image) {
+  DropLastSceneryOfFullTable(document, selection);
+  PrepareForSave(document, selection);
+  BringIntoFileForm(document, random);
+  WriteMapImage(document, image);
+  WaypointsToMemory(document);
+}
+
 WriteReport WriteMap(MapDocument& document, Selection& selection, FileCalls& files, double random,
                      const std::string& path, bool isUndo, UndoMark mark) {
   if (isUndo) {
@@ -91,11 +93,9 @@ WriteReport WriteMap(MapDocument& document, Selection& selection, FileCalls& fil
   // On the heap: a document is half a megabyte.
   const auto documentBefore = std::make_unique<const MapDocument>(document);
   const Selection selectionBefore = selection;
-  DropLastSceneryOfFullTable(document, selection);
-  PrepareForSave(document, selection);
-  BringIntoFileForm(document, random);
-  WriteReport report{.status = WriteMapFile(document, files, path), .findings = {}};
-  WaypointsToMemory(document);
+  std::vector<std::byte> image(kMapFileSize);
+  MakeMapFile(document, selection, random, image);
+  WriteReport report{.status = WriteFileDurably(files, path, image), .findings = {}};
   if (report.status.Ok()) {
     report.findings = {.duplicateVertices = CheckDuplicateVertices(document, selection),
                        .spawns = CheckCtfSpawns(document, path)};

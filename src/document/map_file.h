@@ -1,10 +1,13 @@
 // Loading and saving maps. What happened is returned; telling people is for others.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 
 #include "document/map_document.h"
+#include "document/map_image.h"
 #include "document/save_checks.h"
 #include "document/selection.h"
 #include "document/undo_file.h"
@@ -34,10 +37,20 @@ struct LoadReport {
 [[nodiscard]] LoadReport LoadMap(MapDocument& document, Selection& selection, FileCalls& files,
                                  const std::string& path, bool isUndo, bool shiftDown = false);
 
-/// The same from a file that has been read: at least kUndoFileSize + 1 bytes of it, or all.
-[[nodiscard]] LoadReport LoadMap(MapDocument& document, Selection& selection,
-                                 const FileContents& file, const std::string& path, bool isUndo,
-                                 bool shiftDown = false);
+/// The same with a file that has been read already: at least one byte more of it than an undo file
+/// has, if there are so many.
+[[nodiscard]] LoadReport TakeMapFile(MapDocument& document, Selection& selection,
+                                     const FileContents& file, const std::string& path, bool isUndo,
+                                     bool shiftDown = false);
+
+/// What is read of a file that may be a map or an undo file: enough to know a longer one.
+inline constexpr std::size_t kMapReadLimit = kUndoFileSize + 1;
+
+/// Prepares the derived data as a real save does and gives the bytes that the save writes to
+/// `image`, of kMapFileSize. In memory the document stays as the save leaves it. `random` as for
+/// WriteMap.
+void MakeMapFile(MapDocument& document, Selection& selection, double random,
+                 std::span<std::byte> image);
 
 struct WriteReport {
   FileStatus status;

@@ -92,7 +92,7 @@ std::optional<RescuedMap> ReadRescued(FileCalls& files, const std::string& path)
   const FileContents file = ReadFile(files, path, kUndoFileSize + kLongestLabel);
   RescuedMap rescued{.label = {}, .map = std::make_unique<MapDocument>()};
   Selection selection;
-  const LoadReport report = LoadMap(*rescued.map, selection, file, path, true);
+  const LoadReport report = TakeMapFile(*rescued.map, selection, file, path, true);
   if (report.outcome != LoadOutcome::kLoaded) return std::nullopt;
   ZeroFreeSlots(*rescued.map);  // previews and clipboard belonged to the editor that is gone
   rescued.label = ReadLabel(AsText(std::span(file.bytes).subspan(kUndoFileSize)));

@@ -27,11 +27,18 @@ void UnlinkDeleted(Waypoint& waypoint, const WaypointSlots& deleted) {
   for (const std::int32_t id : ids) Unlink(waypoint, id);
 }
 
+std::size_t UsedCount(const Waypoint& waypoint) {
+  return static_cast<std::size_t>(std::clamp(waypoint.connectionCount, 0, kConnectionCapacity));
+}
+
 }  // namespace
 
 std::span<std::int32_t> UsedConnections(Waypoint& waypoint) {
-  const int count = std::clamp(waypoint.connectionCount, 0, kConnectionCapacity);
-  return std::span(waypoint.connections).first(static_cast<std::size_t>(count));
+  return std::span(waypoint.connections).first(UsedCount(waypoint));
+}
+
+std::span<const std::int32_t> UsedConnections(const Waypoint& waypoint) {
+  return std::span(waypoint.connections).first(UsedCount(waypoint));
 }
 
 void AddConnection(Waypoint& from, int targetSlot) {

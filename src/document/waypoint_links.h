@@ -14,6 +14,7 @@ using WaypointSlots = std::bitset<kWaypointCapacity>;
 
 /// The connections that count: a damaged count is cut to what the record holds.
 std::span<std::int32_t> UsedConnections(Waypoint& waypoint);
+std::span<const std::int32_t> UsedConnections(const Waypoint& waypoint);
 
 /// Does nothing when `from` has no room.
 void AddConnection(Waypoint& from, int targetSlot);

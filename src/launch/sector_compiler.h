@@ -1,23 +1,23 @@
-// The sector grid: which polygons the game looks at in which part of the map.
+// Compile: the map in the middle of its world, and the sector grid filled anew.
 #pragma once
 
+#include <string>
+
+#include "document/sector_grid.h"
 #include "tools/editing.h"
 
 namespace vesmora {
 
-/// Polygons that are missing in at least one sector they belong to.
-struct SectorShortage {
-  int outside = 0;  // they reach out of the grid
-  int crowded = 0;  // a sector holds all it can
-};
+/// Words for the user; empty when there is something to divide.
+std::string WhyNotCompiled(const MapDocument& document);
 
-/// Enters the polygons in the sectors that their bounding boxes touch, for the division
-/// that the document has. Passable ones belong nowhere.
-SectorShortage FillSectors(MapDocument& document);
+/// Centres the map, chooses the sector division and fills the grid. Objects that lie beyond the
+/// polygons stay where they are. Only of a map that can be compiled. `keepsTexture` as for
+/// ShiftSelected.
+SectorShortage CompileMap(MapDocument& document, bool keepsTexture);
 
-/// Centres the map, chooses the sector division and fills the grid, as one undo step
-/// "Move". Objects that lie beyond the polygons stay where they are. False, with the user
-/// told and the map as it was, when there is nothing to divide.
+/// The same as one undo step "Move". False, with the user told and the map as it was, when there
+/// is nothing to divide.
 bool CompileSectors(Editing& editing);
 
 }  // namespace vesmora

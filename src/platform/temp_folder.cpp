@@ -82,7 +82,7 @@ TempFolder PrivateTempFolder(FileCalls& calls, const std::string& last) {
   TempFolder found;
   std::vector<std::string> folders = SystemTempFolders();
   const std::string first = folders.front();
-  folders.push_back(last);
+  if (!last.empty()) folders.push_back(last);
   for (const std::string& folder : folders) {
     if (folder == last) CreateFolders(calls, last.substr(0, last.size() - 1));
     FileStatus status;

@@ -17,7 +17,8 @@ struct TempFolder {
 /// A folder of this user's own for temporary files, in which a file was just written. Where users
 /// share the system's temporary folder it is one inside that only this user can enter; whatever
 /// another user put under its name is left alone, and the one with a rare name that an earlier run
-/// made instead is found again. `last` serves when the system's temporary folders are no use.
+/// made instead is found again. `last`, unless it is empty, serves when the system's temporary
+/// folders are no use.
 [[nodiscard]] TempFolder PrivateTempFolder(FileCalls& calls, const std::string& last);
 
 /// A folder for one running editor's undo files.

@@ -1,6 +1,5 @@
 #include "tools/property_text.h"
 
-#include <array>
 #include <charconv>
 
 #include "document/numbers.h"
@@ -15,12 +14,6 @@ double LeadingNumber(std::string_view text) {
   double value = 0;
   const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
   return result.ec == std::errc() && std::isfinite(value) ? value : 0;
-}
-
-std::string NumberText(float value) {
-  std::array<char, 64> digits{};
-  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
-  return {digits.data(), end};
 }
 
 std::string VisibilityText(std::uint8_t level) {

@@ -6,13 +6,12 @@
 #include <string>
 #include <string_view>
 
+#include "document/number_text.h"
+
 namespace vesmora {
 
 /// The number at the start of a text; 0 when there is none.
 double LeadingNumber(std::string_view text);
-
-/// The shortest text that reads back as the same single.
-std::string NumberText(float value);
 
 /// A visibility byte as a percentage, and back; an empty text is fully visible.
 std::string VisibilityText(std::uint8_t level);

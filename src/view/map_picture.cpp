@@ -51,7 +51,7 @@ Area AreaOf(const MapDocument& document) {
 
 }  // namespace
 
-void DrawPicture(MapDocument& document, int width, int height, Canvas& canvas) {
+ViewTransform WholeMapView(const MapDocument& document, int width, int height) {
   const Area area = AreaOf(document);
   ViewTransform view;
   view.area = {.width = width, .height = height};
@@ -60,6 +60,11 @@ void DrawPicture(MapDocument& document, int width, int height, Canvas& canvas) {
   view.zoom =
       std::min({static_cast<float>(width) / (area.x.high - area.x.low),
                 static_cast<float>(height) / (area.y.high - area.y.low), kZoomLevels.front()});
+  return view;
+}
+
+void DrawPicture(MapDocument& document, int width, int height, Canvas& canvas) {
+  ViewTransform view = WholeMapView(document, width, height);
   DrawMap({.document = document,
            .selection = Selection{},
            .view = view,

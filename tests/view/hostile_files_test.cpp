@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "../fuzz/map_tool_check.h"
 #include "../fuzz/prefab_check.h"
 
 namespace vesmora {
@@ -33,6 +34,13 @@ TEST(HostileFilesTest, MapsAreReadDrawnWrittenAndReadAgain) {
 
 TEST(HostileFilesTest, MapInputsOfTheFuzzer) {
   ForAll("fuzz/corpus/map_reader", "", {}, CheckMapInput);
+}
+
+TEST(HostileFilesTest, TheMapToolFindsOrRefuses) {
+  for (const std::uint8_t look : std::vector<std::uint8_t>{2, 13, 31})
+    ForAll("tests/data/hostile", ".pmp", {2, 0, look}, CheckMapToolInput);
+  ForAll("fuzz/corpus/map_reader", "", {}, CheckMapToolInput);
+  ForAll("fuzz/corpus/map_tool", "", {}, CheckMapToolInput);
 }
 
 TEST(HostileFilesTest, PrefabsAreTakenWholeOrRefused) {

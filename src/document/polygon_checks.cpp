@@ -1,0 +1,76 @@
+#include <algorithm>
+
+#include "document/finding_list.h"
+#include "document/geometry.h"
+#include "document/save_checks.h"
+#include "document/value_checks.h"
+
+namespace vesmora {
+namespace {
+
+/// Twice the area, with the sign of the corners' order.
+double DoubleArea(const Polygon& polygon) {
+  const auto& [a, b, c] = polygon.vertices;
+  return (double{b.x} - a.x) * (double{c.y} - a.y) - (double{b.y} - a.y) * (double{c.x} - a.x);
+}
+
+/// Whether all of a polygon's values can be; corners far outside are told of, but are numbers.
+bool CheckValues(const Polygon& polygon, int slot, FindingList& findings) {
+  bool areNumbers = true;
+  for (int corner = 0; corner < 3; ++corner) {
+    const PolygonVertex& vertex = polygon.vertices[static_cast<std::size_t>(corner)];
+    const ObjectReference object{ObjectKind::kPolygon, slot, corner};
+    if (CheckNumbers(findings, object, {{"x", vertex.x}, {"y", vertex.y}})) {
+      CheckPlace(findings, object, PlaceOf(vertex));
+    } else {
+      areNumbers = false;
+    }
+    CheckNumbers(findings, object,
+                 {{"z", vertex.z},
+                  {"rhw", vertex.rhw},
+                  {"texture coordinate u", vertex.u},
+                  {"texture coordinate v", vertex.v}});
+  }
+  for (const Normal& edge : polygon.edges) {
+    const ObjectReference object{ObjectKind::kPolygon, slot};
+    const bool isFine = CheckNumbers(
+        findings, object,
+        {{"edge normal's x", edge.x}, {"edge normal's y", edge.y}, {"edge normal's z", edge.z}});
+    if (!isFine) break;
+  }
+  return areNumbers;
+}
+
+void CheckShape(const Polygon& polygon, int slot, FindingList& findings) {
+  const ObjectReference object{ObjectKind::kPolygon, slot};
+  bool coincide = false;
+  for (int corner = 0; corner < 3; ++corner) {
+    if (!CornersCoincide(polygon, static_cast<std::size_t>(corner))) continue;
+    coincide = true;
+    findings.Error("one-spot", object, PlaceOf(polygon.vertices[static_cast<std::size_t>(corner)]),
+                   "corners " + std::to_string(corner + 1) + " and " +
+                       std::to_string((corner + 1) % 3 + 1) + " lie on one spot");
+  }
+  if (coincide) return;
+  if (DoubleArea(polygon) == 0) {
+    findings.Error("no-area", object, PlaceOf(polygon.vertices[0]),
+                   "has no area: its corners lie on one line");
+  }
+}
+
+}  // namespace
+
+bool RunsTheWrongWay(const Polygon& polygon) {
+  const double area = DoubleArea(polygon);
+  return std::isfinite(area) && area != 0 && !PolygonIsOrdered(polygon);
+}
+
+void CheckPolygons(const MapDocument& document, FindingList& findings) {
+  int slot = 0;
+  for (const Polygon& polygon : document.polygons.Used()) {
+    if (CheckValues(polygon, slot, findings)) CheckShape(polygon, slot, findings);
+    ++slot;
+  }
+}
+
+}  // namespace vesmora

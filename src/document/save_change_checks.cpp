@@ -1,0 +1,121 @@
+#include <algorithm>
+#include <memory>
+
+#include "document/finding_list.h"
+#include "document/record_changes.h"
+#include "document/same_bytes.h"
+#include "document/save_preparation.h"
+#include "document/selection.h"
+#include "platform/text.h"
+
+namespace vesmora {
+namespace {
+
+bool IsMarked(const Polygon& /*polygon*/) { return false; }
+template <typename Record>
+bool IsMarked(const Record& record) {
+  return record.active == 1;
+}
+
+WorldPoint PlaceOf(const Polygon& polygon) { return vesmora::PlaceOf(polygon.vertices[0]); }
+template <typename Record>
+WorldPoint PlaceOf(const Record& record) {
+  return vesmora::PlaceOf(record);
+}
+
+/// A change that has a name of its own; false when it is not that one.
+bool TellTurned(const Polygon& polygon, int slot, FindingList& findings) {
+  if (!RunsTheWrongWay(polygon)) return false;
+  findings.Hint("corner-order", {ObjectKind::kPolygon, slot}, PlaceOf(polygon),
+                "its corners run the wrong way round; a save turns them");
+  return true;
+}
+template <typename Record>
+bool TellTurned(const Record& /*record*/, int /*slot*/, FindingList& /*findings*/) {
+  return false;
+}
+
+template <typename TableType>
+void CompareUsed(ObjectKind kind, const TableType& before, const TableType& after,
+                 FindingList& findings) {
+  for (int slot = 0; slot <= after.last; ++slot) {
+    if (HaveSameBytes(before[slot], after[slot])) continue;
+    if (TellTurned(before[slot], slot, findings)) continue;
+    const auto changes = ChangesIn(before[slot], after[slot]);
+    if (changes.empty()) continue;
+    findings.Hint("save-changes", {kind, slot}, PlaceOf(before[slot]),
+                  "a save changes it: " + Joined(changes));
+  }
+}
+
+/// What lies behind a table's end, where no program looks.
+template <typename TableType>
+void CompareFree(ObjectKind kind, const TableType& before, const TableType& after,
+                 FindingList& findings) {
+  int marked = 0;
+  bool differ = false;
+  for (int slot = before.Count(); slot < TableType::kCapacity; ++slot) {
+    if (HaveSameBytes(before[slot], after[slot])) continue;
+    differ = true;
+    if (IsMarked(before[slot])) ++marked;
+  }
+  const std::string name(NameOf(kind));
+  if (marked > 0) {
+    findings.Hint("table-gap", {}, std::nullopt,
+                  "the table of objects of the kind " + name + " has a gap; a save clears the " +
+                      std::to_string(marked) + " behind it, which no program finds");
+  } else if (differ) {
+    findings.Hint("free-slots", {}, std::nullopt,
+                  "a save clears what is left in free slots of the kind " + name);
+  }
+}
+
+/// The free slots are zeroed by what a save prepares.
+template <typename TableType>
+void CopyUsed(const TableType& from, TableType& to) {
+  to.SetCount(from.Count());
+  std::ranges::copy(from.Used(), to.slots.begin());
+}
+
+template <typename TableType>
+void CompareTable(ObjectKind kind, const TableType& before, const TableType& after,
+                  FindingList& findings) {
+  CompareUsed(kind, before, after, findings);
+  CompareFree(kind, before, after, findings);
+}
+
+}  // namespace
+
+void CheckWhatSaveChanges(const MapDocument& document, MapDocument& scratch,
+                          FindingList& findings) {
+  CopyUsed(document.polygons, scratch.polygons);
+  CopyUsed(document.spawns, scratch.spawns);
+  CopyUsed(document.sceneries, scratch.sceneries);
+  CopyUsed(document.colliders, scratch.colliders);
+  CopyUsed(document.waypoints, scratch.waypoints);
+  scratch.author = document.author;
+  if (scratch.sceneries.Full()) {
+    scratch.sceneries.DropLast();
+    findings.Hint("scenery-dropped", {ObjectKind::kScenery, document.sceneries.last},
+                  PlaceOf(document.sceneries.Last()), "a save leaves it out: the table is full");
+  }
+  if (TrimBlanks(document.author).empty()) {
+    findings.Hint("no-author", {}, std::nullopt, "has no author; a save writes \"Unknow\"");
+  }
+  Selection nothing;
+  PrepareForSave(scratch, nothing);
+  StoreAuthor(scratch);
+  if (!std::ranges::equal(document.colliders.Used(), scratch.colliders.Used(), {},
+                          &Collider::authorChar, &Collider::authorChar) &&
+      document.author == scratch.author) {
+    findings.Hint("author-cut", {}, std::nullopt,
+                  "has more of an author's name than is read; a save cuts it");
+  }
+  CompareTable(ObjectKind::kPolygon, document.polygons, scratch.polygons, findings);
+  CompareTable(ObjectKind::kSpawn, document.spawns, scratch.spawns, findings);
+  CompareTable(ObjectKind::kScenery, document.sceneries, scratch.sceneries, findings);
+  CompareTable(ObjectKind::kCollider, document.colliders, scratch.colliders, findings);
+  CompareTable(ObjectKind::kWaypoint, document.waypoints, scratch.waypoints, findings);
+}
+
+}  // namespace vesmora

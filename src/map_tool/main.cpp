@@ -1,0 +1,18 @@
+#include <random>
+#include <thread>
+
+#include "map_tool/map_tool.h"
+#include "platform/temp_folder.h"
+
+int main(int count, char** values) {
+  std::mt19937 generator(std::random_device{}());
+  vesmora::map_tool::World world{
+      .console = vesmora::SystemConsole(),
+      .files = vesmora::SystemFileCalls(),
+      .random = [&] { return std::uniform_real_distribution(0.0, 1.0)(generator); },
+      .tempFolder = [] { return vesmora::PrivateTempFolder(vesmora::SystemFileCalls(), "").path; },
+      .processors = static_cast<int>(std::thread::hardware_concurrency()),
+      .gameFolder = vesmora::EnvironmentText("VESMORA_GAME")};
+  if (!world.gameFolder.empty() && !world.gameFolder.ends_with('/')) world.gameFolder += '/';
+  return vesmora::map_tool::RunMapTool(vesmora::ProgramArguments(count, values), world);
+}

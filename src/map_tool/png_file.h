@@ -1,0 +1,14 @@
+// Pictures as PNG files.
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+#include "view/pixel_painter.h"
+
+namespace vesmora::map_tool {
+
+/// The whole file, colours without alpha. Empty when there is no memory for it.
+std::vector<std::byte> EncodePng(const Picture& picture);
+
+}  // namespace vesmora::map_tool

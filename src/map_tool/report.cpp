@@ -1,0 +1,113 @@
+#include "map_tool/report.h"
+
+#include <algorithm>
+
+namespace vesmora::map_tool {
+namespace {
+
+constexpr auto kPatience = std::chrono::milliseconds(700);  // before work counts as long
+constexpr auto kStep = std::chrono::milliseconds(100);
+constexpr std::string_view kEraseLine = "\r\x1b[K";
+
+std::string_view CodeOf(Tint tint) {
+  switch (tint) {
+    case Tint::kError:
+      return "\x1b[1;31m";
+    case Tint::kHint:
+      return "\x1b[33m";
+    case Tint::kName:
+      return "\x1b[1m";
+    case Tint::kFaint:
+      break;
+  }
+  return "\x1b[2m";
+}
+
+}  // namespace
+
+std::string Tinted(std::string_view text, Tint tint, bool wanted) {
+  if (!wanted) return std::string(text);
+  return std::string(CodeOf(tint)).append(text).append("\x1b[0m");
+}
+
+std::string Printable(std::string text) {
+  std::ranges::replace_if(
+      text, [](char c) { return (c >= 0 && c < ' ') || c == '\x7f'; }, '?');
+  return text;
+}
+
+std::string NameOf(Command command) {
+  switch (command) {
+    case Command::kInfo:
+      return "info";
+    case Command::kCheck:
+      return "check";
+    case Command::kCompile:
+      return "compile";
+    case Command::kResave:
+      return "resave";
+    case Command::kRender:
+      return "render";
+    case Command::kDiff:
+      return "diff";
+    case Command::kPrefabExport:
+      return "prefab export";
+    case Command::kPrefabImport:
+      return "prefab import";
+    case Command::kRescue:
+      break;
+  }
+  return "rescue";
+}
+
+Reporter::Reporter(const Arguments& arguments, Console& console, std::size_t total)
+    : arguments_(arguments), console_(console), total_(total) {}
+
+void Reporter::Take(Outcome& outcome) {
+  ++taken_;
+  status_ = std::max(status_, outcome.status);
+  if (!outcome.told.empty()) {
+    HideProgress();
+    console_.Tell(outcome.told);
+  }
+  if (arguments_.json) {
+    results_.push_back(std::move(outcome.json));
+  } else if (!outcome.text.empty()) {
+    HideProgress();
+    if (!console_.Write(std::as_bytes(std::span(outcome.text))).Ok()) status_ = kTrouble;
+  }
+  ShowProgress();
+}
+
+int Reporter::Finish() {
+  HideProgress();
+  if (arguments_.json) {
+    Json all = Json::object();
+    all["format"] = kJsonFormat;
+    all["version"] = VESMORA_VERSION;
+    all["command"] = NameOf(arguments_.command);
+    all["results"] = std::move(results_);
+    const std::string text = all.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+    if (!console_.Write(std::as_bytes(std::span(text))).Ok()) status_ = kTrouble;
+  }
+  return status_;
+}
+
+void Reporter::ShowProgress() {
+  const auto now = std::chrono::steady_clock::now();
+  if (taken_ == total_ || now - start_ < kPatience || (isShown_ && now - shown_ < kStep) ||
+      !console_.ErrorIsTerminal()) {
+    return;
+  }
+  console_.Tell(std::string(kEraseLine) + std::to_string(taken_) + " of " + std::to_string(total_) +
+                " maps");
+  shown_ = now;
+  isShown_ = true;
+}
+
+void Reporter::HideProgress() {
+  if (isShown_) console_.Tell(kEraseLine);
+  isShown_ = false;
+}
+
+}  // namespace vesmora::map_tool
