@@ -1,4 +1,4 @@
-// What both targets need around their checks.
+// What all targets need around their checks.
 #pragma once
 
 #include <gtest/gtest.h>

@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <cstdint>
 #include <cstdlib>
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -44,20 +45,27 @@ class FaultyFileCalls final : public FileCalls {
   void DieBefore(int number) { lastCall_ = number; }
   /// A disk with room for this many bytes a file: a write over it is cut, then ENOSPC.
   void LimitFileSize(std::uint64_t bytes) { sizeLimit_ = bytes; }
+  /// Runs ahead of each OpenInPlace.
+  std::function<void(Path)> onOpenInPlace = [](Path) {};
   /// No read or write moves more than this.
   void LimitTransfer(std::size_t bytes) { transferLimit_ = bytes; }
   /// A lying disk: the byte at this offset of a file lands there changed.
   void SpoilWrittenByte(std::uint64_t offset) { spoiled_ = offset; }
 
   int Count() const { return static_cast<int>(names_.size()); }
+  /// Calls that were made to fail so far.
+  int Failures() const { return failures_; }
   /// The methods called so far, in order.
   const std::vector<std::string>& Names() const { return names_; }
 
-  int OpenToRead(Path path) override { return Pass("OpenToRead", &Calls::OpenToRead, path); }
+  int OpenToRead(Path p) override { return Opened(Pass("OpenToRead", &Calls::OpenToRead, p)); }
   int CreateNew(Path p, unsigned mode) override {
     return Opened(Pass("CreateNew", &Calls::CreateNew, p, mode));
   }
-  int OpenInPlace(Path p) override { return Opened(Pass("OpenInPlace", &Calls::OpenInPlace, p)); }
+  int OpenInPlace(Path p) override {
+    onOpenInPlace(p);
+    return Opened(Pass("OpenInPlace", &Calls::OpenInPlace, p));
+  }
   std::int64_t Read(int handle, std::span<std::byte> bytes) override {
     return Pass("Read", &Calls::Read, handle, bytes.first(std::min(bytes.size(), transferLimit_)));
   }
@@ -79,6 +87,7 @@ class FaultyFileCalls final : public FileCalls {
   int Close(int handle) override {
     const int injected = Step("Close", [] { return 0; });
     const int result = real_.Close(handle);
+    written_.erase(handle);
     return injected < 0 ? injected : result;
   }
   int InfoOfHandle(int handle, FileInfo& info) override {
@@ -111,7 +120,7 @@ class FaultyFileCalls final : public FileCalls {
   auto Step(const char* name, Call call) -> decltype(call()) {
     names_.emplace_back(name);
     if (Count() == exit_.first) std::_Exit(exit_.second);
-    if (Count() == lastCall_) throw Killed();
+    if (Count() == lastCall_) Kill();
     if (const int error = InjectedError(); error != 0) return Failed(error);
     lastError_.clear();
     const auto result = call();
@@ -130,17 +139,25 @@ class FaultyFileCalls final : public FileCalls {
     return failing != failingNameList.end() ? failing->second : 0;
   }
   int Failed(int error) {
+    ++failures_;
     lastError_ = std::generic_category().message(error);
     return -error;
   }
   int Opened(int handle) {
-    written_[handle] = 0;
+    if (handle >= 0) written_[handle] = 0;
     return handle;
+  }
+  /// The system closes what a process had open.
+  void Kill() {
+    for (const auto& [handle, bytes] : written_) real_.Close(handle);
+    written_.clear();
+    throw Killed();
   }
 
   FileCalls& real_;
   std::vector<std::string> names_;
   std::map<std::string, int> failingNameList;
+  int failures_ = 0;
   int failingCall_ = 0;
   int failingError_ = 0;
   int otherFailingCall_ = 0;
@@ -150,7 +167,7 @@ class FaultyFileCalls final : public FileCalls {
   std::uint64_t sizeLimit_ = ~std::uint64_t{0};
   std::size_t transferLimit_ = ~std::size_t{0};
   std::optional<std::uint64_t> spoiled_;
-  std::map<int, std::uint64_t> written_;  // by handle: bytes so far
+  std::map<int, std::uint64_t> written_;  // by open handle: bytes so far
   std::string lastError_;
 };
 
