@@ -64,7 +64,9 @@ SectorShortage VisitSectors(const MapDocument& document, Enter enter) {
     bool fits = true;
     for (std::int32_t column = Clipped(columns).first; column <= Clipped(columns).last; ++column) {
       for (std::int32_t row = Clipped(rows).first; row <= Clipped(rows).last; ++row) {
-        fits = enter(number, static_cast<std::size_t>(column * kSectorsPerSide + row)) && fits;
+        fits = enter(number, static_cast<std::size_t>(column) * kSectorsPerSide +
+                                 static_cast<std::size_t>(row)) &&
+               fits;
       }
     }
     if (!fits) ++shortage.crowded;

@@ -69,7 +69,7 @@ void DrawPicture(MapDocument& document, int width, int height, Canvas& canvas) {
            .selection = Selection{},
            .view = view,
            .show = ShowOptions{},
-           .tool = ToolDrawing{}},
+           .tool = ToolDrawing{.showsNext = false}},
           canvas);
 }
 

@@ -33,7 +33,7 @@ class SafetyNetTest : public testing::Test, protected EditorBench {
   /// The map with a step before it and something changed, down to parts of a world unit.
   void Edit(int mark) {
     TakeUndoSnapshot(editor, "Step" + std::to_string(mark));
-    before = Now();
+    before_ = Now();
     map.sectorDivision = mark;
     if (map.waypoints.Empty()) AddWaypoint(map, 0, 0, 1, {});
     map.waypoints[0].x = 1001 * mark;
@@ -45,10 +45,10 @@ class SafetyNetTest : public testing::Test, protected EditorBench {
   Editor& StartAnew(Editor* old = nullptr) {
     files.DieBefore(0);
     LetGo(old == nullptr ? journal.folder : old->journal.folder);
-    next = std::make_unique<Editor>(editor.ports);
-    next->journal.folder = HoldUndoFolder(files, editor.ports.tempFolder);
-    FindLostMaps(*next);
-    return *next;
+    next_ = std::make_unique<Editor>(editor.ports);
+    next_->journal.folder = HoldUndoFolder(files, editor.ports.tempFolder);
+    FindLostMaps(*next_);
+    return *next_;
   }
   /// Name, cause and first counts of all that is kept, the newest first.
   std::vector<std::string> Kept() {
@@ -65,8 +65,8 @@ class SafetyNetTest : public testing::Test, protected EditorBench {
     return paths.empty() ? 0 : Fingerprint(*ReadRescued(files, paths[0])->map);
   }
 
-  State before;  // the last edit
-  std::unique_ptr<Editor> next;
+  State before_;  // the last edit
+  std::unique_ptr<Editor> next_;
 };
 
 TEST_F(SafetyNetTest, RedoTakesUndoBackToTheByteUntilTheNextStep) {
@@ -137,7 +137,7 @@ TEST_F(SafetyNetTest, WithAnyFaultsUndoAndRedoGiveBackWhatTheMapWas) {
         const std::int16_t slot = journal.undoSlot;
         Edit(++mark);
         redo.clear();
-        if (journal.undoSlot != slot) undo.push_back(before);
+        if (journal.undoSlot != slot) undo.push_back(before_);
         EXPECT_TRUE(journal.undoSlot != slot || journal.failureTold);
       } else if (choice == 3 && offered >= 0) {
         MenuUndo(editor);
@@ -168,7 +168,7 @@ TEST_F(SafetyNetTest, KilledAnywhereTheNextStartKeepsTheMap) {
   int kept = 0;
   for (int run = 0; run < kRuns; ++run) {
     std::filesystem::remove_all(editor.ports.settingsFolder);
-    LetGo(next != nullptr ? next->journal.folder : journal.folder);
+    LetGo(next_ != nullptr ? next_->journal.folder : journal.folder);
     journal.folder = HoldUndoFolder(files, editor.ports.tempFolder);
     StartNewMap(editor);
     const std::uint64_t empty = Fingerprint(map);

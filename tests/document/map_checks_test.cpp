@@ -14,7 +14,6 @@ namespace vesmora {
 namespace {
 
 using testing::ElementsAreArray;
-using testing::IsEmpty;
 
 /// A map that nothing is wrong with, as it is read from its file.
 void MakeSound(MapDocument& map) {

@@ -1,12 +1,12 @@
 // What only these systems have: links, permission bits and pipes, and a shared temporary folder.
 #include <gtest/gtest.h>
-#include <stdlib.h>  // setenv
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdlib>
 #include <cstring>
 #include <functional>
 

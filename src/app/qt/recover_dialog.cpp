@@ -32,8 +32,8 @@ Recover::Recover(const Editor& editor, QWidget* parent)
                    parent),
       editor_(editor),
       paths_(ListRecoverable(editor)) {
-  Top().addWidget(
-      new QLabel("These maps were not saved. One that is opened stays here until it is."));
+  Top().addWidget(new QLabel(
+      "These maps were not saved. One that you open stays in this list until you save it."));
   for (const std::string& path : paths_) {
     const RecoverContents contents = ShowRecoverable(editor, path);
     AddRow(contents.map ? ShortTimeText(contents.time) + "  " + ToQt(contents.lNimi) : ToQt(path));
