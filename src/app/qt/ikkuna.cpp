@@ -25,6 +25,7 @@
 #include "app/window_placement.h"
 #include "document/numbers.h"
 #include "panel/refresh_panel.h"
+#include "platform/console.h"
 #include "platform/qt/qt_text.h"
 #include "platform/temp_folder.h"
 #include "tools/mouse_dispatch.h"
@@ -57,7 +58,7 @@ Ports MakePorts(Dialogs& dialogs, WindowPort& window, Settings& settings, Shell&
   const TempFolder temp = PrivateTempFolder(SystemFileCalls(), settingsFolder + "Temp/");
   const auto [programFolder, gameFolder] =
       FindProgramFolders(SystemFileCalls(), WithSlash(QApplication::applicationDirPath()),
-                         qEnvironmentVariable("VESMORA_GAME").toStdString());
+                         EnvironmentText("VESMORA_GAME"));
   return {.files = SystemFileCalls(),
           .dialogs = dialogs,
           .window = window,

@@ -5,7 +5,7 @@
 #include <thread>
 
 #include "app/qt/ikkuna.h"
-#include "platform/qt/command_line.h"
+#include "platform/console.h"
 #include "platform/qt/font_configuration.h"
 #include "platform/qt/session_end.h"
 
@@ -39,7 +39,10 @@ int main(int argc, char** argv) {
     window->EndSession();
     QApplication::exit();
   });
-  const std::string arguments = vesmora::CommandLine(argc, argv);
+  std::string arguments;  // as they are: the toolkit's are cut to what the locale can tell
+  for (const std::string& argument : vesmora::ProgramArguments(argc, argv)) {
+    arguments += (arguments.empty() ? "" : " ") + argument;
+  }
   QTimer::singleShot(0, window.get(), [&] { window->Activate(arguments); });
   return QApplication::exec();
 }
