@@ -39,11 +39,17 @@ inline constexpr std::string_view kWalkTexts =
     "Unknow|\xC3\xA5\xE2\x82\xAC\xFF|Much too long a name|[GAME]\nGameStyle=3\n|[game]\ngamestyle=|"
     "GameStyle=3\n[GAME|[GAME]\n[OTHER]\nGameStyle=3\n";
 
+#ifdef _WIN32  // where every name is text
+inline constexpr const char* kOddName = "\xC3\xBF.PMP";
+#else
+inline constexpr const char* kOddName = "\xFF.PMP";
+#endif
+
 /// Maps and prefabs of tests/data, and names of which nothing is there.
 inline const auto kWalkFiles = [] {
   std::vector<std::string> files = {
       "full.pmp", "small.pmp", "terrain.pmp", "large.pre", "temp",      "game/MAPS/ctf_a.pmp",
-      "none.pmp", "none.pre",  "no/such.pmp", "\xFF.PMP",  "notes.txt", ""};
+      "none.pmp", "none.pre",  "no/such.pmp", kOddName,    "notes.txt", ""};
   for (const auto& entry : std::filesystem::directory_iterator(DataPath("hostile"))) {
     files.push_back("hostile/" + entry.path().filename().string());
   }
