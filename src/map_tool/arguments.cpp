@@ -176,12 +176,14 @@ class Reader {
         ->add_option("--show", ReadShow(picture.show),
                      "Only these, of: polygons spawns sceneries colliders waypoints advanced all")
         ->type_name("KIND,...");
-    render->add_flag("--filled", picture.filled,
-                     "Paint polygons with their colours and the background with its two");
+    CLI::Option* filled =
+        render->add_flag("--filled", picture.filled,
+                         "Paint polygons with their colours and the background with its two");
     render
         ->add_option("--textures", picture.textures,
                      "Where the textures of filled polygons lie; if not told, in the game's folder")
-        ->type_name("FOLDER");
+        ->type_name("FOLDER")
+        ->needs(filled);
     render->add_flag("--poster", picture.poster, "All maps in one picture, with their names");
     render->add_flag("--svg", picture.svg, "SVG, where the output's name does not tell");
   }

@@ -1,6 +1,7 @@
 #include "map_tool/inputs.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <set>
 #include <utility>
 
@@ -16,26 +17,28 @@ std::string InFolder(const std::string& folder, const std::string& name) {
   return folder + (hasSlash ? "" : "/") + name;
 }
 
-/// Empty, or why the folder cannot be read.
-std::string FindMaps(FileCalls& files, const std::string& folder, int depth,
-                     std::vector<Input>& inputs) {
+void FindMaps(FileCalls& files, const std::string& folder, int depth, std::vector<Input>& inputs) {
   std::vector<std::string> names;
-  if (files.ListFolder(folder, names) < 0) return folder + ": " + files.LastError();
+  if (files.ListFolder(folder, names) < 0) {
+    inputs.push_back({.path = folder, .name = folder, .problem = files.LastError()});
+    return;
+  }
   std::ranges::sort(names);
   for (const std::string& name : names) {
     const std::string path = InFolder(folder, name);
     FileInfo info;
     std::string target;
-    if (files.Info(path, info) < 0) continue;
-    if (info.kind == FileKind::kRegular && EndsIgnoringCase(name, ".pmp")) {
-      inputs.push_back({path, path});
+    if (const int result = files.Info(path, info); result < 0) {
+      // A link to nothing may be anything; a map with this name is missed.
+      if (result == -ENOENT && !EndsIgnoringCase(name, ".pmp")) continue;
+      inputs.push_back({.path = path, .name = path, .problem = files.LastError()});
+    } else if (info.kind == FileKind::kRegular && EndsIgnoringCase(name, ".pmp")) {
+      inputs.push_back({.path = path, .name = path, .problem = {}});
     } else if (info.kind == FileKind::kFolder && depth < kDeepest &&
                files.ReadLink(path, target) < 0) {
-      const std::string problem = FindMaps(files, path, depth + 1, inputs);
-      if (!problem.empty()) return problem;
+      FindMaps(files, path, depth + 1, inputs);
     }
   }
-  return {};
 }
 
 /// By device and number, so that links and other spellings of a path are seen through.
@@ -45,11 +48,6 @@ std::optional<FileIdentity> IdentityOf(FileCalls& files, const std::string& path
   FileInfo info;
   if (files.Info(path, info) < 0) return std::nullopt;
   return FileIdentity{info.device, info.number};
-}
-
-bool MakesMaps(Command command) {
-  return command == Command::kCompile || command == Command::kResave ||
-         command == Command::kPrefabImport;
 }
 
 /// The name of a result in a folder.
@@ -72,12 +70,15 @@ std::string WhatIsLost(FileCalls& files, const Arguments& arguments,
   for (const std::string& path : paths) {
     if (const auto identity = IdentityOf(files, path)) read.insert(*identity);
   }
+  const bool takesAndMakesMaps =
+      MakesMaps(arguments.command) && arguments.command != Command::kRescue;
   std::set<std::string> names;
-  for (const std::string& target : targets) {
-    if (target == kStandardStream) continue;
+  for (std::size_t i = 0; i < targets.size(); ++i) {
+    const std::string& target = targets[i];
+    if (target == kStandardStream || !inputs[i].problem.empty()) continue;
     if (!names.insert(target).second) return "two results would be " + target;
     const auto identity = IdentityOf(files, target);
-    const bool isItself = !isFolder && MakesMaps(arguments.command) && inputs.size() == 1 &&
+    const bool isItself = !isFolder && takesAndMakesMaps && inputs.size() == 1 &&
                           SameFile(files, target, inputs.front().path);
     if (identity && read.contains(*identity) && !isItself) {
       return target + " is one of the files that are read";
@@ -86,7 +87,31 @@ std::string WhatIsLost(FileCalls& files, const Arguments& arguments,
   return {};
 }
 
+/// The endings that suit what the command writes.
+std::vector<std::string> SuitableEndings(const Arguments& arguments) {
+  if (arguments.command == Command::kPrefabExport) return {".pre"};
+  if (arguments.command != Command::kRender) return {".pmp"};
+  if (arguments.picture.svg) return {".svg"};
+  return {".png", ".svg"};
+}
+
 }  // namespace
+
+bool MakesMaps(Command command) {
+  return command == Command::kCompile || command == Command::kResave ||
+         command == Command::kPrefabImport || command == Command::kRescue;
+}
+
+std::string WhyWrongEnding(const Arguments& arguments) {
+  const std::string_view name = FileNamePart(arguments.output);
+  const std::size_t dot = name.rfind('.');
+  if (dot == std::string::npos || dot == 0) return {};
+  const std::vector<std::string> endings = SuitableEndings(arguments);
+  const auto suits = [&](const std::string& ending) { return EndsIgnoringCase(name, ending); };
+  if (std::ranges::any_of(endings, suits)) return {};
+  return arguments.output + " must end in " + endings.front() +
+         (endings.size() > 1 ? " or " + endings.back() : "");
+}
 
 bool IsFolder(FileCalls& files, const std::string& path) {
   FileInfo info;
@@ -101,12 +126,12 @@ InputList FindInputs(FileCalls& files, const Arguments& arguments) {
   }
   for (const std::string& path : arguments.inputs) {
     if (isStandard(path)) {
-      list.inputs.push_back({path, arguments.name.empty() ? "-" : arguments.name});
+      list.inputs.push_back(
+          {.path = path, .name = arguments.name.empty() ? "-" : arguments.name, .problem = {}});
     } else if (IsFolder(files, path)) {
-      list.problem = FindMaps(files, path, 0, list.inputs);
-      if (!list.problem.empty()) return {.inputs = {}, .problem = list.problem};
+      FindMaps(files, path, 0, list.inputs);
     } else {
-      list.inputs.push_back({path, path});
+      list.inputs.push_back({.path = path, .name = path, .problem = {}});
     }
   }
   if (list.inputs.empty()) list.problem = "there are no maps";
@@ -136,6 +161,7 @@ OutputPlan PlanOutputs(FileCalls& files, const Arguments& arguments,
                                     : arguments.output);
   }
   plan.problem = WhatIsLost(files, arguments, inputs, plan.targets, isFolder);
+  if (plan.problem.empty() && !isFolder) plan.problem = WhyWrongEnding(arguments);
   return plan;
 }
 

@@ -5,6 +5,9 @@
 #include <deque>
 #include <memory>
 #include <mutex>
+#include <new>
+#include <optional>
+#include <system_error>
 #include <thread>
 #include <vector>
 
@@ -16,15 +19,40 @@ constexpr std::size_t kFilesPerJob = 2;  // one being worked on, one ready
 struct Job {
   std::size_t index = 0;
   FileContents file;
-  Outcome outcome;
+  std::optional<Outcome> outcome;  // none without memory
   bool isDone = false;
 };
+
+bool TryToRead(const JobSteps& steps, Job& job) {
+  try {
+    steps.read(job.index, job.file);
+    return true;
+  } catch (const std::bad_alloc&) {
+    job.file = {};
+    return false;
+  }
+}
+
+/// None without memory. An outcome that says so would need some: it is made by the calling thread.
+std::optional<Outcome> TryToWork(const JobSteps& steps, const Job& job, Workbench& bench) {
+  try {
+    return steps.work(job.index, job.file, bench);
+  } catch (const std::bad_alloc&) {
+    return std::nullopt;
+  }
+}
+
+void Finish(const JobSteps& steps, Job& job) {
+  if (!job.outcome) job.outcome = steps.lackMemory(job.index);
+  steps.finish(job.index, *job.outcome);
+}
 
 /// Threads that work on what is put in, in order, until they are told that there is no more.
 class Workers {
  public:
   Workers(int count, const JobSteps& steps) : steps_(steps) {
-    for (int i = 0; i < count; ++i) threads_.emplace_back([this] { Work(); });
+    threads_.reserve(static_cast<std::size_t>(count));
+    for (int i = 0; i < count && Start(); ++i) continue;
   }
   Workers(const Workers&) = delete;
   Workers& operator=(const Workers&) = delete;
@@ -37,10 +65,11 @@ class Workers {
     for (std::thread& thread : threads_) thread.join();
   }
 
+  /// Those that could be started.
+  std::size_t Count() const { return threads_.size(); }
   void Put(Job& job) {
     {
       const std::lock_guard lock(mutex_);
-      job.isDone = false;
       waiting_.push_back(&job);
     }
     changed_.notify_all();
@@ -51,8 +80,17 @@ class Workers {
   }
 
  private:
-  void Work() {
-    const auto bench = std::make_unique<Workbench>();
+  bool Start() {
+    try {
+      threads_.emplace_back([this, bench = std::make_unique<Workbench>()] { Work(*bench); });
+      return true;
+    } catch (const std::bad_alloc&) {
+      return false;
+    } catch (const std::system_error&) {
+      return false;
+    }
+  }
+  void Work(Workbench& bench) {
     std::unique_lock lock(mutex_);
     while (true) {
       changed_.wait(lock, [this] { return isClosed_ || !waiting_.empty(); });
@@ -60,7 +98,7 @@ class Workers {
       Job& job = *waiting_.front();
       waiting_.pop_front();
       lock.unlock();
-      job.outcome = steps_.work(job.index, job.file, *bench);
+      job.outcome = TryToWork(steps_, job, bench);
       lock.lock();
       job.isDone = true;
       changed_.notify_all();
@@ -77,11 +115,11 @@ class Workers {
 
 void RunAlone(std::size_t count, const JobSteps& steps) {
   const auto bench = std::make_unique<Workbench>();
-  FileContents file;
-  for (std::size_t i = 0; i < count; ++i) {
-    steps.read(i, file);
-    Outcome outcome = steps.work(i, file, *bench);
-    steps.finish(i, outcome);
+  Job job;
+  for (job.index = 0; job.index < count; ++job.index) {
+    const bool isRead = TryToRead(steps, job);
+    job.outcome = isRead ? TryToWork(steps, job, *bench) : std::nullopt;
+    Finish(steps, job);
   }
 }
 
@@ -92,17 +130,19 @@ void RunJobs(int jobs, std::size_t count, const JobSteps& steps) {
   if (threads <= 1) return RunAlone(count, steps);
   std::vector<Job> ring(kFilesPerJob * static_cast<std::size_t>(threads));
   Workers workers(threads, steps);
+  if (workers.Count() == 0) return RunAlone(count, steps);
   const auto finish = [&](std::size_t i) {
     Job& job = ring[i % ring.size()];
     workers.WaitFor(job);
-    steps.finish(i, job.outcome);
+    Finish(steps, job);
   };
   for (std::size_t i = 0; i < count; ++i) {
     if (i >= ring.size()) finish(i - ring.size());
     Job& job = ring[i % ring.size()];
     job.index = i;
-    steps.read(i, job.file);
-    workers.Put(job);
+    job.outcome.reset();
+    job.isDone = !TryToRead(steps, job);
+    if (!job.isDone) workers.Put(job);
   }
   for (std::size_t i = count - std::min(count, ring.size()); i < count; ++i) finish(i);
 }

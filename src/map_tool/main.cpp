@@ -1,10 +1,14 @@
+#include <exception>
 #include <random>
 #include <thread>
 
+#include "map_tool/exit_status.h"
 #include "map_tool/map_tool.h"
 #include "platform/temp_folder.h"
 
-int main(int count, char** values) {
+namespace {
+
+int RunProgram(int count, char** values) {
   std::mt19937 generator(std::random_device{}());
   vesmora::map_tool::World world{
       .console = vesmora::SystemConsole(),
@@ -15,4 +19,18 @@ int main(int count, char** values) {
       .gameFolder = vesmora::EnvironmentText("VESMORA_GAME")};
   if (!world.gameFolder.empty() && !world.gameFolder.ends_with('/')) world.gameFolder += '/';
   return vesmora::map_tool::RunMapTool(vesmora::ProgramArguments(count, values), world);
+}
+
+}  // namespace
+
+int main(int count, char** values) {
+  try {
+    return RunProgram(count, values);
+  } catch (const std::exception& problem) {
+    vesmora::Console& console = vesmora::SystemConsole();
+    console.Tell("vesmora-map: ");
+    console.Tell(problem.what());
+    console.Tell("\n");
+    return vesmora::map_tool::kTrouble;
+  }
 }

@@ -1,6 +1,7 @@
 #include "map_tool/map_tool.h"
 
 #include <memory>
+#include <new>
 #include <optional>
 
 #include "document/map_backup.h"
@@ -25,6 +26,8 @@ std::string EndingOf(const Arguments& arguments) {
       return ".pmp";
   }
 }
+
+constexpr std::string_view kNoMemory = "not enough memory";
 
 bool WritesFiles(Command command) {
   return command != Command::kInfo && command != Command::kCheck && command != Command::kDiff;
@@ -70,6 +73,7 @@ class Run {
         textures_(world.files, arguments.picture.textures, world.gameFolder) {}
 
   int Start() {
+    if (const std::string problem = WhyRefused(); !problem.empty()) return Fail(problem);
     InputList list = FindInputs(world_.files, arguments_);
     if (!list.problem.empty()) return Fail(list.problem);
     inputs_ = std::move(list.inputs);
@@ -95,10 +99,32 @@ class Run {
  private:
   int Fail(const std::string& problem) {
     world_.console.Tell("vesmora-map: " + Printable(problem) + "\n");
+    // A result's place takes nothing else.
+    if (arguments_.json && arguments_.output != kStandardStream) {
+      Json json = JsonStart(arguments_.command);
+      json["error"] = problem;
+      WriteJsonOrTell(world_.console, json);
+    }
     return kTrouble;
   }
 
+  /// Empty, or which folder is there or missing against what is needed.
+  std::string WhyRefused() {
+    const std::string& textures = arguments_.picture.textures;
+    if (!textures.empty() && !IsFolder(world_.files, textures)) {
+      return textures + " is no folder with textures";
+    }
+    if (arguments_.command != Command::kRescue) return {};
+    for (const std::string& path : arguments_.inputs) {
+      if (IsFolder(world_.files, path)) return path + " is a folder, not an undo file";
+    }
+    return {};
+  }
+
   FileContents Read(const Input& input) {
+    if (!input.problem.empty()) {
+      return {.status = {FileFailure::kError, input.problem}, .bytes = {}};
+    }
     return input.path == kStandardStream ? world_.console.ReadInput(kMapReadLimit)
                                          : ReadFile(world_.files, input.path, kMapReadLimit);
   }
@@ -136,6 +162,9 @@ class Run {
       randoms_[i] = world_.random();
       if (arguments_.picture.filled) found_[i] = textures_.Find(inputs_[i].path, file);
     };
+    steps.lackMemory = [this](std::size_t i) {
+      return Trouble(inputs_[i].name, std::string(kNoMemory));
+    };
     return steps;
   }
 
@@ -146,8 +175,8 @@ class Run {
       return RunCommand(TaskFor(i, file), bench);
     };
     steps.finish = [&](std::size_t i, Outcome& outcome) {
-      if (!outcome.bytes.empty()) {
-        const FileStatus status = WriteResult(targets_[i], inputs_[i].path, outcome.bytes);
+      if (WritesFiles(arguments_.command) && outcome.status != kTrouble) {
+        const FileStatus status = WriteResult(targets_[i], outcome.bytes);
         if (!status.Ok()) {
           outcome = Trouble(targets_[i], "could not be written: " + status.reason);
         }
@@ -186,18 +215,24 @@ class Run {
         return Fail(target + " is one of the files that are read");
       }
     }
+    if (const std::string problem = WhyWrongEnding(arguments_); !problem.empty()) {
+      return Fail(problem);
+    }
     Reporter reporter(arguments_, world_.console, inputs_.size());
     Poster poster(layout, isSvg);
     JobSteps steps = FirstSteps();
     steps.work = [&](std::size_t i, const FileContents& file, Workbench& bench) {
       return DrawTile(TaskFor(i, file), layout, isSvg, bench);
     };
+    std::size_t drawn = 0;
     steps.finish = [&](std::size_t i, Outcome& outcome) {
+      if (outcome.status != kTrouble) ++drawn;
       poster.Put(i, inputs_[i].name, outcome.bytes);
       reporter.Take(outcome);
     };
     RunJobs(arguments_.jobs, inputs_.size(), steps);
-    const FileStatus status = WriteResult(target, {}, poster.TakeFile());
+    if (drawn == 0) return reporter.Finish();
+    const FileStatus status = WriteResult(target, poster.TakeFile());
     if (!status.Ok()) {
       Outcome outcome = Trouble(target, "could not be written: " + status.reason);
       reporter.Take(outcome);
@@ -205,11 +240,11 @@ class Run {
     return reporter.Finish();
   }
 
-  /// What replaces the map that it was made of keeps that one as the backup.
-  FileStatus WriteResult(const std::string& target, const std::string& source,
-                         const std::vector<std::byte>& bytes) {
+  /// A map that another one replaces is kept as the backup.
+  FileStatus WriteResult(const std::string& target, const std::vector<std::byte>& bytes) {
+    if (bytes.empty()) return {FileFailure::kError, "there is nothing to write"};
     if (target == kStandardStream) return world_.console.Write(bytes);
-    if (!source.empty() && SameFile(world_.files, target, source)) {
+    if (MakesMaps(arguments_.command) && FileExists(world_.files, target)) {
       if (!tempFolder_) tempFolder_ = world_.tempFolder();
       const FileStatus status = BackUpMap(world_.files, *tempFolder_, target);
       if (!status.Ok()) return status;
@@ -236,11 +271,17 @@ int RunMapTool(const std::vector<std::string>& words, World& world) {
   const Parsing parsing = ParseArguments(words, world.processors);
   if (!parsing.error.empty()) world.console.Tell(parsing.error);
   if (!parsing.output.empty()) {
-    const FileStatus status = world.console.Write(std::as_bytes(std::span(parsing.output)));
-    if (!status.Ok()) return kTrouble;
+    if (!WriteOrTell(world.console, parsing.output)) return kTrouble;
   }
   if (!parsing.arguments) return parsing.status;
-  return Run(*parsing.arguments, world).Start();
+  try {
+    return Run(*parsing.arguments, world).Start();
+  } catch (const std::bad_alloc&) {
+    world.console.Tell("vesmora-map: ");
+    world.console.Tell(kNoMemory);
+    world.console.Tell("\n");
+    return kTrouble;
+  }
 }
 
 }  // namespace vesmora::map_tool

@@ -4,6 +4,7 @@
 
 #include <zlib.h>
 
+#include <new>
 #include <span>
 #include <string_view>
 
@@ -61,14 +62,14 @@ Bytes RowsOf(const Picture& picture) {
   return rows;
 }
 
-/// Empty when there is no memory.
 Bytes Compressed(const Bytes& bytes) {
   auto size = compressBound(static_cast<uLong>(bytes.size()));
   Bytes compressed(size);
   const int result = compress2(reinterpret_cast<Bytef*>(compressed.data()), &size,
                                reinterpret_cast<const Bytef*>(bytes.data()),
                                static_cast<uLong>(bytes.size()), Z_DEFAULT_COMPRESSION);
-  compressed.resize(result == Z_OK ? size : 0);
+  if (result != Z_OK) throw std::bad_alloc();  // there is no other reason
+  compressed.resize(size);
   return compressed;
 }
 
@@ -76,7 +77,6 @@ Bytes Compressed(const Bytes& bytes) {
 
 std::vector<std::byte> EncodePng(const Picture& picture) {
   const Bytes compressed = Compressed(RowsOf(picture));
-  if (compressed.empty()) return {};
   Bytes file;
   Append(file, "\x89PNG\r\n\x1a\n");
   AppendChunk(file, "IHDR", HeaderOf(picture));

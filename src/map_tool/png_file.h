@@ -8,7 +8,7 @@
 
 namespace vesmora::map_tool {
 
-/// The whole file, colours without alpha. Empty when there is no memory for it.
+/// The whole file, colours without alpha. Throws std::bad_alloc when there is no memory for it.
 std::vector<std::byte> EncodePng(const Picture& picture);
 
 }  // namespace vesmora::map_tool

@@ -60,6 +60,26 @@ std::string NameOf(Command command) {
   return "rescue";
 }
 
+Json JsonStart(Command command) {
+  Json json = Json::object();
+  json["format"] = kJsonFormat;
+  json["version"] = VESMORA_VERSION;
+  json["command"] = NameOf(command);
+  return json;
+}
+
+bool WriteOrTell(Console& console, std::string_view text) {
+  const FileStatus status = console.Write(std::as_bytes(std::span(text)));
+  if (!status.Ok()) {
+    console.Tell("vesmora-map: standard output could not be written: " + status.reason + "\n");
+  }
+  return status.Ok();
+}
+
+bool WriteJsonOrTell(Console& console, const Json& json) {
+  return WriteOrTell(console, json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n");
+}
+
 Reporter::Reporter(const Arguments& arguments, Console& console, std::size_t total)
     : arguments_(arguments), console_(console), total_(total) {}
 
@@ -74,7 +94,8 @@ void Reporter::Take(Outcome& outcome) {
     results_.push_back(std::move(outcome.json));
   } else if (!outcome.text.empty()) {
     HideProgress();
-    if (!console_.Write(std::as_bytes(std::span(outcome.text))).Ok()) status_ = kTrouble;
+    if (!isOutputBroken_) isOutputBroken_ = !WriteOrTell(console_, outcome.text);
+    if (isOutputBroken_) status_ = kTrouble;
   }
   ShowProgress();
 }
@@ -82,13 +103,9 @@ void Reporter::Take(Outcome& outcome) {
 int Reporter::Finish() {
   HideProgress();
   if (arguments_.json) {
-    Json all = Json::object();
-    all["format"] = kJsonFormat;
-    all["version"] = VESMORA_VERSION;
-    all["command"] = NameOf(arguments_.command);
+    Json all = JsonStart(arguments_.command);
     all["results"] = std::move(results_);
-    const std::string text = all.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
-    if (!console_.Write(std::as_bytes(std::span(text))).Ok()) status_ = kTrouble;
+    if (!WriteJsonOrTell(console_, all)) status_ = kTrouble;
   }
   return status_;
 }

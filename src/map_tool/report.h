@@ -26,6 +26,13 @@ std::string Printable(std::string text);
 /// The command as it is called, such as "prefab export".
 std::string NameOf(Command command);
 
+/// What all that is written as JSON begins with.
+Json JsonStart(Command command);
+
+/// Writes to standard output. False, and told with the system's reason, when that fails.
+bool WriteOrTell(Console& console, std::string_view text);
+bool WriteJsonOrTell(Console& console, const Json& json);
+
 /// Hands results on as they come and counts them on a terminal when they take long.
 class Reporter {
  public:
@@ -46,6 +53,7 @@ class Reporter {
   std::size_t total_;
   std::size_t taken_ = 0;
   int status_ = kSuccess;
+  bool isOutputBroken_ = false;
   Json results_ = Json::array();
   std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
   std::chrono::steady_clock::time_point shown_ = start_;

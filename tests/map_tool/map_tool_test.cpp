@@ -87,6 +87,15 @@ TEST_F(MapToolTest, WhatIsAskedIsDoneOrRefused) {
        "",
        "--at"},
       {{"rescue", "@/ctf_a.pmp", "-o", "@/y.pmp"}, 2, "", "is no undo file"},
+      {{"rescue", "@/maps", "-o", "@/out"}, 2, "", "@/maps is a folder"},
+      {{"check", "@/none", "--json"}, 2, "\"error\": \"there are no maps\"", "there are no maps"},
+      {{"render", "@/maps", "-o", "@/out", "--textures", "@/none"}, 2, "", "requires --filled"},
+      {{"render", "@/maps", "-o", "@/out", "--filled", "--textures", "@/gone"}, 2, "", "no folder"},
+      {{"render", "--poster", "@/short.pmp", "-o", "@/y.png"}, 2, "", "it has 99 bytes"},
+      {{"compile", "@/ctf_a.pmp", "-o", "@/x.png"}, 2, "", "@/x.png must end in .pmp\n"},
+      {{"prefab", "export", "@/ctf_a.pmp", "-o", "@/y.pmp"}, 2, "", "must end in .pre"},
+      {{"render", "@/ctf_a.pmp", "-o", "@/maps/b.PMP"}, 2, "", "must end in .png or .svg"},
+      {{"render", "@/maps", "--poster", "--svg", "-o", "@/y.png"}, 2, "", "must end in .svg\n"},
       {{"render", "@/ctf_a.pmp", "-o", "@/ctf_a.pmp"}, 2, "", "one of the files"},
       {{"render", "@/ctf_a.pmp", "-o", "@/p.png", "--size", "0x9"}, 2, "", "--size"},
       {{"render", "@/ctf_a.pmp", "-o", "@/p.png", "--size", "9000x9000"}, 2, "", "--size"},
@@ -98,6 +107,8 @@ TEST_F(MapToolTest, WhatIsAskedIsDoneOrRefused) {
   };
   const auto before = run_.Names();
   for (const Call& call : calls) Expect(call);
+  run_.files.FailAll("ListFolder", EACCES);
+  Expect({{"info", "@/maps", "@/ctf_a.pmp"}, 2, "@/ctf_a.pmp\n", "@/maps: could not be read: "});
   EXPECT_EQ(run_.Names(), before) << "nothing is left where nothing was to be written";
   const auto written = std::filesystem::directory_iterator(PathOf(run_.folder / "out"));
   std::vector<std::string> names;
@@ -207,6 +218,9 @@ TEST_F(MapToolTest, NoResultIsEverHalfWritten) {
   EXPECT_EQ(run_({"compile", "@/ctf_a.pmp", "--in-place"}), 0);
   EXPECT_TRUE(FileBytes(run_.folder / "temp/backup.pmp") == map);
   EXPECT_FALSE(FileBytes(run_.folder / "ctf_a.pmp") == map);
+  EXPECT_EQ(run_({"resave", "@/maps/below/c.pmp", "-o", "@/maps/b.PMP"}), 0);
+  EXPECT_TRUE(FileBytes(run_.folder / "temp/backup.pmp") ==
+              FileBytes(DataPath("small_compiled.pmp")));
 }
 
 TEST_F(MapToolTest, TexturesAreFoundInTheGamesFolder) {
