@@ -12,6 +12,7 @@ namespace vesmora {
 namespace {
 
 bool IsMarked(const Polygon& /*polygon*/) { return false; }
+bool IsMarked(const SpawnPoint& spawn) { return spawn.active != 0; }
 template <typename Record>
 bool IsMarked(const Record& record) {
   return record.active == 1;
@@ -84,6 +85,33 @@ void CompareTable(ObjectKind kind, const TableType& before, const TableType& aft
   CompareFree(kind, before, after, findings);
 }
 
+/// The author's name runs through the colliders' table, used or not, and is judged by itself.
+void CompareAuthor(const MapDocument& before, const MapDocument& after, FindingList& findings) {
+  if (TrimBlanks(before.author).empty()) {
+    findings.Hint("no-author", {}, std::nullopt, "has no author; a save writes \"Unknow\"");
+    return;
+  }
+  if (std::ranges::equal(before.colliders.slots, after.colliders.slots, {}, &Collider::authorChar,
+                         &Collider::authorChar)) {
+    return;
+  }
+  if (before.author.size() == kReadAuthorLength &&
+      before.colliders[kReadAuthorLength].authorChar != 0) {
+    findings.Hint("author-cut", {}, std::nullopt,
+                  "has more of an author's name than is read; a save cuts it");
+  } else {
+    findings.Hint("free-slots", {}, std::nullopt,
+                  "a save clears what is left behind the author's name");
+  }
+}
+
+/// So that the comparison of the colliders leaves the author's name out.
+void CopyAuthorCharacters(const MapDocument& from, MapDocument& to) {
+  for (int slot = 0; slot < kColliderCapacity; ++slot) {
+    to.colliders[slot].authorChar = from.colliders[slot].authorChar;
+  }
+}
+
 }  // namespace
 
 void CheckWhatSaveChanges(const MapDocument& document, MapDocument& scratch,
@@ -99,18 +127,11 @@ void CheckWhatSaveChanges(const MapDocument& document, MapDocument& scratch,
     findings.Hint("scenery-dropped", {ObjectKind::kScenery, document.sceneries.last},
                   PlaceOf(document.sceneries.Last()), "a save leaves it out: the table is full");
   }
-  if (TrimBlanks(document.author).empty()) {
-    findings.Hint("no-author", {}, std::nullopt, "has no author; a save writes \"Unknow\"");
-  }
   Selection nothing;
   PrepareForSave(scratch, nothing);
   StoreAuthor(scratch);
-  if (!std::ranges::equal(document.colliders.Used(), scratch.colliders.Used(), {},
-                          &Collider::authorChar, &Collider::authorChar) &&
-      document.author == scratch.author) {
-    findings.Hint("author-cut", {}, std::nullopt,
-                  "has more of an author's name than is read; a save cuts it");
-  }
+  CompareAuthor(document, scratch, findings);
+  CopyAuthorCharacters(document, scratch);
   CompareTable(ObjectKind::kPolygon, document.polygons, scratch.polygons, findings);
   CompareTable(ObjectKind::kSpawn, document.spawns, scratch.spawns, findings);
   CompareTable(ObjectKind::kScenery, document.sceneries, scratch.sceneries, findings);

@@ -46,6 +46,14 @@ std::vector<std::string> Found(const MapDocument& map, const std::string& name,
   return lines;
 }
 
+/// As a file holds it, however long.
+void SpreadAuthor(MapDocument& map, const std::string& author) {
+  for (std::size_t i = 0; i < author.size(); ++i) {
+    map.colliders.slots[i].authorChar = static_cast<std::uint8_t>(author[i]);
+  }
+  map.author = ReadAuthor(map);
+}
+
 struct Fault {
   std::function<void(MapDocument&)> plant;
   std::vector<std::string> found;
@@ -139,7 +147,17 @@ TEST(MapChecksTest, EachFaultIsFoundWhereItIs) {
        },
        {"error sectors-outside map"}},
       // What a save makes of it.
-      {[](auto& m) { m.author = " "; }, {"hint no-author map", "hint free-slots map"}},
+      {[](auto& m) { m.author = " "; }, {"hint no-author map"}},
+      {[](auto& m) { SpreadAuthor(m, std::string(kReadAuthorLength, 'a')); }, {}},
+      {[](auto& m) { SpreadAuthor(m, std::string(kReadAuthorLength + 1, 'a')); },
+       {"hint author-cut map"}},
+      {[](auto& m) {
+         while (!m.colliders.Full()) m.colliders.Append(m.colliders[0]);
+         SpreadAuthor(m, std::string(kColliderCapacity, 'a'));
+       },
+       {"hint author-cut map"}},
+      {[](auto& m) { m.colliders[9].authorChar = 'x'; }, {"hint free-slots map"}},
+      {[](auto& m) { m.spawns[4].active = -3; }, {"hint table-gap map"}},
       {[](auto& m) { m.sceneries[1].carriedTail[2] = 1; }, {"hint free-slots map"}},
       {[](auto& m) { m.waypoints[2].active = 1; }, {"hint table-gap map"}},
       {[](auto& m) {
