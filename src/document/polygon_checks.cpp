@@ -43,6 +43,11 @@ bool CheckValues(const Polygon& polygon, int slot, FindingList& findings) {
 
 void CheckShape(const Polygon& polygon, int slot, FindingList& findings) {
   const ObjectReference object{ObjectKind::kPolygon, slot};
+  if (CornersCoincide(polygon, 0) && CornersCoincide(polygon, 1)) {
+    findings.Error("one-spot", object, PlaceOf(polygon.vertices[0]),
+                   "all its corners lie on one spot");
+    return;
+  }
   bool coincide = false;
   for (int corner = 0; corner < 3; ++corner) {
     if (!CornersCoincide(polygon, static_cast<std::size_t>(corner))) continue;

@@ -2,6 +2,7 @@
 #include <memory>
 
 #include "document/finding_list.h"
+#include "document/number_text.h"
 #include "document/record_changes.h"
 #include "document/same_bytes.h"
 #include "document/save_preparation.h"
@@ -53,21 +54,22 @@ void CompareUsed(ObjectKind kind, const TableType& before, const TableType& afte
 template <typename TableType>
 void CompareFree(ObjectKind kind, const TableType& before, const TableType& after,
                  FindingList& findings) {
-  int marked = 0;
+  std::size_t marked = 0;
   bool differ = false;
   for (int slot = before.Count(); slot < TableType::kCapacity; ++slot) {
     if (HaveSameBytes(before[slot], after[slot])) continue;
     differ = true;
     if (IsMarked(before[slot])) ++marked;
   }
-  const std::string name(NameOf(kind));
+  const std::string one(NameOf(kind));
+  const std::string several = kind == ObjectKind::kScenery ? "sceneries" : one + "s";
   if (marked > 0) {
     findings.Hint("table-gap", {}, std::nullopt,
-                  "the table of objects of the kind " + name + " has a gap; a save clears the " +
-                      std::to_string(marked) + " behind it, which no program finds");
+                  "the " + several + " have a gap; a save clears " + Counted(marked, one, several) +
+                      " behind it, which no program finds");
   } else if (differ) {
     findings.Hint("free-slots", {}, std::nullopt,
-                  "a save clears what is left in free slots of the kind " + name);
+                  "a save clears what is left in free slots of the " + several);
   }
 }
 
@@ -115,7 +117,7 @@ void CopyAuthorCharacters(const MapDocument& from, MapDocument& to) {
 }  // namespace
 
 void CheckWhatSaveChanges(const MapDocument& document, MapDocument& scratch,
-                          FindingList& findings) {
+                          bool isPolygonCountSure, FindingList& findings) {
   CopyUsed(document.polygons, scratch.polygons);
   CopyUsed(document.spawns, scratch.spawns);
   CopyUsed(document.sceneries, scratch.sceneries);
@@ -132,7 +134,10 @@ void CheckWhatSaveChanges(const MapDocument& document, MapDocument& scratch,
   StoreAuthor(scratch);
   CompareAuthor(document, scratch, findings);
   CopyAuthorCharacters(document, scratch);
-  CompareTable(ObjectKind::kPolygon, document.polygons, scratch.polygons, findings);
+  CompareUsed(ObjectKind::kPolygon, document.polygons, scratch.polygons, findings);
+  if (isPolygonCountSure) {
+    CompareFree(ObjectKind::kPolygon, document.polygons, scratch.polygons, findings);
+  }
   CompareTable(ObjectKind::kSpawn, document.spawns, scratch.spawns, findings);
   CompareTable(ObjectKind::kScenery, document.sceneries, scratch.sceneries, findings);
   CompareTable(ObjectKind::kCollider, document.colliders, scratch.colliders, findings);

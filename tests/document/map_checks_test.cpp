@@ -124,6 +124,11 @@ TEST(MapChecksTest, EachFaultIsFoundWhereItIs) {
       {[](auto& m) { m.waypoints[0].connections[0] = 3; },
        {"error connection-target waypoint 1 at -100,-60",
         "hint waypoint-unreached waypoint 2 at 100,-60"}},
+      {[](auto& m) {
+         for (const int target : {1, 1, 0, 0}) AddConnection(m.waypoints[0], target);
+       },
+       {"hint connection-twice waypoint 1 at -100,-60",
+        "hint connection-self waypoint 1 at -100,-60"}},
       {[](auto& m) { AddConnection(m.waypoints[0], 1); },
        {"hint connection-twice waypoint 1 at -100,-60"}},
       {[](auto& m) { AddConnection(m.waypoints[0], 0); },
@@ -134,7 +139,7 @@ TEST(MapChecksTest, EachFaultIsFoundWhereItIs) {
       {[](auto& m) { m.sectors[3 * 31 + 4].count = 201; },
        {"error sector-count sector 3,4 at -324,-297"}},
       {[](auto& m) {
-         m.sectors[3 * 31 + 4] = {{4}, 1};
+         m.sectors[3 * 31 + 4] = m.sectors[3 * 31 + 5] = {{4}, 1};
        },
        {"error sector-polygon sector 3,4 at -324,-297"}},
       {[](auto& m) {
@@ -183,6 +188,7 @@ TEST(MapChecksTest, ShapesThatAreNoTriangles) {
       {{{{1, 2}, {1, 2}, {0, 9}}}, {"error one-spot polygon 1 at 1,2"}},
       {{{{0, 9}, {1, 2}, {1, 2}}}, {"error one-spot polygon 1 at 1,2"}},
       {{{{1, 2}, {0, 9}, {1, 2}}}, {"error one-spot polygon 1 at 1,2"}},
+      {{{{1, 2}, {1, 2}, {1, 2}}}, {"error one-spot polygon 1 at 1,2"}},
       {{{{0, 0}, {10, 20}, {20, 40}}}, {"error no-area polygon 1 at 0,0"}},
       {{{{0, 0}, {40000, 0}, {0, 9}}}, {"error far-outside polygon 1, corner 2 at 40000,0"}},
   };
@@ -194,8 +200,16 @@ TEST(MapChecksTest, ShapesThatAreNoTriangles) {
     std::erase_if(lines, [](const std::string& line) { return line.starts_with("hint"); });
     EXPECT_EQ(lines, found);
   }
-  const auto empty = std::make_unique<MapDocument>();
-  EXPECT_EQ(Found(*empty, "", 500).front(), "error polygon-count map");
+}
+
+/// Nothing is made of what a wrong number of polygons leaves unsure.
+TEST(MapChecksTest, NumbersOfPolygonsThatCannotBe) {
+  const auto map = std::make_unique<MapDocument>();
+  MakeSound(*map);
+  map->polygons.Clear();
+  for (const std::int16_t count : {std::int16_t{-1}, std::int16_t{401}}) {
+    EXPECT_THAT(Found(*map, "a.pmp", count), testing::ElementsAre("error polygon-count map"));
+  }
 }
 
 /// What a save leaves needs no other save.
