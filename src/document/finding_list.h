@@ -39,7 +39,9 @@ void CheckWaypoints(const MapDocument& document, FindingList& findings);
 
 void CheckSectors(const MapDocument& document, FindingList& findings);
 
-/// Of `scratch` the tables and the author are used.
-void CheckWhatSaveChanges(const MapDocument& document, MapDocument& scratch, FindingList& findings);
+/// Of `scratch` the tables and the author are used. Free polygons are only looked at when it is
+/// sure which ones are used.
+void CheckWhatSaveChanges(const MapDocument& document, MapDocument& scratch,
+                          bool isPolygonCountSure, FindingList& findings);
 
 }  // namespace vesmora

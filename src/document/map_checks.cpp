@@ -7,11 +7,14 @@
 namespace vesmora {
 namespace {
 
+bool IsPossibleCount(int polygonCount) {
+  return polygonCount >= 0 && polygonCount <= kPolygonCapacity;
+}
+
 void CheckProperties(const CheckedMap& map, FindingList& findings) {
-  const int count = map.polygonCount;
-  if (count < 0 || count > kPolygonCapacity) {
+  if (!IsPossibleCount(map.polygonCount)) {
     findings.Error("polygon-count", {}, std::nullopt,
-                   "names " + std::to_string(count) + " polygons, " +
+                   "names " + std::to_string(map.polygonCount) + " polygons, " +
                        std::to_string(map.document.polygons.Count()) + " can be used");
   }
   if (map.document.texture[0] == '\0') {
@@ -35,8 +38,9 @@ std::vector<Finding> CheckMap(const CheckedMap& map, MapDocument& scratch) {
   CheckSceneries(map.document, findings);
   CheckColliders(map.document, findings);
   CheckWaypoints(map.document, findings);
-  CheckSectors(map.document, findings);
-  CheckWhatSaveChanges(map.document, scratch, findings);
+  const bool isCountPossible = IsPossibleCount(map.polygonCount);
+  if (isCountPossible) CheckSectors(map.document, findings);
+  CheckWhatSaveChanges(map.document, scratch, isCountPossible, findings);
   return findings.Take();
 }
 

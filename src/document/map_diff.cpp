@@ -259,6 +259,12 @@ void CompareProperties(const MapDocument& before, const MapDocument& after,
   }
 }
 
+bool CarriedBytesDiffer(const MapDocument& before, const MapDocument& after) {
+  return before.looseByte1 != after.looseByte1 || before.looseByte2 != after.looseByte2 ||
+         before.looseByte3 != after.looseByte3 || before.looseByte4 != after.looseByte4 ||
+         before.looseByte5 != after.looseByte5 || before.block != after.block;
+}
+
 /// Whether anything but `randomId` differs.
 bool FilesDiffer(const MapDocument& before, const MapDocument& after) {
   std::vector<std::byte> a(kMapFileSize);
@@ -296,7 +302,7 @@ std::vector<Difference> CompareMaps(const MapDocument& before, const MapDocument
   MatchAndCompare(ObjectKind::kScenery, before.sceneries, after.sceneries, differences);
   MatchAndCompare(ObjectKind::kCollider, before.colliders, after.colliders, differences);
   CompareWaypoints(before, after, differences);
-  if (differences.empty() && FilesDiffer(before, after)) {
+  if (CarriedBytesDiffer(before, after) || (differences.empty() && FilesDiffer(before, after))) {
     differences.push_back({.text = "bytes that belong to no object"});
   }
   return differences;

@@ -11,4 +11,8 @@ std::string NumberText(float value) {
   return {digits.data(), end};
 }
 
+std::string Counted(std::size_t count, const std::string& one, const std::string& several) {
+  return std::to_string(count) + " " + (count == 1 ? one : several);
+}
+
 }  // namespace vesmora

@@ -8,10 +8,23 @@
 namespace vesmora {
 namespace {
 
+constexpr double kLeastHeight = 0.01;  // world units
+
 /// Twice the area, with the sign of the corners' order.
 double DoubleArea(const Polygon& polygon) {
   const auto& [a, b, c] = polygon.vertices;
   return (double{b.x} - a.x) * (double{c.y} - a.y) - (double{b.y} - a.y) * (double{c.x} - a.x);
+}
+
+/// World units, over the longest side; no two corners lie on one spot.
+double SmallestHeight(const Polygon& polygon) {
+  double longest = 0;
+  for (std::size_t i = 0; i < 3; ++i) {
+    const PolygonVertex& from = polygon.vertices[i];
+    const PolygonVertex& to = polygon.vertices[(i + 1) % 3];
+    longest = std::max(longest, std::hypot(double{to.x} - from.x, double{to.y} - from.y));
+  }
+  return std::abs(DoubleArea(polygon)) / longest;
 }
 
 /// Whether all of a polygon's values can be; corners far outside are told of, but are numbers.
@@ -43,6 +56,11 @@ bool CheckValues(const Polygon& polygon, int slot, FindingList& findings) {
 
 void CheckShape(const Polygon& polygon, int slot, FindingList& findings) {
   const ObjectReference object{ObjectKind::kPolygon, slot};
+  if (CornersCoincide(polygon, 0) && CornersCoincide(polygon, 1)) {
+    findings.Error("one-spot", object, PlaceOf(polygon.vertices[0]),
+                   "all its corners lie on one spot");
+    return;
+  }
   bool coincide = false;
   for (int corner = 0; corner < 3; ++corner) {
     if (!CornersCoincide(polygon, static_cast<std::size_t>(corner))) continue;
@@ -52,9 +70,13 @@ void CheckShape(const Polygon& polygon, int slot, FindingList& findings) {
                        std::to_string((corner + 1) % 3 + 1) + " lie on one spot");
   }
   if (coincide) return;
-  if (DoubleArea(polygon) == 0) {
+  const double height = SmallestHeight(polygon);
+  if (height == 0) {
     findings.Error("no-area", object, PlaceOf(polygon.vertices[0]),
                    "has no area: its corners lie on one line");
+  } else if (height < kLeastHeight) {
+    findings.Hint("no-area", object, PlaceOf(polygon.vertices[0]),
+                  "has hardly any area: its corners lie almost on one line");
   }
 }
 

@@ -2,6 +2,7 @@
 #include <memory>
 
 #include "document/finding_list.h"
+#include "document/number_text.h"
 #include "document/record_changes.h"
 #include "document/same_bytes.h"
 #include "document/save_preparation.h"
@@ -12,6 +13,7 @@ namespace vesmora {
 namespace {
 
 bool IsMarked(const Polygon& /*polygon*/) { return false; }
+bool IsMarked(const SpawnPoint& spawn) { return spawn.active != 0; }
 template <typename Record>
 bool IsMarked(const Record& record) {
   return record.active == 1;
@@ -52,21 +54,22 @@ void CompareUsed(ObjectKind kind, const TableType& before, const TableType& afte
 template <typename TableType>
 void CompareFree(ObjectKind kind, const TableType& before, const TableType& after,
                  FindingList& findings) {
-  int marked = 0;
+  std::size_t marked = 0;
   bool differ = false;
   for (int slot = before.Count(); slot < TableType::kCapacity; ++slot) {
     if (HaveSameBytes(before[slot], after[slot])) continue;
     differ = true;
     if (IsMarked(before[slot])) ++marked;
   }
-  const std::string name(NameOf(kind));
+  const std::string one(NameOf(kind));
+  const std::string several = kind == ObjectKind::kScenery ? "sceneries" : one + "s";
   if (marked > 0) {
     findings.Hint("table-gap", {}, std::nullopt,
-                  "the table of objects of the kind " + name + " has a gap; a save clears the " +
-                      std::to_string(marked) + " behind it, which no program finds");
+                  "the " + several + " have a gap; a save clears " + Counted(marked, one, several) +
+                      " behind it, which no program finds");
   } else if (differ) {
     findings.Hint("free-slots", {}, std::nullopt,
-                  "a save clears what is left in free slots of the kind " + name);
+                  "a save clears what is left in free slots of the " + several);
   }
 }
 
@@ -84,10 +87,37 @@ void CompareTable(ObjectKind kind, const TableType& before, const TableType& aft
   CompareFree(kind, before, after, findings);
 }
 
+/// The author's name runs through the colliders' table, used or not, and is judged by itself.
+void CompareAuthor(const MapDocument& before, const MapDocument& after, FindingList& findings) {
+  if (TrimBlanks(before.author).empty()) {
+    findings.Hint("no-author", {}, std::nullopt, "has no author; a save writes \"Unknow\"");
+    return;
+  }
+  if (std::ranges::equal(before.colliders.slots, after.colliders.slots, {}, &Collider::authorChar,
+                         &Collider::authorChar)) {
+    return;
+  }
+  if (before.author.size() == kReadAuthorLength &&
+      before.colliders[kReadAuthorLength].authorChar != 0) {
+    findings.Hint("author-cut", {}, std::nullopt,
+                  "has more of an author's name than is read; a save cuts it");
+  } else {
+    findings.Hint("free-slots", {}, std::nullopt,
+                  "a save clears what is left behind the author's name");
+  }
+}
+
+/// So that the comparison of the colliders leaves the author's name out.
+void CopyAuthorCharacters(const MapDocument& from, MapDocument& to) {
+  for (int slot = 0; slot < kColliderCapacity; ++slot) {
+    to.colliders[slot].authorChar = from.colliders[slot].authorChar;
+  }
+}
+
 }  // namespace
 
 void CheckWhatSaveChanges(const MapDocument& document, MapDocument& scratch,
-                          FindingList& findings) {
+                          bool isPolygonCountSure, FindingList& findings) {
   CopyUsed(document.polygons, scratch.polygons);
   CopyUsed(document.spawns, scratch.spawns);
   CopyUsed(document.sceneries, scratch.sceneries);
@@ -99,19 +129,15 @@ void CheckWhatSaveChanges(const MapDocument& document, MapDocument& scratch,
     findings.Hint("scenery-dropped", {ObjectKind::kScenery, document.sceneries.last},
                   PlaceOf(document.sceneries.Last()), "a save leaves it out: the table is full");
   }
-  if (TrimBlanks(document.author).empty()) {
-    findings.Hint("no-author", {}, std::nullopt, "has no author; a save writes \"Unknow\"");
-  }
   Selection nothing;
   PrepareForSave(scratch, nothing);
   StoreAuthor(scratch);
-  if (!std::ranges::equal(document.colliders.Used(), scratch.colliders.Used(), {},
-                          &Collider::authorChar, &Collider::authorChar) &&
-      document.author == scratch.author) {
-    findings.Hint("author-cut", {}, std::nullopt,
-                  "has more of an author's name than is read; a save cuts it");
+  CompareAuthor(document, scratch, findings);
+  CopyAuthorCharacters(document, scratch);
+  CompareUsed(ObjectKind::kPolygon, document.polygons, scratch.polygons, findings);
+  if (isPolygonCountSure) {
+    CompareFree(ObjectKind::kPolygon, document.polygons, scratch.polygons, findings);
   }
-  CompareTable(ObjectKind::kPolygon, document.polygons, scratch.polygons, findings);
   CompareTable(ObjectKind::kSpawn, document.spawns, scratch.spawns, findings);
   CompareTable(ObjectKind::kScenery, document.sceneries, scratch.sceneries, findings);
   CompareTable(ObjectKind::kCollider, document.colliders, scratch.colliders, findings);

@@ -1,7 +1,9 @@
 #include <algorithm>
+#include <optional>
 
 #include "document/finding_list.h"
 #include "document/geometry.h"
+#include "document/number_text.h"
 #include "document/sector_grid.h"
 
 namespace vesmora {
@@ -18,8 +20,8 @@ WorldPoint PlaceOfSector(int slot, std::int32_t division) {
   return {static_cast<float>(column) * size, static_cast<float>(row) * size};
 }
 
-/// Whether the sector holds polygons of the map and no more than it can.
-bool CheckSector(const MapDocument& document, int slot, FindingList& findings) {
+/// Whether the sector holds no more polygons than it can.
+bool CheckCount(const MapDocument& document, int slot, FindingList& findings) {
   const Sector& sector = document.sectors[static_cast<std::size_t>(slot)];
   const ObjectReference object{ObjectKind::kSector, slot};
   const WorldPoint place = PlaceOfSector(slot, document.sectorDivision);
@@ -28,33 +30,68 @@ bool CheckSector(const MapDocument& document, int slot, FindingList& findings) {
                    "names " + std::to_string(sector.count) + " polygons");
     return false;
   }
+  return true;
+}
+
+/// The first polygon that a sector names and the map does not have.
+std::optional<std::int16_t> MissingPolygon(const MapDocument& document, const Sector& sector) {
+  if (sector.count < 0 || sector.count > kSectorPolygons) return std::nullopt;
   const auto end = sector.polygons.begin() + sector.count;
   const auto wrong = std::find_if(sector.polygons.begin(), end, [&](std::int16_t number) {
     return number < 1 || number > document.polygons.Count();
   });
-  if (wrong == end) return true;
-  findings.Error("sector-polygon", object, place,
-                 "names polygon " + std::to_string(*wrong) + ", which is not there");
+  if (wrong == end) return std::nullopt;
+  return *wrong;
+}
+
+/// Whether the sectors hold polygons of the map only. One line for them all: where polygons are
+/// gone, many sectors still name them.
+bool CheckNames(const MapDocument& document, FindingList& findings) {
+  int first = -1;
+  std::size_t others = 0;
+  for (int slot = 0; slot < static_cast<int>(document.sectors.size()); ++slot) {
+    if (!MissingPolygon(document, document.sectors[static_cast<std::size_t>(slot)])) continue;
+    if (first < 0) {
+      first = slot;
+    } else {
+      ++others;
+    }
+  }
+  if (first < 0) return true;
+  const auto number =
+      MissingPolygon(document, document.sectors[static_cast<std::size_t>(first)]).value_or(0);
+  std::string text = "names polygon " + std::to_string(number) + ", which is not there";
+  if (others > 0) text += "; so it is with " + Counted(others, "other sector", "other sectors");
+  findings.Error("sector-polygon", {ObjectKind::kSector, first},
+                 PlaceOfSector(first, document.sectorDivision), std::move(text));
   return false;
 }
 
 void CompareWithCompiled(const MapDocument& document, FindingList& findings) {
   const auto& [shortage, differing] = CompareSectors(document);
   if (shortage.crowded > 0) {
-    findings.Error("sectors-crowded", {}, std::nullopt,
-                   std::to_string(shortage.crowded) + " polygons do not fit in full sectors");
+    findings.Error(
+        "sectors-crowded", {}, std::nullopt,
+        Counted(static_cast<std::size_t>(shortage.crowded), "polygon does", "polygons do") +
+            " not fit in full sectors");
   }
   if (shortage.outside > 0) {
-    findings.Error("sectors-outside", {}, std::nullopt,
-                   std::to_string(shortage.outside) + " polygons reach out of the sectors");
+    findings.Error(
+        "sectors-outside", {}, std::nullopt,
+        Counted(static_cast<std::size_t>(shortage.outside), "polygon reaches", "polygons reach") +
+            " out of the sectors");
   }
   if (differing.none()) return;
   int first = 0;
   while (!differing[static_cast<std::size_t>(first)]) ++first;
   const ObjectReference object{ObjectKind::kSector, first};
+  std::string text = "does not fit the polygons";
+  if (const std::size_t others = differing.count() - 1; others > 0) {
+    text += others == 1 ? ", nor does " : ", nor do ";
+    text += Counted(others, "other sector", "other sectors");
+  }
   findings.Error("sectors-stale", object, PlaceOfSector(first, document.sectorDivision),
-                 "does not fit the polygons, nor do " + std::to_string(differing.count() - 1) +
-                     " other sectors: compile the map again");
+                 text + ": compile the map again");
 }
 
 }  // namespace
@@ -74,8 +111,9 @@ void CheckSectors(const MapDocument& document, FindingList& findings) {
   }
   bool areSound = true;
   for (int slot = 0; slot < static_cast<int>(document.sectors.size()); ++slot) {
-    areSound = CheckSector(document, slot, findings) && areSound;
+    areSound = CheckCount(document, slot, findings) && areSound;
   }
+  areSound = CheckNames(document, findings) && areSound;
   if (areSound) CompareWithCompiled(document, findings);
 }
 

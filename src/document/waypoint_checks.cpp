@@ -21,7 +21,7 @@ void CheckConnections(const MapDocument& document, int slot, WaypointSlots& reac
                    "names " + std::to_string(waypoint.connectionCount) + " connections");
   }
   WaypointSlots seen;
-  std::set<std::int32_t> told;
+  std::set<std::int32_t> told;  // one line a target, however often it comes
   for (const std::int32_t id : UsedConnections(waypoint)) {
     if (id == 0 && !isPossible) continue;  // an unused place of the record
     const int target = std::max(id, 0) - 1;
@@ -33,11 +33,13 @@ void CheckConnections(const MapDocument& document, int slot, WaypointSlots& reac
     }
     const auto bit = static_cast<std::size_t>(target);
     if (target == slot) {
-      findings.Hint("connection-self", object, place, "leads to itself");
+      if (told.insert(id).second) {
+        findings.Hint("connection-self", object, place, "leads to itself");
+      }
     } else {
-      if (seen[bit]) {
+      if (seen[bit] && told.insert(id).second) {
         findings.Hint("connection-twice", object, place,
-                      "leads twice to waypoint " + std::to_string(id));
+                      "leads more than once to waypoint " + std::to_string(id));
       }
       reached.set(bit);
     }

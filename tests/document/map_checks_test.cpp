@@ -46,6 +46,14 @@ std::vector<std::string> Found(const MapDocument& map, const std::string& name,
   return lines;
 }
 
+/// As a file holds it, however long.
+void SpreadAuthor(MapDocument& map, const std::string& author) {
+  for (std::size_t i = 0; i < author.size(); ++i) {
+    map.colliders.slots[i].authorChar = static_cast<std::uint8_t>(author[i]);
+  }
+  map.author = ReadAuthor(map);
+}
+
 struct Fault {
   std::function<void(MapDocument&)> plant;
   std::vector<std::string> found;
@@ -116,6 +124,11 @@ TEST(MapChecksTest, EachFaultIsFoundWhereItIs) {
       {[](auto& m) { m.waypoints[0].connections[0] = 3; },
        {"error connection-target waypoint 1 at -100,-60",
         "hint waypoint-unreached waypoint 2 at 100,-60"}},
+      {[](auto& m) {
+         for (const int target : {1, 1, 0, 0}) AddConnection(m.waypoints[0], target);
+       },
+       {"hint connection-twice waypoint 1 at -100,-60",
+        "hint connection-self waypoint 1 at -100,-60"}},
       {[](auto& m) { AddConnection(m.waypoints[0], 1); },
        {"hint connection-twice waypoint 1 at -100,-60"}},
       {[](auto& m) { AddConnection(m.waypoints[0], 0); },
@@ -126,7 +139,7 @@ TEST(MapChecksTest, EachFaultIsFoundWhereItIs) {
       {[](auto& m) { m.sectors[3 * 31 + 4].count = 201; },
        {"error sector-count sector 3,4 at -324,-297"}},
       {[](auto& m) {
-         m.sectors[3 * 31 + 4] = {{4}, 1};
+         m.sectors[3 * 31 + 4] = m.sectors[3 * 31 + 5] = {{4}, 1};
        },
        {"error sector-polygon sector 3,4 at -324,-297"}},
       {[](auto& m) {
@@ -139,7 +152,17 @@ TEST(MapChecksTest, EachFaultIsFoundWhereItIs) {
        },
        {"error sectors-outside map"}},
       // What a save makes of it.
-      {[](auto& m) { m.author = " "; }, {"hint no-author map", "hint free-slots map"}},
+      {[](auto& m) { m.author = " "; }, {"hint no-author map"}},
+      {[](auto& m) { SpreadAuthor(m, std::string(kReadAuthorLength, 'a')); }, {}},
+      {[](auto& m) { SpreadAuthor(m, std::string(kReadAuthorLength + 1, 'a')); },
+       {"hint author-cut map"}},
+      {[](auto& m) {
+         while (!m.colliders.Full()) m.colliders.Append(m.colliders[0]);
+         SpreadAuthor(m, std::string(kColliderCapacity, 'a'));
+       },
+       {"hint author-cut map"}},
+      {[](auto& m) { m.colliders[9].authorChar = 'x'; }, {"hint free-slots map"}},
+      {[](auto& m) { m.spawns[4].active = -3; }, {"hint table-gap map"}},
       {[](auto& m) { m.sceneries[1].carriedTail[2] = 1; }, {"hint free-slots map"}},
       {[](auto& m) { m.waypoints[2].active = 1; }, {"hint table-gap map"}},
       {[](auto& m) {
@@ -165,7 +188,10 @@ TEST(MapChecksTest, ShapesThatAreNoTriangles) {
       {{{{1, 2}, {1, 2}, {0, 9}}}, {"error one-spot polygon 1 at 1,2"}},
       {{{{0, 9}, {1, 2}, {1, 2}}}, {"error one-spot polygon 1 at 1,2"}},
       {{{{1, 2}, {0, 9}, {1, 2}}}, {"error one-spot polygon 1 at 1,2"}},
+      {{{{1, 2}, {1, 2}, {1, 2}}}, {"error one-spot polygon 1 at 1,2"}},
       {{{{0, 0}, {10, 20}, {20, 40}}}, {"error no-area polygon 1 at 0,0"}},
+      {{{{0, 0}, {100, 0}, {50, 0.009f}}}, {"hint no-area polygon 1 at 0,0"}},
+      {{{{0, 0}, {100, 0}, {50, 0.011f}}}, {}},
       {{{{0, 0}, {40000, 0}, {0, 9}}}, {"error far-outside polygon 1, corner 2 at 40000,0"}},
   };
   for (const auto& [corners, found] : shapes) {
@@ -173,11 +199,21 @@ TEST(MapChecksTest, ShapesThatAreNoTriangles) {
     ResetToNewMap(*map);
     AddTriangle(*map, corners);
     std::vector<std::string> lines = Found(*map, "a.pmp", 1);
-    std::erase_if(lines, [](const std::string& line) { return line.starts_with("hint"); });
+    std::erase_if(lines, [](const std::string& line) {
+      return line.starts_with("hint") && line.find("no-area") == std::string::npos;
+    });
     EXPECT_EQ(lines, found);
   }
-  const auto empty = std::make_unique<MapDocument>();
-  EXPECT_EQ(Found(*empty, "", 500).front(), "error polygon-count map");
+}
+
+/// Nothing is made of what a wrong number of polygons leaves unsure.
+TEST(MapChecksTest, NumbersOfPolygonsThatCannotBe) {
+  const auto map = std::make_unique<MapDocument>();
+  MakeSound(*map);
+  map->polygons.Clear();
+  for (const std::int16_t count : {std::int16_t{-1}, std::int16_t{401}}) {
+    EXPECT_THAT(Found(*map, "a.pmp", count), testing::ElementsAre("error polygon-count map"));
+  }
 }
 
 /// What a save leaves needs no other save.

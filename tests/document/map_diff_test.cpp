@@ -55,6 +55,12 @@ TEST(MapDiffTest, EachChangeIsToldInWords) {
        },
        {"map > map: changed sector size from 30 to 31",
         "map > map: changed what stands in 1 of the sectors"}},
+      {[](auto& m) {
+         m.author = "You";
+         m.looseByte3 ^= 1;
+       },
+       {"map > map: changed author from \"Me\" to \"You\"",
+        "map > map: changed bytes that belong to no object"}},
       {[](auto& m) { m.block[3] = 1; }, {"map > map: changed bytes that belong to no object"}},
       // Polygons.
       {[](auto& m) { Delete(m.polygons, 1); }, {"polygon 2 > polygon: removed"}},
