@@ -11,7 +11,7 @@ namespace vesmora {
 /// One command on bytes in memory.
 inline map_tool::Outcome RunOn(map_tool::Arguments& arguments, map_tool::Command command,
                                const Bytes& bytes, map_tool::Workbench& bench) {
-  static const map_tool::Input kInput{"map.pmp", "map.pmp"};
+  static const map_tool::Input kInput{"map.pmp", "map.pmp", ""};
   arguments.command = command;
   const FileContents file{.status = {}, .bytes = bytes, .size = bytes.size()};
   const map_tool::Task task{
