@@ -96,8 +96,12 @@ void MenuUndo(Editor& editor) {
     return;
   }
   editor.selection.moveSnapshotTaken = false;
-  if (!canRedo) ForgetRedo(journal);
-  canRedo ? MoveStepToRedo(journal, keys) : ConsumeUndoStep(journal);
+  if (canRedo) {
+    MoveStepToRedo(journal, keys);
+  } else {
+    ForgetRedo(journal);
+    ConsumeUndoStep(journal);
+  }
   ChangeTool(editor, editor.document.toolIndex);
   NoteOpenMap(editor, editor.ports.files, file);
   if (undone != kHelpAction) editor.note = "Undone: " + undone;

@@ -58,11 +58,11 @@ bool FindCandidates(FileCalls& files, const std::string& folder, IsWanted isWant
 /// Leaves only those that may hold the map as it was when the editor died, the most likely first.
 void DropOlderThanNote(std::vector<Candidate>& candidates, FileCalls& files,
                        const std::string& folder, const SessionNote& note) {
-  // Nothing is whole, or something was filed later.
-  if (candidates.empty() || candidates.front().sequence < 0) return;
+  if (candidates.empty() || candidates.front().sequence < 0) return;  // nothing is whole
+  auto noted = note.file.empty() ? std::nullopt : LookAt(files, folder, note.file);
+  if (!note.file.empty() && !noted) return;  // it has gone: the newest is the next best
   std::erase_if(candidates, [&](const Candidate& c) { return c.sequence <= note.sequence; });
-  if (note.file.empty()) return;
-  if (auto noted = LookAt(files, folder, note.file)) candidates.push_back(std::move(*noted));
+  if (noted) candidates.push_back(std::move(*noted));
 }
 
 /// A kill in the middle of an earlier rescue has left it to be done again.
@@ -80,17 +80,20 @@ Rescued KeepLost(const RescueFolder& rescue, const Candidate& candidate, const S
                  FileStatus& problem) {
   const auto map = std::make_unique<MapDocument>();
   Selection selection;
-  problem = candidate.contents.status;
   const LoadReport report = TakeMapFile(*map, selection, candidate.contents, candidate.name, true);
-  if (report.outcome != LoadOutcome::kLoaded) return Rescued::kFailed;
+  if (report.outcome != LoadOutcome::kLoaded) {
+    if (problem.Ok()) problem = candidate.contents.status;
+    return Rescued::kFailed;
+  }
   if (IsEmpty(*map)) return Rescued::kEmpty;
   const std::uint64_t present = Fingerprint(*map);
   if (present == note.savedMap || IsKeptAlready(rescue, present)) return Rescued::kDone;
   const RescueLabel label{
       .cause = RescueCause::kCrash, .time = candidate.time, .mapPath = note.mapPath};
   std::string kept;
-  problem = KeepRescued(rescue, candidate.contents.bytes, label, "", kept);
-  return problem.Ok() ? Rescued::kDone : Rescued::kFailed;
+  const FileStatus status = KeepRescued(rescue, candidate.contents.bytes, label, "", kept);
+  if (problem.Ok()) problem = status;
+  return status.Ok() ? Rescued::kDone : Rescued::kFailed;
 }
 
 /// Out of the way of the editor that will have the folder. False when that failed.
@@ -117,7 +120,6 @@ bool KeepLostOf(const RescueFolder& rescue, const UndoFolder& folder, FileStatus
   const SessionNote note = ReadSessionNote(files, folder.path);
   std::vector<Candidate> candidates;
   if (!FindCandidates(files, folder.path, IsFileOfUndo, candidates)) return false;
-  std::vector<std::string> unread;
   for (const Candidate& candidate : candidates) {
     const bool isUnread = !candidate.contents.status.Ok();
     if (isUnread && !MoveAside(files, folder, candidate)) return false;

@@ -82,7 +82,7 @@ TEST_F(SafetyNetTest, RedoTakesUndoBackToTheByteUntilTheNextStep) {
       MenuUndo(editor);
     }
     EXPECT_EQ(journal.caption + journal.redoCaption, "&Undo&Redo Step3");
-    EXPECT_EQ(undone[0] == edited[11], true);
+    EXPECT_TRUE(undone[0] == edited[11]);
     MenuUndo(editor);
     for (int mark = 3; mark <= 12; ++mark, undone.pop_back()) {
       MenuRedo(editor);
