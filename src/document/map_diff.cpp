@@ -19,12 +19,6 @@ using Differences = std::vector<Difference>;
 
 constexpr float kSameOffset = 1e-3f;  // world units: what rounding leaves of a common move
 
-WorldPoint PlaceOf(const Polygon& polygon) { return vesmora::PlaceOf(polygon.vertices[0]); }
-template <typename Record>
-WorldPoint PlaceOf(const Record& record) {
-  return vesmora::PlaceOf(record);
-}
-
 WorldPoint OffsetBetween(WorldPoint from, WorldPoint to) { return {to.x - from.x, to.y - from.y}; }
 
 bool IsAlmost(WorldPoint a, WorldPoint b) {
@@ -71,8 +65,7 @@ bool IsMoved(const Polygon& before, const Polygon& after) {
     const WorldPoint ofTexture = OffsetBetween({a.u, a.v}, {b.u, b.v});
     const bool texture = IsAlmost(ofTexture, {}) || IsAlmost(ofTexture, textureOffset);
     if (!texture || a.color != b.color || !HaveSameBytes(a.z, b.z) ||
-        !HaveSameBytes(a.rhw, b.rhw) ||
-        !IsAlmost(OffsetBetween(vesmora::PlaceOf(a), vesmora::PlaceOf(b)), offset) ||
+        !HaveSameBytes(a.rhw, b.rhw) || !IsAlmost(OffsetBetween(PlaceOf(a), PlaceOf(b)), offset) ||
         IsPassable(before.edges[i]) != IsPassable(after.edges[i])) {
       return false;
     }
@@ -88,7 +81,7 @@ bool LieOnOneSpot(const Polygon& before, const Polygon& after) {
   int shared = 0;
   for (const PolygonVertex& a : before.vertices) {
     for (const PolygonVertex& b : after.vertices) {
-      if (vesmora::PlaceOf(a) != vesmora::PlaceOf(b)) continue;
+      if (PlaceOf(a) != PlaceOf(b)) continue;
       ++shared;
       break;
     }

@@ -19,12 +19,6 @@ bool IsMarked(const Record& record) {
   return record.active == 1;
 }
 
-WorldPoint PlaceOf(const Polygon& polygon) { return vesmora::PlaceOf(polygon.vertices[0]); }
-template <typename Record>
-WorldPoint PlaceOf(const Record& record) {
-  return vesmora::PlaceOf(record);
-}
-
 /// A change that has a name of its own; false when it is not that one.
 bool TellTurned(const Polygon& polygon, int slot, FindingList& findings) {
   if (!RunsTheWrongWay(polygon)) return false;
