@@ -1,8 +1,6 @@
 // The program as a shell runs it.
 #include <gmock/gmock.h>
 
-#include <nlohmann/json.hpp>
-
 #include "document/selection.h"
 #include "support/tool_run.h"
 
@@ -126,34 +124,6 @@ TEST_F(MapToolTest, ResultsGoToStandardOutputAsTheyAre) {
               testing::AllOf(testing::StartsWith("<svg"), testing::EndsWith("</svg>\n")));
 }
 
-TEST_F(MapToolTest, FindingsAreLinesOrJson) {
-  run_.Put("maps/b.PMP", "hostile/target_0.pmp");
-  EXPECT_EQ(run_({"check", "@/maps/b.PMP"}), 1);
-  EXPECT_THAT(run_.Shortened(run_.console.output),
-              HasSubstr("@/maps/b.PMP: error: waypoint 2 at "));
-  EXPECT_EQ(run_({"check", "@/maps/b.PMP", "@/gone.pmp", "--json"}), 2);
-  const auto json = nlohmann::json::parse(run_.console.output);
-  EXPECT_EQ(json["format"], 1);
-  EXPECT_EQ(json["command"], "check");
-  EXPECT_EQ(json["results"][1]["error"], "not found");
-  bool hasTarget = false;
-  for (const auto& finding : json["results"][0]["findings"]) {
-    const bool isTarget = finding["check"] == "connection-target";
-    hasTarget = hasTarget || isTarget;
-    if (!isTarget) continue;
-    EXPECT_EQ(finding["severity"], "error");
-    EXPECT_EQ(finding["object"]["kind"], "waypoint");
-    EXPECT_TRUE(finding["place"]["x"].is_number());
-  }
-  EXPECT_TRUE(hasTarget);
-  EXPECT_EQ(run_({"info", "@/maps", "--json"}), 0);
-  const auto info = nlohmann::json::parse(run_.console.output)["results"];
-  EXPECT_EQ(info.size(), 2U);
-  EXPECT_EQ(info[1]["counts"]["polygons"], 220);
-  EXPECT_EQ(run_({"diff", "@/maps/b.PMP", "@/ctf_a.pmp", "--json"}), 1);
-  EXPECT_FALSE(nlohmann::json::parse(run_.console.output)["results"][0]["differences"].empty());
-}
-
 TEST_F(MapToolTest, ColoursAreForTerminalsAndNothingInAMapReachesThem) {
   Bench bench;
   bench.Load(DataPath("small.pmp"));
@@ -167,18 +137,6 @@ TEST_F(MapToolTest, ColoursAreForTerminalsAndNothingInAMapReachesThem) {
   EXPECT_THAT(run_.console.output, HasSubstr("\x1b[1;31merror\x1b[0m"));
   EXPECT_EQ(run_({"check", "@/ctf_a.pmp", "--json"}), 1);
   EXPECT_THAT(run_.console.output, testing::Not(HasSubstr("\x1b")));
-}
-
-TEST_F(MapToolTest, ManyJobsTellTheSameInTheSameOrder) {
-  std::vector<std::string> words = {"check", "--jobs", "1"};
-  for (const std::string& map : AllMaps()) words.push_back(DataPath(map));
-  EXPECT_EQ(run_(words), 1);
-  const std::string alone = run_.console.output;
-  for (const std::string jobs : {"2", "7", "200"}) {
-    words[2] = jobs;
-    EXPECT_EQ(run_(words), 1);
-    EXPECT_TRUE(run_.console.output == alone) << jobs << " jobs";
-  }
 }
 
 /// Whatever step of a write fails, there is the old file or none, and it is told.
@@ -249,23 +207,6 @@ TEST_F(MapToolTest, TexturesAreFoundInTheGamesFolder) {
   EXPECT_FALSE(textured == plain);
   EXPECT_TRUE(picture({"--textures", own}) == textured);
   EXPECT_TRUE(picture({"--textures", run_.folder / "none"}) == plain);
-}
-
-TEST_F(MapToolTest, HostileFilesEndInFindings) {
-  for (const std::string& map : AllMaps()) {
-    if (!map.starts_with("hostile")) continue;
-    SCOPED_TRACE(map);
-    run_.Put("m.pmp", map);
-    EXPECT_EQ(run_({"info", "@/m.pmp", "--json"}), 0);
-    EXPECT_EQ(run_({"check", "@/m.pmp", "--json"}), 1);
-    EXPECT_EQ(run_({"diff", "@/m.pmp", "@/ctf_a.pmp"}), 1);
-    for (const std::string zoom : {"1", "100", "10000"}) {
-      EXPECT_EQ(run_({"render", "@/m.pmp", "-o", "@/m.png", "--zoom", zoom, "--show", "all",
-                      "--filled", "--center", "1e30,-7"}),
-                0);
-      EXPECT_EQ(run_({"render", "@/m.pmp", "-o", "@/m.svg", "--zoom", zoom, "--size", "90x90"}), 0);
-    }
-  }
 }
 
 }  // namespace
