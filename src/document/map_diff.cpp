@@ -271,7 +271,6 @@ bool FilesDiffer(const MapDocument& before, const MapDocument& after) {
   std::vector<std::byte> b(kMapFileSize);
   WriteMapImage(before, a);
   WriteMapImage(after, b);
-  constexpr std::size_t kRandomIdOffset = 444060;
   for (auto* image : {&a, &b}) {
     std::fill_n(image->begin() + kRandomIdOffset, sizeof(MapDocument::randomId), std::byte{});
   }
