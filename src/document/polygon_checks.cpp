@@ -33,10 +33,10 @@ bool CheckValues(const Polygon& polygon, int slot, FindingList& findings) {
       areNumbers = false;
     }
     CheckNumbers(findings, object,
-                 {{"z", vertex.z},
-                  {"rhw", vertex.rhw},
-                  {"texture coordinate u", vertex.u},
-                  {"texture coordinate v", vertex.v}});
+                 {{"z", vertex.z, kDepthRange},
+                  {"rhw", vertex.rhw, kDepthRange},
+                  {"texture coordinate u", vertex.u, kTextureRange},
+                  {"texture coordinate v", vertex.v, kTextureRange}});
   }
   for (const Normal& edge : polygon.edges) {
     const ObjectReference object{ObjectKind::kPolygon, slot};
