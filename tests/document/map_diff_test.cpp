@@ -81,6 +81,14 @@ TEST(MapDiffTest, EachChangeIsToldInWords) {
        {"polygon 1 > polygon: removed",
         "polygon 2 > polygon 1: changed corner 2 from 30,0 to 30,3, colour 2 from #010101 to "
         "#090101, edge 3 made passable"}},
+      {[](auto& m) {
+         Delete(m.polygons, 0);
+         std::swap(m.polygons[0].vertices[0], m.polygons[0].vertices[1]);
+         for (PolygonVertex& corner : m.polygons[1].vertices) corner.y += 5;
+         std::ranges::rotate(m.polygons[1].vertices, m.polygons[1].vertices.begin() + 1);
+       },
+       {"polygon 1 > polygon: removed", "polygon 2 > polygon 1: changed corners turned",
+        "polygon 3 > polygon 2: moved from 50,0 by 0,5, corners turned"}},
       {[](auto& m) { std::swap(m.polygons[0], m.polygons[2]); },
        {"polygon > polygon: changed the order of these objects"}},
       // The others.
