@@ -1,6 +1,7 @@
 // The program as a shell runs it.
 #include <gmock/gmock.h>
 
+#include <csignal>
 #include <nlohmann/json.hpp>
 
 #include "document/selection.h"
@@ -104,6 +105,7 @@ TEST_F(MapToolTest, WhatIsAskedIsDoneOrRefused) {
       {{"render", "@/maps", "-o", "@/out", "--svg", "--size", "90x60"}, 0, "", ""},
       {{"render", "--poster", "@/maps", "@/gone.pmp", "-o", "@/out/p.png"}, 2, "", "not found"},
       {{"render", "--poster", "@/maps", "-o", "@/out"}, 2, "", "is a folder"},
+      {{"render", "--poster", "@/maps", "--json", "-o", "-"}, 2, "", "exclude each other"},
   };
   const auto before = run_.Names();
   for (const Call& call : calls) Expect(call);
@@ -221,6 +223,22 @@ TEST_F(MapToolTest, NoResultIsEverHalfWritten) {
   EXPECT_EQ(run_({"resave", "@/maps/below/c.pmp", "-o", "@/maps/b.PMP"}), 0);
   EXPECT_TRUE(FileBytes(run_.folder / "temp/backup.pmp") ==
               FileBytes(DataPath("small_compiled.pmp")));
+#ifndef _WIN32
+  // What would end the program meanwhile waits until the file is whole.
+  map_tool::World world{.console = run_.console,
+                        .files = run_.files,
+                        .random = [] { return 0.5; },
+                        .tempFolder =
+                            [this] {
+                              std::raise(SIGTERM);
+                              return run_.folder / "temp/";
+                            },
+                        .gameFolder = {}};
+  EXPECT_EXIT(
+      map_tool::RunMapTool({"compile", run_.folder / "maps/below/c.pmp", "--in-place"}, world),
+      testing::KilledBySignal(SIGTERM), "");
+  EXPECT_FALSE(FileBytes(run_.folder / "maps/below/c.pmp") == FileBytes(DataPath("terrain.pmp")));
+#endif
 }
 
 TEST_F(MapToolTest, TexturesAreFoundInTheGamesFolder) {
