@@ -55,7 +55,7 @@ class Run {
   Run(const Arguments& arguments, World& world)
       : arguments_(arguments),
         world_(world),
-        colors_(world.console.OutputIsTerminal() && !arguments.json),
+        colors_(world.wantsColors && world.console.OutputIsTerminal() && !arguments.json),
         textures_(world.files, arguments.picture.textures, world.gameFolder),
         results_(world, MakesMaps(arguments.command)) {}
 

@@ -7,6 +7,7 @@
 #include "map_tool/picture.h"
 #include "map_tool/png_file.h"
 #include "platform/text.h"
+#include "platform/utf8.h"
 #include "view/bitmap_font.h"
 #include "view/pixel_canvas.h"
 #include "view/svg_canvas.h"
@@ -40,10 +41,9 @@ void Arrange(PosterLayout& layout, std::size_t count) {
 std::string LabelOf(const std::string& name, int width) {
   std::string label(FileNamePart(name));
   if (EndsIgnoringCase(label, ".pmp")) label.resize(label.size() - 4);
-  const auto length = static_cast<std::size_t>(width / kBitmapAdvance);
-  if (label.size() <= length) return label;
-  label.resize(length);
-  while (!label.empty() && static_cast<unsigned char>(label.back()) > 127) label.pop_back();
+  std::string_view rest = label;
+  for (int i = 0; i < width / kBitmapAdvance && !rest.empty(); ++i) TakeUtf8Character(rest);
+  label.resize(label.size() - rest.size());
   return label;
 }
 

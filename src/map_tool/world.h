@@ -15,7 +15,8 @@ struct World {
   std::function<double()> random;           // uniform in [0, 1)
   std::function<std::string()> tempFolder;  // of this user's own, with a slash; empty if none
   int processors = 1;
-  std::string gameFolder;  // as the user's environment names it, with a slash; or empty
+  std::string gameFolder;   // as the user's environment names it, with a slash; or empty
+  bool wantsColors = true;  // on a terminal
 };
 
 }  // namespace vesmora::map_tool

@@ -52,6 +52,7 @@ TEST_F(MapToolTest, WhatIsAskedIsDoneOrRefused) {
   const std::vector<Call> calls = {
       {{"--help"}, 0, "vesmora-map render --poster maps/", ""},
       {{"check", "--help"}, 0, "2 when a map could not be", ""},
+      {{"compile", "--help"}, 0, "1 when something was told", ""},
       {{"--version"}, 0, "vesmora-map " VESMORA_VERSION, ""},
       {{}, 2, "", "subcommand is required"},
       {{"frobnicate"}, 2, "", "frobnicate"},
@@ -126,6 +127,13 @@ TEST_F(MapToolTest, ResultsGoToStandardOutputAsTheyAre) {
   EXPECT_EQ(run_({"render", "-", "-o", "-", "--svg"}), 0);
   EXPECT_THAT(run_.console.output,
               testing::AllOf(testing::StartsWith("<svg"), testing::EndsWith("</svg>\n")));
+  const auto letters = [](int count) {
+    std::string text;
+    for (int i = 0; i < count; ++i) text += "\xd0\x96";
+    return text;
+  };
+  EXPECT_EQ(run_({"render", "--poster", "-", "--name", letters(60), "-o", "-", "--svg"}), 0);
+  EXPECT_THAT(run_.console.output, HasSubstr(">" + letters(53) + "</text>"));
 }
 
 TEST_F(MapToolTest, FindingsAreLinesOrJson) {
