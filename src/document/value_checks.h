@@ -35,8 +35,8 @@ inline constexpr ValueRange kBaseSizeRange = {0, kFarthestPlace};  // world unit
 inline constexpr int kLargestSectorSize = 32767;  // world units
 
 struct NamedValue {
-  const char* name;
-  float value;
+  const char* name = "";
+  float value = 0;
   ValueRange range = {};
 };
 
