@@ -2,6 +2,7 @@
 #include <memory>
 
 #include "document/finding_list.h"
+#include "document/geometry.h"
 #include "document/number_text.h"
 #include "document/record_changes.h"
 #include "document/same_bytes.h"

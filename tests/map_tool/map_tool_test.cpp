@@ -1,6 +1,8 @@
 // The program as a shell runs it.
 #include <gmock/gmock.h>
 
+#include <csignal>
+
 #include "document/selection.h"
 #include "support/tool_run.h"
 
@@ -49,6 +51,7 @@ TEST_F(MapToolTest, WhatIsAskedIsDoneOrRefused) {
   const std::vector<Call> calls = {
       {{"--help"}, 0, "vesmora-map render --poster maps/", ""},
       {{"check", "--help"}, 0, "2 when a map could not be", ""},
+      {{"compile", "--help"}, 0, "1 when something was told", ""},
       {{"--version"}, 0, "vesmora-map " VESMORA_VERSION, ""},
       {{}, 2, "", "subcommand is required"},
       {{"frobnicate"}, 2, "", "frobnicate"},
@@ -102,6 +105,7 @@ TEST_F(MapToolTest, WhatIsAskedIsDoneOrRefused) {
       {{"render", "@/maps", "-o", "@/out", "--svg", "--size", "90x60"}, 0, "", ""},
       {{"render", "--poster", "@/maps", "@/gone.pmp", "-o", "@/out/p.png"}, 2, "", "not found"},
       {{"render", "--poster", "@/maps", "-o", "@/out"}, 2, "", "is a folder"},
+      {{"render", "--poster", "@/maps", "--json", "-o", "-"}, 2, "", "exclude each other"},
   };
   const auto before = run_.Names();
   for (const Call& call : calls) Expect(call);
@@ -122,6 +126,13 @@ TEST_F(MapToolTest, ResultsGoToStandardOutputAsTheyAre) {
   EXPECT_EQ(run_({"render", "-", "-o", "-", "--svg"}), 0);
   EXPECT_THAT(run_.console.output,
               testing::AllOf(testing::StartsWith("<svg"), testing::EndsWith("</svg>\n")));
+  const auto letters = [](int count) {
+    std::string text;
+    for (int i = 0; i < count; ++i) text += "\xd0\x96";
+    return text;
+  };
+  EXPECT_EQ(run_({"render", "--poster", "-", "--name", letters(60), "-o", "-", "--svg"}), 0);
+  EXPECT_THAT(run_.console.output, HasSubstr(">" + letters(53) + "</text>"));
 }
 
 TEST_F(MapToolTest, ColoursAreForTerminalsAndNothingInAMapReachesThem) {
@@ -179,6 +190,22 @@ TEST_F(MapToolTest, NoResultIsEverHalfWritten) {
   EXPECT_EQ(run_({"resave", "@/maps/below/c.pmp", "-o", "@/maps/b.PMP"}), 0);
   EXPECT_TRUE(FileBytes(run_.folder / "temp/backup.pmp") ==
               FileBytes(DataPath("small_compiled.pmp")));
+#ifndef _WIN32
+  // What would end the program meanwhile waits until the file is whole.
+  map_tool::World world{.console = run_.console,
+                        .files = run_.files,
+                        .random = [] { return 0.5; },
+                        .tempFolder =
+                            [this] {
+                              std::raise(SIGTERM);
+                              return run_.folder / "temp/";
+                            },
+                        .gameFolder = {}};
+  EXPECT_EXIT(
+      map_tool::RunMapTool({"compile", run_.folder / "maps/below/c.pmp", "--in-place"}, world),
+      testing::KilledBySignal(SIGTERM), "");
+  EXPECT_FALSE(FileBytes(run_.folder / "maps/below/c.pmp") == FileBytes(DataPath("terrain.pmp")));
+#endif
 }
 
 TEST_F(MapToolTest, TexturesAreFoundInTheGamesFolder) {
