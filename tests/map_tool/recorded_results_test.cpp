@@ -17,7 +17,8 @@ std::string Digest(const std::string& text) {
   std::string digest;
   std::istringstream lines(text);
   std::string line;
-  for (int i = 0; i < kLines && std::getline(lines, line); ++i) digest += "  " + line + "\n";
+  const int shown = text.starts_with("\x89PNG") ? 0 : kLines;
+  for (int i = 0; i < shown && std::getline(lines, line); ++i) digest += "  " + line + "\n";
   return digest + "  = " + std::to_string(Checksum(std::as_bytes(std::span(text)))) + "\n";
 }
 

@@ -149,23 +149,6 @@ TEST_F(IkkunaCommandsTest, TheMapTakesTheKeyboardAndEscape) {
   EXPECT_EQ(size->currentText(), "12") << "refused";
 }
 
-TEST_F(IkkunaCommandsTest, ADroppedFileIsOpenedAndStaysWhereItWas) {
-  const auto url = [&](const char* name) {
-    return QUrl::fromLocalFile(QString::fromStdString(folder / name));
-  };
-  EXPECT_TRUE(Write(folder / "dropped.pmp").Ok());
-  const auto both = Qt::CopyAction | Qt::MoveAction;
-  EXPECT_EQ(Drop({url("dropped.pmp"), url("some.pmp")}, both), Qt::TargetMoveAction);
-  EXPECT_EQ(Drop({QUrl("https://maps.example/dropped.pmp")}, both), Qt::TargetMoveAction);
-  EXPECT_EQ(MapName(), "Name: SOME");
-  EXPECT_EQ(Drop({url("dropped.pmp")}, both), Qt::CopyAction);
-  EXPECT_EQ(MapName(), "Name: DROPPED");
-  person.answers = {person.Press(QMessageBox::Ok)};
-  EXPECT_EQ(Drop({url("readme.txt")}, Qt::MoveAction), Qt::IgnoreAction)
-      << "or it would be deleted";
-  EXPECT_THAT(person.told, testing::ElementsAre("Argument file open: Unknow filetype"));
-}
-
 TEST_F(IkkunaCommandsTest, TheStripChoosesZoomAndGridAndShowsThePointer) {
   const auto choose = [&](const char* name, int row) {
     auto* list = Find<QComboBox>(name);

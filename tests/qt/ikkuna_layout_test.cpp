@@ -90,58 +90,6 @@ TEST_F(IkkunaLayoutTest, PanelsAndSmallestWindowFollowTheFont) {
   }
 }
 
-TEST_F(IkkunaLayoutTest, TheRestingFocusShowsOnlyWhereTabBroughtIt) {
-  auto* rest = Find("Pala");
-  const auto seen = [&] {  // as it has been painted
-    Settle();
-    const QPoint place = rest->mapTo(window.get(), QPoint());
-    return window->screen()
-        ->grabWindow(window->winId(), place.x(), place.y(), rest->width(), rest->height())
-        .toImage();
-  };
-  const QImage resting = seen();
-  EXPECT_EQ(QApplication::focusWidget(), rest);
-  for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Backtab}) {
-    Key(key);
-    EXPECT_NE(QApplication::focusWidget(), rest);
-    for (int i = 0; i < 80 && QApplication::focusWidget() != rest; ++i) Key(key);
-    const QImage reached = seen();
-    EXPECT_EQ(reached.pixelColor(0, rest->height() / 2),
-              rest->palette().color(QPalette::Highlight));
-    EXPECT_EQ(reached.copy(3, 3, 200, rest->height() - 6),
-              resting.copy(3, 3, 200, rest->height() - 6));
-    Find("OBvalinta0")->setFocus();
-    EXPECT_EQ(seen(), resting);
-    rest->setFocus();
-    EXPECT_EQ(seen(), resting);
-  }
-  Key(Qt::Key_Tab);
-  Key(Qt::Key_Backtab);
-  EXPECT_NE(seen(), resting);
-  QTest::mouseClick(Find("OBvalinta0"), Qt::LeftButton, {}, {8, 8});  // gives the keys back
-  EXPECT_EQ(seen(), resting);
-}
-
-TEST_F(IkkunaLayoutTest, HintAndPositionMoveNothing) {
-  auto* view = Find<ViewPanel>("Pala");
-  Resize(1100, 700);
-  const auto places = [&] {
-    QList<QRect> all;
-    for (auto* control : view->findChildren<QWidget*>()) all << control->geometry();
-    return all;
-  };
-  const QList<QRect> before = places();
-  view->ShowHint("Click to drop, Escape to cancel, and so on until there is no room for more");
-  ViewTransform transform;
-  view->ShowState(transform, "-9999.9, -9999.9");
-  Settle();
-  EXPECT_EQ(places(), before);
-  EXPECT_EQ(Find<QLabel>("Lvihje")->text().left(13), "Click to drop");
-  EXPECT_GE(Find("Lvihje")->width(), 100);
-  const auto* position = Find<QLabel>("Lsijainti");
-  EXPECT_GE(position->width(), position->fontMetrics().horizontalAdvance(position->text()));
-}
-
 TEST_F(IkkunaLayoutTest, AFirstWindowIsComfortableAndASizeWithoutAPlaceIsKept) {
   window->close();
   const std::string file = folder / "Vesmora/Vesmora.conf";

@@ -120,21 +120,6 @@ TEST_F(IkkunaTest, TheGameRunsAndTheWindowStepsAside) {
   if (!before[1].isEmpty()) qputenv("DISPLAY", before[1]);
 }
 
-TEST_F(IkkunaTest, ABoxOpensOverWhatIsUpToDate) {
-  Place(4, 0, 0);
-  std::filesystem::remove(path);
-  std::filesystem::create_directory(path);
-  std::ofstream(path + "/inside") << "keeps the map from being saved";
-  QTest::mouseMove(Find("Pala"));  // leaving the map would show it, too
-  bool isShown = false;
-  person.answers = {[&](QDialog& dialog) {
-    isShown = window->findChild<QAbstractButton*>("OBvalinta0")->isChecked();
-    dialog.accept();
-  }};
-  Run("MenuSave");  // chooses Edit first
-  EXPECT_TRUE(isShown);
-}
-
 TEST(ImportDialogTest, OnlyAChosenPrefabIsImported) {
   Bench bench;
   const std::string folder = PrefabFolder(bench.editor.ports);

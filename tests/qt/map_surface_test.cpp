@@ -15,41 +15,14 @@ namespace {
 
 using testing::ElementsAre;
 
-struct PaintCounter : QObject {
-  int paints = 0;
-
-  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-    if (event->type() == QEvent::Paint) ++paints;
-    return false;
-  }
-};
-
 class MapSurfaceTest : public testing::Test {
  protected:
-  MapSurfaceTest() {
-    surface.resize(60, 40);
-    view.area = {60, 40, 0, 0, 0};
-    view.fixedGrid = true;
-    view.gridSize = 25;
-  }
+  MapSurfaceTest() { surface.resize(60, 40); }
 
   void Mouse(QEvent::Type type, Qt::MouseButton button, Qt::MouseButtons held) {
     QMouseEvent event(type, QPointF(3.25, 4.5), QPointF(103, 104), button, held, Qt::NoModifier);
     QApplication::sendEvent(&surface, &event);
   }
-  void Draw() { surface.Draw({*document, *selection, view, show, tool}); }
-  QImage Shown(const QRect& part) {
-    QImage picture(surface.size(), QImage::Format_RGB32);
-    picture.fill(Qt::magenta);
-    surface.render(&picture, part.topLeft(), part, QWidget::RenderFlags());
-    return picture;
-  }
-
-  std::unique_ptr<MapDocument> document = std::make_unique<MapDocument>();
-  std::unique_ptr<Selection> selection = std::make_unique<Selection>();
-  ViewTransform view;
-  ShowOptions show;
-  ToolDrawing tool;
   MapSurface surface{nullptr};
 };
 
@@ -94,39 +67,6 @@ TEST_F(MapSurfaceTest, HandsOnWhatTheMouseDoes) {
   EXPECT_TRUE(surface.hasMouseTracking());
   EXPECT_EQ(surface.contextMenuPolicy(), Qt::PreventContextMenu);
   EXPECT_EQ(surface.accessibleName(), "Map");
-}
-
-TEST_F(MapSurfaceTest, KeepsItsFrameAtTheSizeOfTheWindow) {
-  const QRgb ground = Shown(surface.rect()).pixel(30, 30);
-  for (const QPoint corner : {QPoint(0, 0), QPoint(59, 39)}) {
-    EXPECT_EQ(Shown(surface.rect()).pixel(corner), ground) << "before the first map";
-  }
-  Draw();
-  const QImage whole = Shown(surface.rect());
-  EXPECT_EQ(whole.pixel(25, 30), qRgb(75, 75, 75));
-  EXPECT_EQ(whole.pixel(30, 0), qRgb(100, 100, 100));
-  EXPECT_EQ(whole.pixel(30, 30), ground);
-
-  view.gridSize = 50;  // what is uncovered shows the frame, and no more than was uncovered
-  const QImage part = Shown({20, 10, 10, 20});
-  EXPECT_EQ(part.copy(20, 10, 10, 20), whole.copy(20, 10, 10, 20));
-  EXPECT_EQ(part.pixel(19, 20), qRgb(255, 0, 255));
-  Draw();
-  EXPECT_EQ(Shown(surface.rect()).pixel(25, 30), ground) << "drawn anew into the same frame";
-
-  surface.resize(90, 70);
-  view.area = {90, 70, 0, 0, 0};
-  Draw();
-  EXPECT_EQ(Shown(surface.rect()).pixel(80, 50), qRgb(75, 75, 75));
-  EXPECT_EQ(Shown(surface.rect()).pixel(89, 69), ground);
-  surface.show();
-  ASSERT_TRUE(QTest::qWaitForWindowExposed(&surface));
-  QCoreApplication::processEvents();
-  PaintCounter counter;
-  surface.installEventFilter(&counter);
-  Draw();
-  QCoreApplication::processEvents();
-  EXPECT_EQ(counter.paints, 1) << "a new frame is shown without being asked for";
 }
 
 }  // namespace

@@ -161,54 +161,6 @@ TEST_F(PanelLooksTest, AColorButtonHasItsExactColorAndNamesIt) {
   }
 }
 
-TEST_F(PanelLooksTest, AHighlightedCaptionIsRedAndMovesNothing) {
-  const std::array frames = {"Fvertice", "Fspawn", "Fscenery", "Fcollider", "Fbot"};
-  std::map<QWidget*, QRect> places;
-  for (auto* control : widget.findChildren<QWidget*>()) {
-    const bool isOurs = !control->objectName().isEmpty() && !control->inherits("QLineEdit") &&
-                        !control->objectName().startsWith("qt_");
-    if (isOurs) places[control] = control->geometry();
-  }
-  EXPECT_GT(places.size(), 40U);
-  for (int tool = 5; tool >= 0; --tool) {
-    Refresh(static_cast<ToolMode>(tool), "");
-    for (std::size_t i = 0; i < frames.size(); ++i) {
-      auto* frame = Find(frames[i]);
-      const bool isNext = static_cast<int>(i) + 1 == tool;
-      const QRect caption(0, 0, frame->width(), frame->fontMetrics().height());
-      EXPECT_EQ(Count(PictureOf(frame), caption, QColor(255, 0, 0)) > 0, isNext) << frames[i];
-      EXPECT_EQ(Count(OnScreen(frame), caption, QColor(255, 0, 0)) > 0, isNext) << frames[i];
-      EXPECT_EQ(frame->toolTip(), isNext ? "What the next object gets" : "");
-      EXPECT_EQ(QAccessible::queryAccessibleInterface(frame)->text(QAccessible::Description),
-                frame->toolTip());
-    }
-    for (const auto& [control, place] : places) {
-      EXPECT_EQ(control->geometry(), place) << control->objectName().toStdString();
-    }
-  }
-}
-
-TEST_F(PanelLooksTest, ArrowsPointWhereTheySay) {
-  constexpr int kSide = 32;
-  const QRect halves[] = {{0, 0, kSide / 2, kSide},
-                          {kSide / 2, 0, kSide / 2, kSide},
-                          {0, 0, kSide, kSide / 2},
-                          {0, kSide / 2, kSide, kSide / 2}};
-  Refresh(kEdit, kMany);
-  for (int i = 0; i < 4; ++i) {
-    const auto* box = Find<QCheckBox>(QString("CBbotValinta%1").arg(i));
-    const QImage arrow = box->icon().pixmap(kSide).toImage();
-    const auto inked = [&](int half) {
-      return halves[half].width() * halves[half].height() -
-             Count(arrow, halves[half], Qt::transparent);
-    };
-    const int other = i ^ 1;  // the half it points away from
-    EXPECT_GT(inked(i), inked(other) * 5 / 4) << i;
-    EXPECT_GT(inked(other), 80) << i;
-    EXPECT_EQ(inked(i < 2 ? 2 : 0), inked(i < 2 ? 3 : 1)) << i << " lies in the middle";
-  }
-}
-
 TEST_F(PanelLooksTest, NothingIsCutOrCoveredInAnyFont) {
   for (const int points : {8, 9, 10, 12, 15}) {
     SCOPED_TRACE(points);
@@ -250,36 +202,6 @@ TEST_F(PanelLooksTest, NothingIsCutOrCoveredInAnyFont) {
     last->setFocus();
     EXPECT_EQ(last->visibleRegion().boundingRect(), last->rect()) << "the focus is always seen";
     Find("CBauthor")->setFocus();
-  }
-}
-
-TEST_F(PanelLooksTest, LongNamesAreCutAndToldWhole) {
-  map.fileName = "/maps/A & " + std::string(60, 'W') + ".pmp";
-  map.author = "<b>" + std::string(35, 'M');  // is shown as it is
-  const int width = widget.WidthFor(1000);
-  EXPECT_GT(Find("lAuthor")->mapTo(&widget, QPoint()).x(),
-            Find("Lkartta1")->mapTo(&widget, QPoint()).x() + 20);
-  widget.setToolTip("of what lies around");
-  Refresh(kEdit, "");
-  EXPECT_EQ(widget.WidthFor(1000), width);
-  for (const char* name : {"Lkartta1", "lAuthor"}) {
-    auto* label = Find<QLabel>(name);
-    const QString whole = label->text();
-    EXPECT_EQ(QAccessible::queryAccessibleInterface(label)->text(QAccessible::Name), whole);
-    QHelpEvent help(QEvent::ToolTip, QPoint(2, 2), label->mapToGlobal(QPoint(2, 2)));
-    QApplication::sendEvent(label, &help);
-    EXPECT_EQ(QToolTip::text(), whole.contains('<') ? whole.toHtmlEscaped() : whole) << name;
-    const QImage cut = PictureOf(label);
-    QStringList lines;
-    for (const QString& line : whole.split('\n')) {
-      lines << label->fontMetrics().elidedText(line, Qt::ElideRight, label->width());
-    }
-    EXPECT_TRUE(lines.join("").contains(QChar(0x2026)));
-    label->setText(lines.join('\n'));
-    EXPECT_EQ(PictureOf(label), cut);
-    QToolTip::showText(QPoint(), "before");
-    QApplication::sendEvent(label, &help);
-    EXPECT_NE(QToolTip::text(), label->text()) << "what is whole needs none";
   }
 }
 

@@ -140,30 +140,5 @@ TEST_F(QtDialogsTest, ASavedNameGetsItsEndingAndNothingIsReplacedUnasked) {
                                 "' does not exist.\nPlease choose another one."));
 }
 
-TEST_F(QtDialogsTest, ColoursAndTextsBeginWithWhatThereIs) {
-  answers = {[](QDialog& dialog) {
-               auto& colors = dynamic_cast<QColorDialog&>(dialog);
-               EXPECT_EQ(colors.currentColor(), QColor(1, 2, 3));
-               colors.setCurrentColor(QColor(4, 5, 6));
-               dialog.accept();
-             },
-             Person::Cancel,
-             [](QDialog& dialog) {
-               EXPECT_EQ(dialog.windowTitle(), "Map properties");
-               EXPECT_EQ(dialog.findChild<QLabel*>()->text(), "Author's name");
-               auto* line = dialog.findChild<QLineEdit*>();
-               EXPECT_EQ(line->text(), "Jos\u00E9");
-               line->setText("Z\u00EB");
-               dialog.accept();
-             },
-             Person::Cancel};
-  EXPECT_EQ(dialogs.ChooseColor(0x030201), 0x060504);
-  EXPECT_EQ(dialogs.ChooseColor(0), std::nullopt);
-  const TextRequest request{
-      .title = "Map properties", .prompt = "Author's name", .answer = "Jos\u00E9"};
-  EXPECT_EQ(dialogs.AskText(request), "Z\u00EB");
-  EXPECT_EQ(dialogs.AskText(request), "");
-}
-
 }  // namespace
 }  // namespace vesmora

@@ -8,7 +8,6 @@
 #include <cstddef>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <memory>
 #include <string>
 #include <tuple>
@@ -39,10 +38,14 @@ inline std::string DataPath(const std::string& name) {
 /// A whole file; a missing one fails the test.
 inline Bytes FileBytes(const std::string& path) {
   std::ifstream file(PathOf(path), std::ios::binary);
-  if (!file) ADD_FAILURE() << "no file " << path;
-  const std::string content(std::istreambuf_iterator<char>(file), {});
-  const auto bytes = std::as_bytes(std::span(content));
-  return {bytes.begin(), bytes.end()};
+  if (!file) {
+    ADD_FAILURE() << "no file " << path;
+    return {};
+  }
+  Bytes bytes(static_cast<std::size_t>(file.seekg(0, std::ios::end).tellg()));
+  file.seekg(0).read(reinterpret_cast<char*>(bytes.data()),
+                     static_cast<std::streamsize>(bytes.size()));
+  return bytes;
 }
 
 inline void PutFile(const std::string& path, const Bytes& bytes) {
@@ -161,8 +164,7 @@ struct Bench {
   /// "0: 1 0 0 0 0, 1 &Undo Move".
   std::string Status() const {
     std::string text = std::to_string(static_cast<int>(map.toolIndex)) + ":";
-    const auto lasts = std::get<1>(StateOf(map));
-    for (const std::int16_t last : lasts) text += " " + std::to_string(last + 1);
+    VisitTables(map, [&](const auto& table) { text += " " + std::to_string(table.Count()); });
     return text + ", " + std::to_string(journal.undoAvailable + 1) + " " + journal.caption;
   }
   /// A file of the temporary folder.
