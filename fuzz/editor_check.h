@@ -25,7 +25,6 @@
 #include "panel/refresh_panel.h"
 #include "platform/settings_file.h"
 #include "platform/text.h"
-#include "support/editor_bench.h"
 #include "support/panel_bench.h"
 #include "view/layout.h"
 #include "view/map_picture.h"
@@ -57,9 +56,10 @@ inline const auto kWalkFiles = [] {
   return files;
 }();
 
-class EditorWalk : EditorBench {
+class EditorWalk : public Bench {
  public:
-  explicit EditorWalk(unsigned first) {
+  /// Without `mayFail` no call fails, nothing is killed and no undo file is damaged.
+  explicit EditorWalk(unsigned first, bool mayFail = true) : mayFail_(mayFail) {
     editor.ports.programFolder = DataPath("../../data/");
     now = 8'000'000'000'000;  // later than any file, so that what is kept last is the newest
     std::filesystem::create_directories(folder / "game/MAPS");
@@ -71,12 +71,8 @@ class EditorWalk : EditorBench {
     OpenMap(editor, Named(first));
   }
 
-  EditorWalk(const EditorWalk&) = delete;
-  EditorWalk& operator=(const EditorWalk&) = delete;
-  ~EditorWalk() {
-    LetGo(journal.folder);
-    LetGo(other_);
-  }
+  std::function<void()> onAction = [] {};  // runs after each
+  std::string hint;
 
   void Run(std::span<const std::uint8_t> actions) {
     for (std::size_t at = 0; at + 4 <= actions.size(); at += 4) {
@@ -107,6 +103,7 @@ class EditorWalk : EditorBench {
     FollowJournal();
     BringUpToDate();
     CheckState();
+    onAction();
     events.clear();
     dialogs.messages.clear();
   }
@@ -125,7 +122,7 @@ class EditorWalk : EditorBench {
 
   void BringUpToDate() {
     if (std::exchange(isStale_, false)) RefreshPanel(editor.panel.contents, editor);
-    WriteHint(hint_, editor);
+    WriteHint(hint, editor);
   }
 
   /// Another one for each dialog.
@@ -331,6 +328,7 @@ class EditorWalk : EditorBench {
     canvas.painter.Fill(0);
     const ToolDrawing tool = ToolDrawingOf(editor);
     DrawMap({map, selection, editor.view, editor.show, tool}, canvas);
+    EXPECT_LE(canvas.primitives, 60000);
     const DrawingArea small{.width = 200, .height = 100};
     CheckingCanvas picture(small);
     DrawPicture(map, small.width, small.height, picture);
@@ -365,7 +363,7 @@ class EditorWalk : EditorBench {
       paths.push_back(entry.path());
     }
     std::sort(paths.begin() + 1, paths.end());
-    const auto& path = paths[input_[1] < 64 ? 0 : input_[1] % paths.size()];
+    const auto& path = paths[input_[1] < 64 || !mayFail_ ? 0 : input_[1] % paths.size()];
     const std::u8string u8 = path.u8string();
     const std::string name(u8.begin(), u8.end());
     for (auto* steps : {&undo_, &redo_}) {
@@ -382,6 +380,7 @@ class EditorWalk : EditorBench {
   }
   /// At one of the next calls, at two of them, or from there on.
   void DoFault() {
+    if (!mayFail_) return;
     using Lasting = FaultyFileCalls::Lasting;
     constexpr std::array kErrors = {EIO, ENOSPC, ENOENT, EACCES};
     const int how = input_[3] % 8;
@@ -415,7 +414,7 @@ class EditorWalk : EditorBench {
     files.FailAlso(0);
   }
   void DoKill() {
-    files.DieBefore(files.Count() + 1 + input_[3] % 64);
+    if (mayFail_) files.DieBefore(files.Count() + 1 + input_[3] % 64);
     try {
       DoCommand();
     } catch (const FaultyFileCalls::Killed&) {
@@ -425,8 +424,8 @@ class EditorWalk : EditorBench {
   }
   void StartAnew() {
     const Ports ports = editor.ports;
-    LetGo(journal.folder);
-    LetGo(other_);
+    journal.folder = {};
+    other_ = {};
     if (input_[2] % 2 == 0) other_ = HoldUndoFolder(files, ports.tempFolder);
     std::destroy_at(holder.get());
     std::construct_at(holder.get(), ports);
@@ -467,12 +466,12 @@ class EditorWalk : EditorBench {
   static constexpr std::array<std::uint8_t, kActions.size()> kEnds = {
       63, 99, 123, 139, 163, 185, 193, 201, 209, 213, 218, 222, 227, 235, 243, 247, 251, 255};
 
+  const bool mayFail_;
   std::array<std::uint8_t, 4> input_{};
   const std::unique_ptr<MapDocument> before_ = std::make_unique<MapDocument>();
   bool isPlain_ = false;  // no step yet in this action, and nothing was in progress before it
   bool isStale_ = false;
   UndoFolder other_;  // another editor's, while it runs
-  std::string hint_;
   // What Undo and Redo must bring back.
   std::deque<Step> undo_;
   std::deque<Step> redo_;

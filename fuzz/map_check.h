@@ -15,7 +15,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
-#include <limits>
 #include <memory>
 #include <span>
 #include <tuple>
@@ -148,49 +147,6 @@ class CheckingCanvas final : public Canvas {
   const DrawingArea& area_;
 };
 
-/// From near, far and impossible places, in every tool. Cuts connection counts and no more.
-inline void CheckDrawing(Bench& bench, unsigned look) {
-  constexpr float kInfinity = std::numeric_limits<float>::infinity();
-  constexpr int kMostPrimitives = 60000;
-  MapDocument& map = bench.map;
-  const auto before = std::make_unique<MapDocument>(map);
-  const PolygonVertex& corner = map.polygons[0].vertices[0];
-  const std::array<ScreenPoint, 6> centers = {{{0, 0},
-                                               {corner.x, corner.y},
-                                               {8388000, -8388000},
-                                               {-1e9f, 3e9f},
-                                               {1e30f, -1e30f},
-                                               {kInfinity, NAN}}};
-  for (unsigned i = look * 6; i < look * 6 + 6; ++i) {
-    ShowOptions show;
-    show.showFlags = {1, 1, 1, 1, 1, 1, 0};
-    if (look % 4 == 3) show.showFlags[i % 6] = 0;
-    show.pathFilter = static_cast<std::int16_t>(i % 3);
-    map.toolIndex = static_cast<ToolMode>(i % kToolCount);
-    const ToolDrawing tool{.placedCorners = static_cast<int>(i % 3),
-                           .showsNext = i % 2 == 0,
-                           .connectionFrom = look % 2 == 0 ? kNoIndex : static_cast<int>(i % 6),
-                           .mouseX = 100,
-                           .mouseY = -2147483647 - 1};
-    ViewTransform view;
-    view.centerX = centers[i % 6].x;
-    view.centerY = centers[i % 6].y;
-    view.zoom = kZoomLevels[i % kZoomLevels.size()];
-    view.gridSize = kGridSizes[i / 2 % kGridSizes.size()];
-    view.fixedGrid = i % 2 != 0;
-    view.area = i % 31 == 30 ? DrawingArea{} : DrawingArea{1024, 700, 332, 40, 40};
-    CheckingCanvas canvas(view.area);
-    DrawMap({map, bench.selection, view, show, tool}, canvas);
-    EXPECT_LE(canvas.primitives, kMostPrimitives);
-  }
-  map.toolIndex = before->toolIndex;
-  for (int slot = 0; slot < kWaypointCapacity; ++slot) {
-    std::int32_t& count = before->waypoints[slot].connectionCount;
-    if (count > 21 && map.waypoints[slot].connectionCount == 20) count = 20;
-  }
-  EXPECT_TRUE(StateOf(map) == StateOf(*before)) << "drawing changed the map";
-}
-
 inline void CheckMapInput(std::span<const std::uint8_t> data) {
   if (data.size() < 3) return;
   const bool isUndo = (data[0] & 1U) != 0;
@@ -215,7 +171,6 @@ inline void CheckMapInput(std::span<const std::uint8_t> data) {
     SelectEverything(selection, map);
     if (look % 8 > 4) selection.sceneries.SetCount(std::min(selection.sceneries.Count(), 1));
   }
-  CheckDrawing(*bench, look);
 
   bench->dialogs.messages.clear();
   const auto again = std::make_unique<Bench>();

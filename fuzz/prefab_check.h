@@ -9,7 +9,7 @@
 
 #include "document/prefab_file.h"
 #include "map_check.h"
-#include "support/tool_bench.h"
+#include "support/bench.h"
 #include "tools/prefab_import.h"
 
 namespace vesmora {
@@ -28,7 +28,7 @@ inline void CheckPrefabInput(std::span<const std::uint8_t> data) {
   const MapDocument& before = kMaps[data[1] % kMaps.size()];
   const bool isQuiet = (data[0] & 1U) != 0;
   const auto bytes = std::as_bytes(data).subspan(2);
-  ToolBench bench;
+  Bench bench;
   MapDocument& map = bench.map;
   map = before;
   bench.editor.shiftDown = (data[0] & 2U) != 0;

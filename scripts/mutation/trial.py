@@ -8,6 +8,7 @@ import subprocess
 import threading
 from dataclasses import dataclass, field
 from pathlib import Path
+from typing import Collection
 
 RAN = re.compile(r"\[ +(OK|FAILED|SKIPPED) +\] (\S+?)(?:, where [^\n]*)? \((\d+) ms\)")
 BEGAN = re.compile(r"\[ RUN +\] (\S+)")
@@ -107,20 +108,20 @@ class Trials:
         likely += sorted(anywhere, key=lambda test: -anywhere[test])[:10]
         return [test for test in dict.fromkeys(likely) if test in self.milliseconds]
 
-    def first_to_fail(self, program: Path, path: Path) -> list[str]:
-        """One test that finds the fault of the program in this file, or none."""
-        likely = self._likely(path)
-        others = [test for test in self.milliseconds if test not in likely]
-        for tests in filter(None, (likely, others)):
-            failed = run_tests(program, tests, self._limit(tests), stop_early=True).failed
+    def first_to_fail(self, program: Path, path: Path, tests: Collection[str]) -> list[str]:
+        """One of the tests that finds the fault of the program in this file, or none."""
+        likely = [test for test in self._likely(path) if test in tests]
+        others = [test for test in tests if test not in likely]
+        for some in filter(None, (likely, others)):
+            failed = run_tests(program, some, self._limit(some), stop_early=True).failed
             if failed:
                 return failed[:1]
         return []
 
-    def all_that_fail(self, program: Path) -> list[str]:
-        """All tests that find the program's fault; what a crash or a hang kept from running too."""
+    def all_that_fail(self, program: Path, tests: Collection[str]) -> list[str]:
+        """All that find the program's fault; what a crash or a hang kept from running too."""
         failed: list[str] = []
-        left = list(self.milliseconds)
+        left = list(tests)
         while left:
             outcome = run_tests(program, left, self._limit(left), stop_early=False)
             failed += outcome.failed

@@ -7,7 +7,7 @@
 namespace vesmora {
 namespace {
 
-const std::string kSection = "Recent";
+const std::string kRecentSection = "Recent";
 constexpr std::size_t kShortestShown = 5;  // characters
 
 }  // namespace
@@ -22,13 +22,13 @@ void AddRecent(RecentFiles& recent, const std::string& path) {
 
 void LoadRecent(RecentFiles& recent, Settings& settings) {
   for (std::size_t i = 0; i < recent.slots.size(); ++i) {
-    recent.slots[i] = TrimBlanks(settings.Read(kSection, std::to_string(i), ""));
+    recent.slots[i] = TrimBlanks(settings.Read(kRecentSection, std::to_string(i), ""));
   }
 }
 
 void StoreRecent(const RecentFiles& recent, Settings& settings) {
   for (std::size_t i = 0; i < recent.slots.size(); ++i) {
-    settings.Write(kSection, std::to_string(i), recent.slots[i]);
+    settings.Write(kRecentSection, std::to_string(i), recent.slots[i]);
   }
 }
 

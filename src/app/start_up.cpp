@@ -56,8 +56,9 @@ void DeleteOwnSnapshots(Editor& editor) {
   if (!IsStillHeld(files, folder)) return;
   DeleteSnapshotFiles(folder, files);
   const std::string path = folder.path;
-  LetGo(folder);
-  if (path != folder.temp) files.RemoveFolder(path.substr(0, path.size() - 1));
+  const bool isShared = path == folder.temp;
+  folder = {};
+  if (!isShared) files.RemoveFolder(path.substr(0, path.size() - 1));
 }
 
 void TellLostMaps(Editor& editor, const FileStatus& problem) {

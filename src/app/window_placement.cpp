@@ -11,12 +11,12 @@
 namespace vesmora {
 namespace {
 
-const std::string kSection = "Windows";
+const std::string kPlacementSection = "Windows";
 constexpr std::int16_t kNotSet = -999;
 constexpr int kBarHeight = 28;  // of a title bar, above the window's own area
 
 std::optional<std::int16_t> ReadNumber(Settings& settings, const std::string& key) {
-  const std::string text = settings.Read(kSection, key, std::to_string(kNotSet));
+  const std::string text = settings.Read(kPlacementSection, key, std::to_string(kNotSet));
   const std::string_view digits = TrimBlanks(text);
   double value = 0;
   const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
@@ -27,7 +27,7 @@ std::optional<std::int16_t> ReadNumber(Settings& settings, const std::string& ke
 }
 
 void WriteNumber(Settings& settings, const std::string& key, std::optional<std::int16_t> value) {
-  settings.Write(kSection, key, std::to_string(value.value_or(kNotSet)));
+  settings.Write(kPlacementSection, key, std::to_string(value.value_or(kNotSet)));
 }
 
 int Overlap(int firstStart, int firstLength, int secondStart, int secondLength) {

@@ -28,9 +28,6 @@ class FindingList {
   std::vector<Finding> all_;
 };
 
-/// Of a polygon that has an area: whether a save turns its corners.
-bool RunsTheWrongWay(const Polygon& polygon);
-
 void CheckPolygons(const MapDocument& document, FindingList& findings);
 void CheckSpawns(const MapDocument& document, const std::string& fileName, FindingList& findings);
 void CheckSceneries(const MapDocument& document, FindingList& findings);

@@ -41,6 +41,16 @@ bool PolygonIsOrdered(const Polygon& polygon) {
   return difference <= 0 || difference > kPi;
 }
 
+double DoubleArea(const Polygon& polygon) {
+  const auto& [a, b, c] = polygon.vertices;
+  return (double{b.x} - a.x) * (double{c.y} - a.y) - (double{b.y} - a.y) * (double{c.x} - a.x);
+}
+
+bool RunsTheWrongWay(const Polygon& polygon) {
+  const double area = DoubleArea(polygon);
+  return std::isfinite(area) && area != 0 && !PolygonIsOrdered(polygon);
+}
+
 void RecomputeNormals(Polygon& polygon) {
   for (std::size_t i = 0; i < polygon.edges.size(); ++i) {
     const PolygonVertex& from = polygon.vertices[i];

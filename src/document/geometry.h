@@ -19,6 +19,12 @@ WorldPoint EdgeNormal(float a, float b);
 /// True when the polygon's corners run in the order the game wants.
 bool PolygonIsOrdered(const Polygon& polygon);
 
+/// Twice the area, with the sign of the corners' order.
+double DoubleArea(const Polygon& polygon);
+
+/// Of a polygon that has an area: whether a save turns its corners.
+bool RunsTheWrongWay(const Polygon& polygon);
+
 /// Recomputes x and y of a polygon's three normals from its corners; z stays.
 void RecomputeNormals(Polygon& polygon);
 

@@ -147,14 +147,12 @@ FileStatus RescueLostMaps(const RescueFolder& rescue, UndoFolder& own,
     for (UndoFolder& folder : HoldAbandonedFolders(files, temp, own)) {
       const std::string path = folder.path;
       const bool isEmptied = KeepLostOf(rescue, folder, problem);
-      LetGo(folder);
+      folder = {};
       if (isEmptied && path != temp) files.RemoveFolder(path.substr(0, path.size() - 1));
     }
   }
-  if (!own.path.empty() && own.hold >= 0 && !KeepLostOf(rescue, own, problem)) {
-    UndoFolder full = own;  // held until another one is
-    own = HoldUndoFolder(files, own.temp);
-    LetGo(full);
+  if (!own.path.empty() && own.hold.IsHeld() && !KeepLostOf(rescue, own, problem)) {
+    own = HoldUndoFolder(files, own.temp);  // the full one is held until then
   }
   return problem;
 }

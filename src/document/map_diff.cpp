@@ -1,5 +1,7 @@
 #include "document/map_diff.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <utility>
 
@@ -18,12 +20,6 @@ namespace {
 using Differences = std::vector<Difference>;
 
 constexpr float kSameOffset = 1e-3f;  // world units: what rounding leaves of a common move
-
-WorldPoint PlaceOf(const Polygon& polygon) { return vesmora::PlaceOf(polygon.vertices[0]); }
-template <typename Record>
-WorldPoint PlaceOf(const Record& record) {
-  return vesmora::PlaceOf(record);
-}
 
 WorldPoint OffsetBetween(WorldPoint from, WorldPoint to) { return {to.x - from.x, to.y - from.y}; }
 
@@ -62,7 +58,7 @@ bool IsMoved(const Record& before, const Record& after) {
 }
 
 /// All corners by one way, with their texture or without; edges and colours as they were.
-bool IsMoved(const Polygon& before, const Polygon& after) {
+bool IsShifted(const Polygon& before, const Polygon& after) {
   const WorldPoint offset = OffsetBetween(PlaceOf(before), PlaceOf(after));
   const WorldPoint textureOffset{offset.x / kTextureWidth, offset.y / kTextureHeight};
   for (std::size_t i = 0; i < before.vertices.size(); ++i) {
@@ -71,8 +67,7 @@ bool IsMoved(const Polygon& before, const Polygon& after) {
     const WorldPoint ofTexture = OffsetBetween({a.u, a.v}, {b.u, b.v});
     const bool texture = IsAlmost(ofTexture, {}) || IsAlmost(ofTexture, textureOffset);
     if (!texture || a.color != b.color || !HaveSameBytes(a.z, b.z) ||
-        !HaveSameBytes(a.rhw, b.rhw) ||
-        !IsAlmost(OffsetBetween(vesmora::PlaceOf(a), vesmora::PlaceOf(b)), offset) ||
+        !HaveSameBytes(a.rhw, b.rhw) || !IsAlmost(OffsetBetween(PlaceOf(a), PlaceOf(b)), offset) ||
         IsPassable(before.edges[i]) != IsPassable(after.edges[i])) {
       return false;
     }
@@ -80,20 +75,62 @@ bool IsMoved(const Polygon& before, const Polygon& after) {
   return true;
 }
 
+using CornerOrder = std::array<std::size_t, 3>;
+constexpr CornerOrder kAsTheyAre = {0, 1, 2};
+
+/// The polygon with its corners in another order. As at a save, z, rhw and alpha stay in their
+/// places.
+Polygon Turned(const Polygon& polygon, const CornerOrder& order) {
+  Polygon turned = polygon;
+  for (std::size_t i = 0; i < order.size(); ++i) {
+    PolygonVertex& corner = turned.vertices[i];
+    const PolygonVertex kept = std::exchange(corner, polygon.vertices[order[i]]);
+    corner.z = kept.z;
+    corner.rhw = kept.rhw;
+    corner.color.alpha = kept.color.alpha;
+  }
+  return turned;
+}
+
+/// In which the corners have been put, of a polygon that was moved, turned or both.
+std::optional<CornerOrder> NewOrder(const Polygon& before, const Polygon& after) {
+  CornerOrder order = kAsTheyAre;
+  do {
+    if (IsShifted(Turned(before, order), after)) return order;
+  } while (std::ranges::next_permutation(order).found);
+  return std::nullopt;
+}
+
+bool IsMoved(const Polygon& before, const Polygon& after) {
+  return NewOrder(before, after).has_value();
+}
+
 template <typename Record>
 bool LieOnOneSpot(const Record& before, const Record& after) {
   return PlaceOf(before) == PlaceOf(after);
 }
-bool LieOnOneSpot(const Polygon& before, const Polygon& after) {
+int SharedCorners(const Polygon& before, const Polygon& after) {
   int shared = 0;
   for (const PolygonVertex& a : before.vertices) {
     for (const PolygonVertex& b : after.vertices) {
-      if (vesmora::PlaceOf(a) != vesmora::PlaceOf(b)) continue;
+      if (PlaceOf(a) != PlaceOf(b)) continue;
       ++shared;
       break;
     }
   }
-  return shared >= 2;
+  return shared;
+}
+bool LieOnOneSpot(const Polygon& before, const Polygon& after) {
+  return SharedCorners(before, after) >= 2;
+}
+
+template <typename Record>
+bool CoverEachOther(const Record& before, const Record& after) {
+  return LieOnOneSpot(before, after);
+}
+/// Neighbours do not, although they lie on one spot.
+bool CoverEachOther(const Polygon& before, const Polygon& after) {
+  return SharedCorners(before, after) == 3;
 }
 
 template <typename TableType>
@@ -111,8 +148,11 @@ Matching MatchTables(const TableType& before, const TableType& after) {
   Matching matching(before.Count(), after.Count());
   PairByKey(matching, KeysOf(before), KeysOf(after));
   const auto isMoved = [&](int a, int b) { return IsMoved(before[a], after[b]); };
+  const auto covers = [&](int a, int b) { return CoverEachOther(before[a], after[b]); };
   const auto isThere = [&](int a, int b) { return LieOnOneSpot(before[a], after[b]); };
   PairSameSlots(matching, isMoved);
+  PairSameSlots(matching, covers);
+  PairFirst(matching, covers);
   PairSameSlots(matching, isThere);
   PairFirst(matching, isThere);
   PairFirst(matching, isMoved);
@@ -124,14 +164,24 @@ Difference Compare(const Record& before, const Record& after) {
   Difference difference{.place = PlaceOf(after)};
   const auto changes = ChangesIn(before, after);
   if (changes.empty()) return difference;
-  if (IsMoved(before, after)) {
+  const WorldPoint from = PlaceOf(before);
+  const WorldPoint offset = OffsetBetween(from, PlaceOf(after));
+  if (!IsAlmost(offset, {}) && IsMoved(before, after)) {
     difference.kind = DifferenceKind::kMoved;
-    const WorldPoint from = PlaceOf(before);
-    difference.text =
-        "from " + PlaceText(from) + " by " + PlaceText(OffsetBetween(from, PlaceOf(after)));
+    difference.text = "from " + PlaceText(from) + " by " + PlaceText(offset);
   } else {
     difference.text = Joined(changes);
   }
+  return difference;
+}
+
+/// Normals belong to their corners: of turned ones they are nothing of their own.
+Difference Compare(const Polygon& before, const Polygon& after) {
+  const CornerOrder order = NewOrder(before, after).value_or(kAsTheyAre);
+  Difference difference = Compare<Polygon>(Turned(before, order), after);
+  if (order == kAsTheyAre) return difference;
+  const std::string way = difference.kind == DifferenceKind::kMoved ? difference.text + ", " : "";
+  difference.text = way + "corners turned";
   return difference;
 }
 
@@ -271,7 +321,6 @@ bool FilesDiffer(const MapDocument& before, const MapDocument& after) {
   std::vector<std::byte> b(kMapFileSize);
   WriteMapImage(before, a);
   WriteMapImage(after, b);
-  constexpr std::size_t kRandomIdOffset = 444060;
   for (auto* image : {&a, &b}) {
     std::fill_n(image->begin() + kRandomIdOffset, sizeof(MapDocument::randomId), std::byte{});
   }

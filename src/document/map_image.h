@@ -14,6 +14,9 @@ namespace vesmora {
 
 inline constexpr std::size_t kMapFileSize = 502112;
 inline constexpr std::size_t kUndoFileSize = kMapFileSize + kSelectionBlockSize + 2;
+/// Where the texture's name and the number that every save draws anew lie.
+inline constexpr std::size_t kTextureOffset = 48005;
+inline constexpr std::size_t kRandomIdOffset = 444060;
 /// Where the second table of items, from the sector division on, must begin.
 inline constexpr std::size_t kDivisionOffset = 434868;
 /// Where the sectors begin; the two loose bytes behind them end the first table of items.

@@ -55,6 +55,24 @@ void CheckGameRules(const MapDocument& document, const std::string& fileName,
   }
 }
 
+void CheckShape(const SceneryObject& scenery, const ObjectReference& object,
+                FindingList& findings) {
+  const bool isFine = CheckNumbers(findings, object,
+                                   {{"rotation", scenery.rotation, kRotationRange},
+                                    {"width's scale", scenery.scaleX, kScaleRange},
+                                    {"height's scale", scenery.scaleY, kScaleRange}});
+  if (isFine && (scenery.scaleX == 0 || scenery.scaleY == 0)) {
+    findings.Error("value-range", object, PlaceOf(scenery), "is scaled to nothing");
+  }
+  // The picture is as large as that of its type all the same: nothing reads these.
+  for (const auto size : {scenery.width, scenery.height}) {
+    if (kBaseSizeRange.Holds(static_cast<float>(size))) continue;
+    findings.Hint("value-range", object, PlaceOf(scenery),
+                  "was made with an impossible base size of " + std::to_string(size));
+    break;
+  }
+}
+
 }  // namespace
 
 void CheckSpawns(const MapDocument& document, const std::string& fileName, FindingList& findings) {
@@ -84,10 +102,7 @@ void CheckSceneries(const MapDocument& document, FindingList& findings) {
       findings.Error("scenery-type", object, PlaceOf(scenery),
                      "is of the unknown type " + std::to_string(scenery.type));
     }
-    CheckNumbers(findings, object,
-                 {{"rotation", scenery.rotation},
-                  {"width's scale", scenery.scaleX},
-                  {"height's scale", scenery.scaleY}});
+    CheckShape(scenery, object, findings);
     if (CheckNumbers(findings, object, {{"x", scenery.x}, {"y", scenery.y}})) {
       CheckPlace(findings, object, PlaceOf(scenery));
     }

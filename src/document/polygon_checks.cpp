@@ -10,12 +10,6 @@ namespace {
 
 constexpr double kLeastHeight = 0.01;  // world units
 
-/// Twice the area, with the sign of the corners' order.
-double DoubleArea(const Polygon& polygon) {
-  const auto& [a, b, c] = polygon.vertices;
-  return (double{b.x} - a.x) * (double{c.y} - a.y) - (double{b.y} - a.y) * (double{c.x} - a.x);
-}
-
 /// World units, over the longest side; no two corners lie on one spot.
 double SmallestHeight(const Polygon& polygon) {
   double longest = 0;
@@ -39,10 +33,10 @@ bool CheckValues(const Polygon& polygon, int slot, FindingList& findings) {
       areNumbers = false;
     }
     CheckNumbers(findings, object,
-                 {{"z", vertex.z},
-                  {"rhw", vertex.rhw},
-                  {"texture coordinate u", vertex.u},
-                  {"texture coordinate v", vertex.v}});
+                 {{"z", vertex.z, kDepthRange},
+                  {"rhw", vertex.rhw, kDepthRange},
+                  {"texture coordinate u", vertex.u, kTextureRange},
+                  {"texture coordinate v", vertex.v, kTextureRange}});
   }
   for (const Normal& edge : polygon.edges) {
     const ObjectReference object{ObjectKind::kPolygon, slot};
@@ -81,11 +75,6 @@ void CheckShape(const Polygon& polygon, int slot, FindingList& findings) {
 }
 
 }  // namespace
-
-bool RunsTheWrongWay(const Polygon& polygon) {
-  const double area = DoubleArea(polygon);
-  return std::isfinite(area) && area != 0 && !PolygonIsOrdered(polygon);
-}
 
 void CheckPolygons(const MapDocument& document, FindingList& findings) {
   int slot = 0;

@@ -2,6 +2,7 @@
 #include <memory>
 
 #include "document/finding_list.h"
+#include "document/geometry.h"
 #include "document/number_text.h"
 #include "document/record_changes.h"
 #include "document/same_bytes.h"
@@ -17,12 +18,6 @@ bool IsMarked(const SpawnPoint& spawn) { return spawn.active != 0; }
 template <typename Record>
 bool IsMarked(const Record& record) {
   return record.active == 1;
-}
-
-WorldPoint PlaceOf(const Polygon& polygon) { return vesmora::PlaceOf(polygon.vertices[0]); }
-template <typename Record>
-WorldPoint PlaceOf(const Record& record) {
-  return vesmora::PlaceOf(record);
 }
 
 /// A change that has a name of its own; false when it is not that one.

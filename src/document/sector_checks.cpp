@@ -5,6 +5,7 @@
 #include "document/geometry.h"
 #include "document/number_text.h"
 #include "document/sector_grid.h"
+#include "document/value_checks.h"
 
 namespace vesmora {
 namespace {
@@ -97,14 +98,13 @@ void CompareWithCompiled(const MapDocument& document, FindingList& findings) {
 }  // namespace
 
 void CheckSectors(const MapDocument& document, FindingList& findings) {
-  const auto isEmpty = [](const Sector& sector) { return sector.count == 0; };
-  if (std::ranges::all_of(document.sectors, isEmpty)) {
+  if (!IsCompiled(document)) {
     if (!std::ranges::all_of(document.polygons.Used(), IsPassablePolygon)) {
       findings.Hint("not-compiled", {}, std::nullopt, "has not been compiled");
     }
     return;
   }
-  if (document.sectorDivision < 1) {
+  if (document.sectorDivision < 1 || document.sectorDivision > kLargestSectorSize) {
     findings.Error("sector-size", {}, std::nullopt,
                    "has sectors of the size " + std::to_string(document.sectorDivision));
     return;

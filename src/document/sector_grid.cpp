@@ -76,6 +76,11 @@ SectorShortage VisitSectors(const MapDocument& document, Enter enter) {
 
 }  // namespace
 
+bool IsCompiled(const MapDocument& document) {
+  return std::ranges::any_of(document.sectors,
+                             [](const Sector& sector) { return sector.count != 0; });
+}
+
 PolygonBounds BoundsOfPolygons(const MapDocument& document) {
   PolygonBounds bounds{9999, -9999, 9999, -9999};
   for (const Polygon& polygon : document.polygons.Used()) {

@@ -28,6 +28,9 @@ struct SectorComparison {
 /// Which sectors hold anything else than FillSectors would enter.
 SectorComparison CompareSectors(const MapDocument& document);
 
+/// Whether the game finds any polygon in the sectors.
+bool IsCompiled(const MapDocument& document);
+
 /// Whole world units.
 struct PolygonBounds {
   std::int16_t minX = 0;

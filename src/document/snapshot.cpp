@@ -22,7 +22,7 @@ void RequireFolder(EditedMap& map, FileCalls& files) {
   UndoJournal& journal = map.journal;
   if (IsStillHeld(files, journal.folder)) return;
   const std::string temp = journal.folder.temp;
-  LetGo(journal.folder);
+  journal.folder = {};
   journal.undoAvailable = -1;
   RefreshUndoCaption(journal);
   journal.folder = HoldUndoFolder(files, temp);

@@ -3,6 +3,7 @@
 
 #include <cmath>
 #include <initializer_list>
+#include <limits>
 #include <string>
 #include <utility>
 
@@ -17,12 +18,29 @@ inline bool IsWithinReach(WorldPoint place) {
   return std::abs(place.x) <= kFarthestPlace && std::abs(place.y) <= kFarthestPlace;
 }
 
-struct NamedValue {
-  const char* name;
-  float value;
+struct ValueRange {
+  float lowest = -std::numeric_limits<float>::max();
+  float highest = std::numeric_limits<float>::max();
+
+  bool Holds(float value) const { return value >= lowest && value <= highest; }
 };
 
-/// Whether all of them are numbers; tells of the first that is not.
+// Far beyond what any map needs, and far within what the game can still calculate with.
+inline constexpr ValueRange kRotationRange = {-100, 100};  // radians
+inline constexpr ValueRange kScaleRange = {-1000, 1000};   // and not 0
+inline constexpr ValueRange kTextureRange = {-10000, 10000};
+inline constexpr ValueRange kDepthRange = {-kFarthestPlace, kFarthestPlace};
+inline constexpr ValueRange kBaseSizeRange = {0, kFarthestPlace};  // world units
+
+inline constexpr int kLargestSectorSize = 32767;  // world units
+
+struct NamedValue {
+  const char* name = "";
+  float value = 0;
+  ValueRange range = {};
+};
+
+/// Whether all of them are numbers in their ranges; tells of the first that is not.
 bool CheckNumbers(FindingList& findings, const ObjectReference& object,
                   std::initializer_list<NamedValue> values);
 

@@ -18,6 +18,8 @@ struct WorldPoint {
 inline constexpr float kSceneryOffset = 0.5f;
 
 inline WorldPoint PlaceOf(const PolygonVertex& vertex) { return {vertex.x, vertex.y}; }
+/// Its first corner's.
+inline WorldPoint PlaceOf(const Polygon& polygon) { return PlaceOf(polygon.vertices[0]); }
 inline WorldPoint PlaceOf(const SpawnPoint& spawn) {
   return {FromFixedPoint(spawn.x), FromFixedPoint(spawn.y)};
 }

@@ -14,6 +14,12 @@ namespace {
 constexpr int kLargestSide = 16384;  // pixels of a picture
 constexpr int kMostJobs = 256;
 
+constexpr const char* kEndsAfterWriting =
+    "Ends with 0 when all is written, 2 when something could not be read or written.";
+constexpr const char* kEndsAfterMaking =
+    "Ends with 0 when all is written, 1 when something was told of a result, 2 when something "
+    "could not be read or written.";
+
 /// The two numbers of "X,Y" or "WIDTHxHEIGHT".
 std::optional<std::array<float, 2>> TwoNumbers(const std::string& text, char separator) {
   std::array<float, 2> numbers{};
@@ -130,6 +136,7 @@ class Reader {
             "Replace the maps themselves; the one replaced last is kept as backup.pmp, as the "
             "editor does")
         ->excludes(output);
+    command.footer(kEndsAfterMaking);
   }
 
   void AddInfo() {
@@ -163,7 +170,11 @@ class Reader {
     TakesMaps(*render);
     TakesOutput(*render, "The picture, .png or .svg; a folder, for several; - for standard output")
         ->required();
-    render->add_option("--size", ReadSize(picture), "Size in pixels; 1280x800 if not told")
+    render
+        ->add_option("--size", ReadSize(picture),
+                     "Size in pixels, a side at most " + std::to_string(kLargestSide) + ", " +
+                         std::to_string(kMostPixels / 1'000'000) +
+                         " million in all; 1280x800 if not told")
         ->type_name("WIDTHxHEIGHT");
     render
         ->add_option("--zoom", ReadZoom(picture.zoom), "Percent; if not told the whole map is seen")
@@ -186,6 +197,7 @@ class Reader {
         ->needs(filled);
     render->add_flag("--poster", picture.poster, "All maps in one picture, with their names");
     render->add_flag("--svg", picture.svg, "SVG, where the output's name does not tell");
+    render->footer(kEndsAfterWriting);
   }
   void AddDiff() {
     CLI::App* diff =
@@ -205,6 +217,7 @@ class Reader {
     CLI::App* to = Add(*prefab, Command::kPrefabExport, "export", "Write whole maps as prefabs");
     TakesMaps(*to);
     TakesOutput(*to, "The prefab; a folder, for several; - for standard output")->required();
+    to->footer(kEndsAfterMaking);
     CLI::App* from = Add(*prefab, Command::kPrefabImport, "import", "Put a prefab into maps");
     from->add_option("PREFAB", arguments_.prefab, "The prefab file")->required()->type_name("");
     TakesMaps(*from);
@@ -219,6 +232,7 @@ class Reader {
         ->required()
         ->type_name("");
     TakesOutput(*rescue, "The map; a folder, for several; - for standard output")->required();
+    rescue->footer(kEndsAfterWriting);
   }
 
   CLI::App& app_;

@@ -4,6 +4,7 @@
 #include "document/number_text.h"
 #include "document/object_reference.h"
 #include "document/record_changes.h"
+#include "document/sector_grid.h"
 #include "document/selection.h"
 #include "document/value_checks.h"
 #include "map_tool/commands.h"
@@ -40,11 +41,6 @@ Bounds BoundsOfMap(const MapDocument& document) {
   for (const Collider& collider : document.colliders.Used()) include(PlaceOf(collider));
   for (const Waypoint& waypoint : document.waypoints.Used()) include(PlaceOf(waypoint));
   return bounds;
-}
-
-bool IsCompiled(const MapDocument& document) {
-  return std::ranges::any_of(document.sectors,
-                             [](const Sector& sector) { return sector.count != 0; });
 }
 
 Json ColorJson(MapColor color) {

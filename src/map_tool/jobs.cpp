@@ -11,6 +11,8 @@
 #include <thread>
 #include <vector>
 
+#include "platform/interruptions.h"
+
 namespace vesmora::map_tool {
 namespace {
 
@@ -80,7 +82,9 @@ class Workers {
   }
 
  private:
+  /// What interrupts the program is for the calling thread, which says when.
   bool Start() {
+    const InterruptionsWait wait;
     try {
       threads_.emplace_back([this, bench = std::make_unique<Workbench>()] { Work(*bench); });
       return true;

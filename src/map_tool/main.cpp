@@ -16,7 +16,8 @@ int RunProgram(int count, char** values) {
       .random = [&] { return std::uniform_real_distribution(0.0, 1.0)(generator); },
       .tempFolder = [] { return vesmora::PrivateTempFolder(vesmora::SystemFileCalls(), "").path; },
       .processors = static_cast<int>(std::thread::hardware_concurrency()),
-      .gameFolder = vesmora::EnvironmentText("VESMORA_GAME")};
+      .gameFolder = vesmora::EnvironmentText("VESMORA_GAME"),
+      .wantsColors = vesmora::EnvironmentText("NO_COLOR").empty()};
   if (!world.gameFolder.empty() && !world.gameFolder.ends_with('/')) world.gameFolder += '/';
   return vesmora::map_tool::RunMapTool(vesmora::ProgramArguments(count, values), world);
 }

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <nlohmann/json.hpp>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -20,5 +21,12 @@ struct Outcome {
   Json json = Json::object();    // everything, for programs
   std::vector<std::byte> bytes;  // of the file to write; empty when there is none
 };
+
+/// Of a text, or of pixels.
+template <typename Items>
+std::vector<std::byte> BytesOf(const Items& items) {
+  const auto bytes = std::as_bytes(std::span(items));
+  return {bytes.begin(), bytes.end()};
+}
 
 }  // namespace vesmora::map_tool

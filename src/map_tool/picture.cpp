@@ -1,6 +1,8 @@
 #include "map_tool/picture.h"
 
+#include "map_tool/map_reading.h"
 #include "map_tool/png_file.h"
+#include "platform/text.h"
 #include "view/draw_map.h"
 #include "view/filled_picture.h"
 #include "view/map_picture.h"
@@ -58,21 +60,38 @@ std::string GroundElement(const std::vector<std::byte>& png, int width, int heig
          "\" href=\"data:image/png;base64," + Base64(png) + "\"/>\n";
 }
 
-}  // namespace
-
+/// The picture of the bench's pixels, made as large as told.
 Picture PictureOf(Workbench& bench, int width, int height) {
   bench.pixels.resize(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
   return {.first = bench.pixels.data(), .stride = width, .width = width, .height = height};
 }
 
-void PaintMap(Workbench& bench, const PictureOptions& options, const Texture* texture,
-              const Picture& picture) {
-  ViewTransform view = ViewFor(bench.document, options, picture.width, picture.height);
+}  // namespace
+
+bool IsSvg(const PictureOptions& options, const std::string& target) {
+  return options.svg || EndsIgnoringCase(target, ".svg");
+}
+
+Outcome StartPicture(const Task& task, Workbench& bench) {
+  const std::string& name = task.input.name;
+  const ReadMap read = ReadMapFile(task.file, name, false, bench.document, bench.selection);
+  if (!read.problem.empty()) return Trouble(name, read.problem);
+  Outcome outcome;
+  outcome.json["file"] = name;
+  outcome.json["output"] = task.target;
+  return outcome;
+}
+
+Picture PaintMap(Workbench& bench, const PictureOptions& options, const Texture* texture, int width,
+                 int height) {
+  const Picture picture = PictureOf(bench, width, height);
+  ViewTransform view = ViewFor(bench.document, options, width, height);
   if (options.filled) {
     PaintFilled(bench.document, view, texture, options.show.Shows(ShowFlag::kPolygons), picture);
   }
   MemoryCanvas canvas(picture, options.filled);
   DrawOn(canvas, bench, options, view);
+  return picture;
 }
 
 std::string MapElements(Workbench& bench, const PictureOptions& options, const Texture* texture,

@@ -4,10 +4,10 @@
 #include <cmath>
 #include <cstring>
 
-#include "map_tool/map_reading.h"
 #include "map_tool/picture.h"
 #include "map_tool/png_file.h"
 #include "platform/text.h"
+#include "platform/utf8.h"
 #include "view/bitmap_font.h"
 #include "view/pixel_canvas.h"
 #include "view/svg_canvas.h"
@@ -41,10 +41,9 @@ void Arrange(PosterLayout& layout, std::size_t count) {
 std::string LabelOf(const std::string& name, int width) {
   std::string label(FileNamePart(name));
   if (EndsIgnoringCase(label, ".pmp")) label.resize(label.size() - 4);
-  const auto length = static_cast<std::size_t>(width / kBitmapAdvance);
-  if (label.size() <= length) return label;
-  label.resize(length);
-  while (!label.empty() && static_cast<unsigned char>(label.back()) > 127) label.pop_back();
+  std::string_view rest = label;
+  for (int i = 0; i < width / kBitmapAdvance && !rest.empty(); ++i) TakeUtf8Character(rest);
+  label.resize(label.size() - rest.size());
   return label;
 }
 
@@ -76,22 +75,15 @@ PosterLayout LayOutPoster(std::size_t count, const PictureOptions& options) {
 }
 
 Outcome DrawTile(const Task& task, const PosterLayout& layout, bool isSvg, Workbench& bench) {
-  const std::string& name = task.input.name;
-  const ReadMap read = ReadMapFile(task.file, name, false, bench.document, bench.selection);
-  if (!read.problem.empty()) return Trouble(name, read.problem);
+  Outcome outcome = StartPicture(task, bench);
+  if (outcome.status == kTrouble) return outcome;
   const PictureOptions& options = task.arguments.picture;
-  Outcome outcome;
-  outcome.json["file"] = name;
-  outcome.json["output"] = task.target;
+  const auto& [width, height] = std::pair(layout.tileWidth, layout.tileHeight);
   if (isSvg) {
-    const std::string elements =
-        MapElements(bench, options, task.texture, layout.tileWidth, layout.tileHeight);
-    const auto bytes = std::as_bytes(std::span(elements));
-    outcome.bytes.assign(bytes.begin(), bytes.end());
+    outcome.bytes = BytesOf(MapElements(bench, options, task.texture, width, height));
   } else {
-    PaintMap(bench, options, task.texture, PictureOf(bench, layout.tileWidth, layout.tileHeight));
-    const auto bytes = std::as_bytes(std::span(bench.pixels));
-    outcome.bytes.assign(bytes.begin(), bytes.end());
+    PaintMap(bench, options, task.texture, width, height);
+    outcome.bytes = BytesOf(bench.pixels);
   }
   return outcome;
 }
@@ -150,9 +142,7 @@ std::vector<std::byte> Poster::TakeFile() {
                       .width = layout_.Width(),
                       .height = layout_.Height()});
   }
-  const std::string text = SvgFile(layout_.Width(), layout_.Height(), elements_);
-  const auto bytes = std::as_bytes(std::span(text));
-  return {bytes.begin(), bytes.end()};
+  return BytesOf(SvgFile(layout_.Width(), layout_.Height(), elements_));
 }
 
 }  // namespace vesmora::map_tool

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "document/map_document.h"
+#include "document/map_image.h"
 #include "launch/game_files.h"
 #include "platform/single_byte_text.h"
 #include "platform/text.h"
@@ -10,7 +11,6 @@
 namespace vesmora::map_tool {
 namespace {
 
-constexpr std::size_t kTextureOffset = 48005;  // of its name in a map file
 constexpr std::size_t kReadLimit = 64U << 20U;
 
 /// Without folders: a map names a file of the game, not one of the user's.

@@ -61,11 +61,8 @@ bool Recognise(FileCalls& calls, UndoFolder& folder) {
 }
 
 bool Hold(FileCalls& calls, UndoFolder& folder) {
-  folder.hold = HoldFolder(folder.path);
-  if (folder.hold < 0) return false;
-  if (Recognise(calls, folder)) return true;
-  LetFolderGo(folder.hold);
-  return false;
+  folder.hold = FolderHold(HoldFolder(folder.path));
+  return folder.hold.IsHeld() && Recognise(calls, folder);
 }
 
 /// One that no other editor can come upon, nor any later one.
@@ -102,7 +99,7 @@ UndoFolder HoldUndoFolder(FileCalls& calls, const std::string& tempFolder) {
     CreatePrivateFolder(calls, tempFolder.substr(0, tempFolder.size() - 1));
   }
   if (Hold(calls, folder)) return folder;
-  if (folder.hold == kCannotBeHeld) return NewFolder(calls, tempFolder);
+  if (!folder.hold.IsPossible()) return NewFolder(calls, tempFolder);
   for (int number = 2; number <= kMostEditors; ++number) {
     const std::string path = tempFolder + kEditorName + std::to_string(number);
     folder.path = path + tempFolder.back();
@@ -128,14 +125,13 @@ std::vector<UndoFolder> HoldAbandonedFolders(FileCalls& calls, const std::string
     if (number > 1 && std::ranges::find(names, name) == names.end()) continue;
     UndoFolder folder{.temp = tempFolder, .path = tempFolder + name};
     if (number > 1) folder.path += tempFolder.back();
-    if (folder.path != own.path && Hold(calls, folder)) abandoned.push_back(folder);
+    if (folder.path != own.path && Hold(calls, folder)) abandoned.push_back(std::move(folder));
   }
   return abandoned;
 }
 
-void LetGo(UndoFolder& folder) {
-  if (folder.hold >= 0) LetFolderGo(folder.hold);
-  folder = {.temp = folder.temp, .path = ""};
+FolderHold::~FolderHold() {
+  if (IsHeld()) LetFolderGo(handle_);
 }
 
 }  // namespace vesmora

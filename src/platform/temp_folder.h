@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/files.h"
@@ -21,18 +22,40 @@ struct TempFolder {
 /// folders are no use.
 [[nodiscard]] TempFolder PrivateTempFolder(FileCalls& calls, const std::string& last);
 
+inline constexpr int kNotHeld = -1;
+inline constexpr int kCannotBeHeld = -2;
+
+/// A lock of a folder that ends with it.
+class FolderHold {
+ public:
+  FolderHold() = default;
+  explicit FolderHold(int handle) : handle_(handle) {}
+  FolderHold(FolderHold&& other) noexcept : handle_(std::exchange(other.handle_, kNotHeld)) {}
+  FolderHold& operator=(FolderHold&& other) noexcept {
+    std::swap(handle_, other.handle_);
+    return *this;
+  }
+  ~FolderHold();
+
+  bool IsHeld() const { return handle_ >= 0; }
+  bool IsPossible() const { return handle_ != kCannotBeHeld; }
+
+ private:
+  int handle_ = kNotHeld;
+};
+
 /// A folder for one running editor's undo files.
 struct UndoFolder {
   std::string temp;  // the temporary folder that it is, or lies in
   std::string path;  // with a trailing slash like `temp`; empty when there is none
   std::uint64_t device = 0;
   std::uint64_t number = 0;  // both tell it from another one that has got its name
-  int hold = -1;             // -1 where folders cannot be locked
+  FolderHold hold = {};      // of nothing where folders cannot be locked
 };
 
 /// The temporary folder itself or, while other running editors hold it, a folder inside it of its
-/// own. Held until it is let go or the program ends, however it ends. Where folders cannot be
-/// locked it is always a new one.
+/// own. Held as long as the result, or until the program ends, however it ends. Where folders
+/// cannot be locked it is always a new one.
 [[nodiscard]] UndoFolder HoldUndoFolder(FileCalls& calls, const std::string& tempFolder);
 
 /// False when the folder has gone or another has its name: its files may be another editor's.
@@ -42,8 +65,6 @@ bool IsStillHeld(FileCalls& calls, const UndoFolder& folder);
 [[nodiscard]] std::vector<UndoFolder> HoldAbandonedFolders(FileCalls& calls,
                                                            const std::string& tempFolder,
                                                            const UndoFolder& own);
-
-void LetGo(UndoFolder& folder);
 
 // What the systems do differently.
 
@@ -57,8 +78,6 @@ std::string OwnFolderName();
 /// LetFolderGo; kNotHeld when one of them has it already, or when it cannot be opened, and
 /// kCannotBeHeld where the system cannot do it.
 int HoldFolder(const std::string& folder);
-inline constexpr int kNotHeld = -1;
-inline constexpr int kCannotBeHeld = -2;
-void LetFolderGo(int hold);
+void LetFolderGo(int handle);
 
 }  // namespace vesmora

@@ -40,6 +40,6 @@ int HoldFolder(const std::string& folder) {
   return failure;
 }
 
-void LetFolderGo(int hold) { ::close(hold); }
+void LetFolderGo(int handle) { ::close(handle); }
 
 }  // namespace vesmora

@@ -27,6 +27,6 @@ int HoldFolder(const std::string& folder) {
   return _open_osfhandle(reinterpret_cast<intptr_t>(handle), _O_BINARY);
 }
 
-void LetFolderGo(int hold) { _close(hold); }
+void LetFolderGo(int handle) { _close(handle); }
 
 }  // namespace vesmora

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/utf8.h"
+
 namespace vesmora {
 namespace {
 
@@ -72,10 +74,12 @@ constexpr std::array<Glyph, 51> kGlyphs = {{
 
 constexpr Rows kBox = {0x1F, 0x11, 0x11, 0x11, 0x11, 0x11, 0x1F};
 
-const Rows& RowsOf(char character) {
+const Rows& RowsOf(std::uint32_t character) {
   const bool isSmall = character >= 'a' && character <= 'z';
-  const char shown = isSmall ? static_cast<char>(character - 'a' + 'A') : character;
-  const auto found = std::ranges::find(kGlyphs, shown, &Glyph::character);
+  const std::uint32_t shown = isSmall ? character - 'a' + 'A' : character;
+  const auto found = std::ranges::find(kGlyphs, shown, [](const Glyph& glyph) {
+    return static_cast<unsigned char>(glyph.character);
+  });
   return found == kGlyphs.end() ? kBox : found->rows;
 }
 
@@ -83,8 +87,8 @@ const Rows& RowsOf(char character) {
 
 void DrawBitmapText(const Picture& picture, int left, int top, std::string_view text,
                     std::uint32_t color) {
-  for (const char character : text) {
-    const Rows& rows = RowsOf(character);
+  while (!text.empty()) {
+    const Rows& rows = RowsOf(TakeUtf8Character(text));
     for (int row = 0; row < kBitmapTextHeight; ++row) {
       for (int column = 0; column < kGlyphWidth; ++column) {
         const unsigned bit = 1U << static_cast<unsigned>(kGlyphWidth - 1 - column);

@@ -11,14 +11,14 @@
 namespace vesmora {
 namespace {
 
-constexpr float kFarthest = 32768;  // world units: the game keeps places as 16-bit numbers
-constexpr float kMargin = 12;       // world units beside what is drawn larger than its place
+constexpr float kFarthest = 32768;   // world units: the game keeps places as 16-bit numbers
+constexpr float kObjectMargin = 12;  // world units beside what is drawn larger than its place
 
 struct Area {
   Extent x;
   Extent y;
 
-  void Include(WorldPoint place, float margin = kMargin) {
+  void Include(WorldPoint place, float margin = kObjectMargin) {
     if (!(std::abs(place.x) < kFarthest && std::abs(place.y) < kFarthest)) return;
     x.Include(place.x - margin);
     x.Include(place.x + margin);
@@ -42,7 +42,8 @@ Area AreaOf(const MapDocument& document) {
     }
   }
   for (const Collider& collider : document.colliders.Used()) {
-    area.Include(PlaceOf(collider), kMargin + std::clamp(collider.radius / 2, 0.0f, kFarthest));
+    area.Include(PlaceOf(collider),
+                 kObjectMargin + std::clamp(collider.radius / 2, 0.0f, kFarthest));
   }
   for (const Waypoint& waypoint : document.waypoints.Used()) area.Include(PlaceOf(waypoint));
   if (area.x.Empty()) area.Include({0, 0});

@@ -13,7 +13,7 @@
 #include "app/view_commands.h"
 #include "app/window_placement.h"
 #include "panel/panel_handlers.h"
-#include "support/editor_bench.h"
+#include "support/bench.h"
 #include "support/map_builder.h"
 
 namespace vesmora {
@@ -23,7 +23,7 @@ using testing::ElementsAre, testing::IsEmpty;
 
 using Slots = std::array<std::string, kRecentSlots>;
 
-class StartUpTest : public testing::Test, protected EditorBench {
+class StartUpTest : public testing::Test, protected Bench {
  protected:
   /// The messages of a start with these arguments.
   std::vector<Message> Start(const std::string& arguments) {
@@ -72,25 +72,6 @@ TEST_F(StartUpTest, OneArgumentNamesAFile) {
   EXPECT_FALSE(selection.Empty() || journal.caption == "&Undo Import");
 }
 
-TEST_F(StartUpTest, RecentFilesOpenOrLeaveTheirSlot) {
-  const std::string a = PutMap("a.pmp");
-  const std::string c = PutMap("c.pmp");
-  // Emptied is the chosen slot, also when its neighbour names the same lost file.
-  recent_ = {a, "/gone.pmp", c, "/gone.pmp", "A"};
-  MenuRekentti(editor, 3);
-  EXPECT_THAT(recent_, ElementsAre(a, "/gone.pmp", c, "", "A"));
-  EXPECT_EQ(events.back(), "RefreshInfoPanel") << "the menus are shown anew";
-  MenuRekentti(editor, 2);
-  EXPECT_EQ(map.fileName, c);
-  EXPECT_THAT(recent_, ElementsAre(c, a, "/gone.pmp", "", ""));
-  EXPECT_THAT(settings.values, IsEmpty()) << "kept at the end only";
-  files.FailAll("Read", EIO);
-  MenuRekentti(editor, 1);
-  EXPECT_EQ(recent_[1], a) << "there, but cannot be read now";
-  for (const char* path : {"d", "d", "D"}) AddRecent(editor.recent, path);
-  EXPECT_THAT(recent_, ElementsAre("D", "d", c, a, "/gone.pmp")) << "letters' case counts";
-}
-
 TEST_F(StartUpTest, TheEndKeepsSettingsAndThenDeletesTheSnapshots) {
   Snapshot("Move");
   const std::string snapshot = journal.NewestFile();
@@ -112,24 +93,7 @@ TEST_F(StartUpTest, TheEndKeepsSettingsAndThenDeletesTheSnapshots) {
   }
 }
 
-TEST_F(StartUpTest, AWindowCanAlwaysBeReached) {
-  using Rect = ScreenRect;
-  using Row = std::tuple<Rect, int, Rect>;  // where it stood, the screens, where it comes up
-  const std::vector<Rect> screens = {{0, 0, 1920, 1080}, {-1280, 100, 1280, 1024}};
-  for (const auto& [place, count, expected] :
-       {Row({-780, 50, 900, 700}, 1, {-780, 50, 900, 700}),  // 120 pixels to drag by
-        Row({-790, 50, 900, 700}, 1, {0, 50, 900, 700}),
-        Row({100, -650, 900, 700}, 1, {100, 28, 900, 700}),    // the title bar is above
-        Row({100, 1080, 900, 700}, 1, {100, 1080, 900, 700}),  // its bar can be seen
-        Row({-1250, 200, 1900, 1060}, 2, {-1250, 200, 1280, 1024}),
-        Row({10, 1100, 1900, 700}, 1, {10, 380, 1900, 700})}) {  // eight rows are no handle
-    const Rect fitted =
-        FitToScreens(place, std::span(screens).first(static_cast<std::size_t>(count)));
-    EXPECT_EQ(fitted, expected) << place.left << "," << place.top;
-  }
-}
-
-class KeysTest : public testing::Test, protected EditorBench {
+class KeysTest : public testing::Test, protected Bench {
  protected:
   const PolygonVertex& AddSelectedTriangle() {
     AddTriangle(map, {{{0, 0}, {50, 0}, {0, 50}}});
@@ -138,98 +102,6 @@ class KeysTest : public testing::Test, protected EditorBench {
     return map.polygons[0].vertices[1];
   }
 };
-
-TEST_F(KeysTest, CommandsKnowTheirToolAndNoShortcutOrMnemonicMeansTwoThings) {
-  const std::set<std::string_view> needEdit = {"MenuCopy",  "MenuPaste", "MenuMirror",   "MenuFlip",
-                                               "MenuFront", "MenuBack",  "MenuSelectAll"};
-  const std::set<std::string_view> needMore = {"MenuPaste", "MenuRedo", "MenuRecover"};
-  std::set<std::pair<std::string_view, char>> shortcuts;
-  for (const Command& command : Commands()) {
-    const std::string name(command.name);
-    const std::string_view menu = MenuCaptions()[static_cast<std::size_t>(command.menu)];
-    EXPECT_TRUE(shortcuts.insert({menu, command.caption.at(command.caption.find('&') + 1)}).second);
-    EXPECT_TRUE(command.shortcut.empty() || shortcuts.insert({command.shortcut, 0}).second) << name;
-    map.toolIndex = ToolMode::kEdit;
-    EXPECT_EQ(command.isEnabled(editor), !needMore.contains(command.name)) << name;
-    map.toolIndex = ToolMode::kAddPolygon;
-    const bool isNeedy = needEdit.contains(command.name) || needMore.contains(command.name);
-    EXPECT_EQ(command.isEnabled(editor), !isNeedy) << name;
-  }
-}
-
-TEST_F(KeysTest, ArrowsMoveTheSelectionInStepsOrArePassedOn) {
-  using Row = std::tuple<bool, bool, Key, float, float>;
-  for (const auto& [shift, ctrl, key, x, y] :
-       {Row(false, false, Key::kLeft, -1, 0), Row(true, false, Key::kUp, 0, -0.1f),
-        Row(false, true, Key::kRight, 10, 0), Row(true, true, Key::kDown, 0, 50)}) {
-    MenuNew(editor);
-    editor.view.zoom = 4;
-    editor.view.gridSize = 25;  // neither counts
-    const PolygonVertex& corner = AddSelectedTriangle();
-    // What the window followed does not count: a key may have been let go elsewhere.
-    editor.shiftDown = !shift;
-    editor.ctrlDown = !ctrl;
-    EXPECT_TRUE(Press(key, {.shift = shift, .ctrl = ctrl}));
-    EXPECT_THAT(events, ElementsAre("RedrawMap"));
-    EXPECT_FLOAT_EQ(corner.x, 50 + x);
-    EXPECT_FLOAT_EQ(corner.y, y);
-    Press(key);
-    EXPECT_EQ(Status(), "0: 1 0 0 0 0, 1 &Undo Move") << "one step a selection";
-    for (const Key modifier : {Key::kShift, Key::kCtrl}) {
-      EXPECT_FALSE(Press(modifier)) << "controls see it";
-    }
-    EXPECT_TRUE(editor.shiftDown && editor.ctrlDown);
-    KeyUp(editor, Key::kShift);
-    KeyUp(editor, Key::kCtrl);
-    EXPECT_FALSE(editor.shiftDown || editor.ctrlDown);
-    MenuUndo(editor);
-    Press(key);
-    EXPECT_EQ(journal.undoAvailable, 0) << "a move after Undo is a step of its own";
-  }
-  Choose(ToolMode::kAddPolygon);
-  selection.vertices.Append({0, 1});  // the one under the pointer
-  EXPECT_FALSE(Press(Key::kLeft));
-  Choose(ToolMode::kEdit);
-  ClearLists(selection);
-  EXPECT_FALSE(Press(Key::kLeft));
-}
-
-TEST_F(KeysTest, AZoomHidesWhatComesNextUntilThePointerMoves) {
-  Choose(ToolMode::kAddSpawn);
-  const auto turn = [&](int delta) { TurnWheel(editor, delta); };
-  for (const auto& [zoom, changed] :
-       {std::pair<std::function<void()>, float>([&] { turn(120); }, 2),
-        {[&] { ChooseZoom(editor, 2); }, 1},
-        {[&] { Press(Key::kKeypadPlus); }, 2}}) {
-    PointAt(editor, {MouseButton::kNone, 300, 300});
-    EXPECT_TRUE(ToolDrawingOf(editor).showsNext);
-    EXPECT_FALSE(editor.pointerText.empty());
-    zoom();
-    EXPECT_EQ(editor.view.zoom, changed);
-    EXPECT_FALSE(ToolDrawingOf(editor).showsNext);
-    EXPECT_TRUE(editor.pointerText.empty());
-    PressMouse(editor, {MouseButton::kRight, 300, 300});
-    PointAt(editor, {MouseButton::kNone, 310, 300});
-    EXPECT_FALSE(ToolDrawingOf(editor).showsNext) << "panning brings it along from nowhere";
-    ReleaseMouse(editor, {MouseButton::kRight, 310, 300});
-  }
-  for (const int delta : {-90, -90, -60})
-    turn(delta);  // what a zoom leaves of a notch still counts
-  EXPECT_EQ(editor.view.zoom, 0.5f);
-  turn(60);
-  LeaveMap(editor);  // but not once the pointer has left
-  turn(60);
-  EXPECT_EQ(editor.view.zoom, 0.5f);
-  Choose(ToolMode::kAddWaypoint);
-  Click(300, 300);
-  MoveMouse(editor, {MouseButton::kNone, 300, 300});
-  Click(300, 300);
-  EXPECT_EQ(ToolDrawingOf(editor).connectionFrom, 0);
-  turn(120);
-  EXPECT_EQ(ToolDrawingOf(editor).connectionFrom, -1) << "it would end where the pointer was";
-  PointAt(editor, {MouseButton::kNone, 310, 300});
-  EXPECT_EQ(ToolDrawingOf(editor).connectionFrom, 0);
-}
 
 TEST_F(KeysTest, EscapeTakesBackWhatIsInProgressAndNoMore) {
   EXPECT_FALSE(Press(Key::kEscape));

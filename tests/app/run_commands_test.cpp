@@ -7,20 +7,16 @@
 
 #include "app/file_commands.h"
 #include "app/program_folders.h"
-#include "support/editor_bench.h"
+#include "support/bench.h"
 #include "support/map_builder.h"
 
 namespace vesmora {
 namespace {
 
 using testing::Contains;
-using testing::ElementsAre;
 
 class RunCommandsTest : public testing::Test {
  protected:
-  static Message RunError(const std::string& text) {
-    return {text, "Run error", MessageIcon::kCritical};
-  }
   /// What happened, without the redrawing.
   EventLog Landmarks() {
     std::erase_if(bench_.events, [](const std::string& event) {
@@ -29,32 +25,10 @@ class RunCommandsTest : public testing::Test {
     return std::exchange(bench_.events, {});
   }
 
-  EditorBench bench_;
+  Bench bench_;
   Editor& editor_ = bench_.editor;
   const std::string game_ = AbsolutePath(editor_.ports.gameFolder);
 };
-
-TEST_F(RunCommandsTest, AProgramComesToTheFrontOrIsStarted) {
-  using Row = std::tuple<void (*)(Editor&), std::string, std::string>;
-  for (const auto& [run, title, path] :
-       {Row(MenuRunMaker, "Soldat Map Maker", AbsolutePath(game_ + "MapMaker/MapMaker.exe")),
-        Row(MenuRunSoldat, "Soldat", game_ + "Soldat.exe")}) {
-    const std::string folder = path.substr(0, path.find_last_of("/\\") + 1);
-    run(editor_);
-    EXPECT_THAT(Landmarks(), ElementsAre("ActivateWindow " + title, "Show Run error"));
-    std::filesystem::create_directories(folder);
-    PutFile(path, {});
-    bench_.programs.problem = "Wine is missing.";
-    run(editor_);
-    EXPECT_THAT(Landmarks(), Contains("Start " + path + " in " + folder));
-    EXPECT_THAT(bench_.TakeMessages(),
-                ElementsAre(RunError(path + " not found"),
-                            RunError(path + " could not be started: Wine is missing.")));
-    bench_.programs.windows = {title};
-    run(editor_);
-    EXPECT_THAT(bench_.TakeEvents(), ElementsAre("ActivateWindow " + title));
-  }
-}
 
 TEST_F(RunCommandsTest, TheWindowStepsAsideForAGameThatPlaysTheMap) {
   const std::string start = "Start " + game_ + "Soldat.exe in " + game_;
@@ -77,20 +51,6 @@ TEST_F(RunCommandsTest, TheWindowStepsAsideForAGameThatPlaysTheMap) {
   std::filesystem::create_directory(game_ + "soldat.ini");
   MenuRunSoldat(editor_);
   EXPECT_THAT(Landmarks(), testing::Not(Contains(start))) << "it would play another map";
-}
-
-TEST_F(RunCommandsTest, AllGoesOnlyAsFarAsItSucceeds) {
-  PutFile(game_ + "Soldat.exe", {});
-  MenuRunAll(editor_);
-  EXPECT_THAT(Landmarks(), ElementsAre("Show Problem")) << "nothing to compile";
-  AddTriangle(bench_.map, {{{0, 0}, {60, 0}, {0, 60}}});
-  const std::string path = bench_.folder / "map.pmp";
-  bench_.dialogs.chosenFiles = {bench_.folder / "no such folder/map.pmp", path};
-  MenuRunAll(editor_);
-  EXPECT_THAT(Landmarks(), ElementsAre("ChooseFileToSave", "Show File error"));
-  MenuRunAll(editor_);
-  EXPECT_THAT(Landmarks(), Contains("Start " + game_ + "Soldat.exe in " + game_));
-  EXPECT_EQ(bench_.map.sectorDivision, 2) << "compiled";
 }
 
 /// Inside the game's folder, installed for the system, or alone, where it stays so that

@@ -13,7 +13,7 @@
 #include "app/start_up.h"
 #include "app/undo_commands.h"
 #include "document/checksum.h"
-#include "support/editor_bench.h"
+#include "support/bench.h"
 #include "support/map_builder.h"
 
 namespace vesmora {
@@ -24,16 +24,11 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-class SafetyNetTest : public testing::Test, protected EditorBench {
+class SafetyNetTest : public testing::Test, protected Bench {
  protected:
-  /// All that Redo brings back.
-  using State = std::pair<DocumentState, SelectionBlock>;
-  State Now() const { return {StateOf(map), PackSelection(selection, map)}; }
-
   /// The map with a step before it and something changed, down to parts of a world unit.
   void Edit(int mark) {
     TakeUndoSnapshot(editor, "Step" + std::to_string(mark));
-    before_ = Now();
     map.sectorDivision = mark;
     if (map.waypoints.Empty()) AddWaypoint(map, 0, 0, 1, {});
     map.waypoints[0].x = 1001 * mark;
@@ -44,7 +39,7 @@ class SafetyNetTest : public testing::Test, protected EditorBench {
   /// As if the system had ended the editor, and another was started.
   Editor& StartAnew(Editor* old = nullptr) {
     files.DieBefore(0);
-    LetGo(old == nullptr ? journal.folder : old->journal.folder);
+    (old == nullptr ? journal.folder : old->journal.folder) = {};
     next_ = std::make_unique<Editor>(editor.ports);
     next_->journal.folder = HoldUndoFolder(files, editor.ports.tempFolder);
     FindLostMaps(*next_);
@@ -65,99 +60,8 @@ class SafetyNetTest : public testing::Test, protected EditorBench {
     return paths.empty() ? 0 : Fingerprint(*ReadRescued(files, paths[0])->map);
   }
 
-  State before_;  // the last edit
   std::unique_ptr<Editor> next_;
 };
-
-TEST_F(SafetyNetTest, RedoTakesUndoBackToTheByteUntilTheNextStep) {
-  std::vector<State> edited;
-  for (int mark = 1; mark <= 12; ++mark) {
-    Edit(mark);
-    edited.push_back(Now());
-  }
-  for (int times = 0; times < 2; ++times) {
-    std::vector<State> undone;
-    for (int i = 10; i > 0; --i) {
-      undone.push_back(Now());
-      MenuUndo(editor);
-    }
-    EXPECT_EQ(journal.caption + journal.redoCaption, "&Undo&Redo Step3");
-    EXPECT_TRUE(undone[0] == edited[11]);
-    MenuUndo(editor);
-    for (int mark = 3; mark <= 12; ++mark, undone.pop_back()) {
-      MenuRedo(editor);
-      EXPECT_EQ(editor.note, "Redone: Step" + std::to_string(mark));
-      EXPECT_TRUE(Now() == undone.back()) << mark;
-    }
-    MenuRedo(editor);
-    EXPECT_EQ(journal.caption + journal.redoCaption, "&Undo Step12&Redo");
-  }
-  EXPECT_TRUE(TakeMessages().empty());
-  for (const int way : {0, 1, 2, 3}) {
-    MenuUndo(editor);
-    EXPECT_GE(journal.redoAvailable, 0);
-    dialogs.chosenFiles = {folder / "as.pmp"};
-    if (way == 0) Edit(13);
-    if (way == 1) MenuSaveAs(editor);
-    if (way == 2) OpenMap(editor, folder / "as.pmp");
-    if (way == 3) MenuNew(editor);
-    EXPECT_EQ(journal.redoCaption, "&Redo") << way;
-    const State state = Now();
-    MenuRedo(editor);
-    EXPECT_TRUE(Now() == state);
-    Edit(14);
-  }
-}
-
-/// Faults that come once, in pairs or stay, each at a random call. What is offered is what the map
-/// was, or is told to be lost; never another map.
-TEST_F(SafetyNetTest, WithAnyFaultsUndoAndRedoGiveBackWhatTheMapWas) {
-  constexpr int kRuns = 200;
-  std::mt19937 random(7);
-  const auto below = [&random](unsigned limit) { return static_cast<int>(random() % limit); };
-  using Lasting = FaultyFileCalls::Lasting;
-  int mark = 0;
-  for (int run = 0; run < kRuns; ++run) {
-    StartNewMap(editor);
-    std::vector<State> undo;
-    std::vector<State> redo;
-    for (int action = 0; action < 30; ++action) {
-      files.FailCall(0, 0);
-      if (action < 20 && below(3) == 0) {
-        const int first = files.Count() + 1 + below(9);
-        files.FailCall(first, EIO, below(3) == 0 ? Lasting::kForGood : Lasting::kOnce);
-        files.FailAlso(below(2) == 0 ? first + 1 + below(4) : 0);
-      }
-      const State state = Now();
-      const int offered = journal.undoAvailable;
-      const int redoable = journal.redoAvailable;
-      TakeMessages();
-      const int choice = action < 20 ? below(5) : 3;
-      if (choice < 3) {
-        const std::int16_t slot = journal.undoSlot;
-        Edit(++mark);
-        redo.clear();
-        if (journal.undoSlot != slot) undo.push_back(before_);
-        EXPECT_TRUE(journal.undoSlot != slot || journal.failureTold);
-      } else if (choice == 3 && offered >= 0) {
-        MenuUndo(editor);
-        const bool isUndone = Now() != state;
-        ASSERT_TRUE(!isUndone || Now().first == undo.back().first) << "run " << run;
-        EXPECT_TRUE(isUndone || !TakeMessages().empty());
-        undo.pop_back();
-        redo.push_back(state);
-      } else if (choice == 4 && redoable >= 0) {
-        MenuRedo(editor);
-        const bool isRedone = Now() != state;
-        ASSERT_TRUE(!isRedone || Now() == redo.back()) << "run " << run;
-        EXPECT_TRUE(isRedone || !TakeMessages().empty());
-        if (isRedone) undo.push_back(state);
-        redo.pop_back();
-      }
-      ASSERT_LE(static_cast<std::size_t>(journal.undoAvailable + 1), undo.size());
-    }
-  }
-}
 
 /// At a random call of a random session. At most one finished edit is missing, and what was saved
 /// or empty comes not back.
@@ -168,7 +72,8 @@ TEST_F(SafetyNetTest, KilledAnywhereTheNextStartKeepsTheMap) {
   int kept = 0;
   for (int run = 0; run < kRuns; ++run) {
     std::filesystem::remove_all(editor.ports.settingsFolder);
-    LetGo(next_ != nullptr ? next_->journal.folder : journal.folder);
+    next_.reset();
+    journal.folder = {};
     journal.folder = HoldUndoFolder(files, editor.ports.tempFolder);
     StartNewMap(editor);
     const std::uint64_t empty = Fingerprint(map);
@@ -335,7 +240,7 @@ TEST_F(SafetyNetTest, WhatCannotBeKeptAtTheStartIsFoundByTheNextOne) {
                                       return Fingerprint(*ReadRescued(files, path)->map) == open;
                                     }))
         << "call " << call;
-    LetGo(second.journal.folder);
+    second.journal.folder = {};
     journal.folder = HoldUndoFolder(files, editor.ports.tempFolder);
     if (last < calls + call) break;
   }
@@ -364,7 +269,7 @@ TEST_F(SafetyNetTest, AFolderThatWasTakenAwayIsNoLongerOurs) {
   Edit(1);
   std::filesystem::remove_all(editor.ports.tempFolder);
   // Another editor makes it anew and has steps of the same names there.
-  EditorBench other;
+  Bench other;
   other.editor.ports.tempFolder = editor.ports.tempFolder;
   other.journal.folder = HoldUndoFolder(files, editor.ports.tempFolder);
   AddSpawn(other.map, 1, 2, 0);
@@ -384,8 +289,8 @@ TEST_F(SafetyNetTest, AFolderThatWasTakenAwayIsNoLongerOurs) {
   EXPECT_FALSE(std::filesystem::exists(Temp("VesmoraRedo0.tmp")));
   // Its own end is not taken for ours.
   std::filesystem::remove_all(editor.ports.settingsFolder);
-  LetGo(journal.folder);
-  LetGo(other.journal.folder);
+  journal.folder = {};
+  other.journal.folder = {};
   Editor& after = StartAnew();
   EXPECT_EQ(NewestKept(after), Fingerprint(other.map));
 }

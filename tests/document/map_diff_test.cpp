@@ -4,6 +4,7 @@
 
 #include <functional>
 
+#include "document/save_preparation.h"
 #include "document/waypoint_links.h"
 #include "support/bench.h"
 #include "support/map_builder.h"
@@ -81,8 +82,18 @@ TEST(MapDiffTest, EachChangeIsToldInWords) {
        {"polygon 1 > polygon: removed",
         "polygon 2 > polygon 1: changed corner 2 from 30,0 to 30,3, colour 2 from #010101 to "
         "#090101, edge 3 made passable"}},
+      {[](auto& m) {
+         Delete(m.polygons, 0);
+         std::swap(m.polygons[0].vertices[0], m.polygons[0].vertices[1]);
+         for (PolygonVertex& corner : m.polygons[1].vertices) corner.y += 5;
+         std::ranges::rotate(m.polygons[1].vertices, m.polygons[1].vertices.begin() + 1);
+       },
+       {"polygon 1 > polygon: removed", "polygon 2 > polygon 1: changed corners turned",
+        "polygon 3 > polygon 2: moved from 50,0 by 0,5, corners turned"}},
       {[](auto& m) { std::swap(m.polygons[0], m.polygons[2]); },
        {"polygon > polygon: changed the order of these objects"}},
+      {[](auto& m) { m.polygons[1].edges[1].z = 7; },
+       {"polygon 2 > polygon 2: changed edge normals"}},
       // The others.
       {[](auto& m) { m.spawns[1].team = kRedTeam; },
        {"spawn 2 > spawn 2: changed team from CTF Blue to CTF Red"}},
@@ -143,6 +154,14 @@ TEST(MapDiffTest, AnyMapIsTheSameAsItself) {
     const auto back = LinesOf(other.map, bench.map);
     EXPECT_EQ(count(there, ": removed"), count(back, ": added")) << map;
   }
+  // Polygons that a save has turned are known again among their neighbours, whatever their slots.
+  bench.Load(DataPath("terrain.pmp"));
+  Delete(other.map.polygons, 0);
+  KorjaaSuunnat(other.map);
+  const auto lines = LinesOf(bench.map, other.map);
+  EXPECT_EQ(lines.size(), 95U);
+  EXPECT_EQ(lines.front(), "polygon 1 > polygon: removed");
+  EXPECT_THAT(std::span(lines).subspan(1), testing::Each(testing::EndsWith("corners turned")));
 }
 
 }  // namespace

@@ -16,9 +16,6 @@ namespace {
 
 using testing::ElementsAre, testing::IsEmpty;
 
-constexpr std::int32_t kMax = std::numeric_limits<std::int32_t>::max();
-constexpr std::int32_t kMin = std::numeric_limits<std::int32_t>::min();
-
 const std::string kSaved = "Your map was saved succesful but with this warning.\n\n";
 const Message kPolygonWarning = {
     kSaved +
@@ -39,32 +36,6 @@ const Message kNotRedBlue = {kSaved +
 
 class SavingTest : public testing::Test, protected Bench {};
 
-TEST_F(SavingTest, OrderFollowsTheAnglesFromTheFirstCorner) {
-  using Row = std::tuple<float, float, float, float, bool>;
-  for (const auto& [x1, y1, x2, y2, ordered] :
-       {Row(10, 0, 0, 10, false), Row(0, 10, 10, 0, true),
-        // Across the cut where the angle jumps from pi to -pi.
-        Row(-10, 1, -10, -1, false), Row(-10, -1, -10, 1, true),
-        // No area: all on one spot or on one line, exactly at the borders.
-        Row(0, 0, 0, 0, true), Row(20, 0, 10, 0, false), Row(10, 0, -10, 0, false)}) {
-    map.polygons.last = -1;
-    AddTriangle(map, {{{0, 0}, {x1, y1}, {x2, y2}}});
-    EXPECT_EQ(PolygonIsOrdered(map.polygons[0]), ordered)
-        << x1 << "," << y1 << " " << x2 << "," << y2;
-  }
-}
-
-TEST_F(SavingTest, WindingFixSwapsOnlyWhatBelongsToThePlace) {
-  const PolygonVertex third = {0, 10, 23, 24, {25, 26, 27, 28}, 29, 30};
-  map.polygons[0].vertices = {
-      {{0, 0, 3, 4, {5, 6, 7, 8}, 9, 10}, {10, 0, 13, 14, {15, 16, 17, 18}, 19, 20}, third}};
-  map.polygons.last = 0;  // passable: turned all the same
-  KorjaaSuunnat(map);
-  const PolygonVertex one = {10, 0, 3, 4, {15, 16, 17, 8}, 19, 20};
-  const PolygonVertex two = {0, 0, 13, 14, {5, 6, 7, 18}, 9, 10};
-  EXPECT_EQ(map.polygons[0].vertices, (std::array{one, two, third}));
-}
-
 TEST_F(SavingTest, NormalsAreNewAndNeverZeroUnlessNoneHasAnY) {
   using Edges = std::array<Normal, 3>;
   const Edges passable = {{{1, 0, 5}, {0, -0.0f, 6}, {0, 0, 7}}};
@@ -78,23 +49,6 @@ TEST_F(SavingTest, NormalsAreNewAndNeverZeroUnlessNoneHasAnY) {
             (Edges{{{1e-15f, -1, 5}, {-1, -1e-15f, 6}, {diagonal, diagonal, 7}}}));
   const WorldPoint tiny = EdgeNormal(0, -1e-45f);
   EXPECT_TRUE(tiny.x != 0 && tiny.y == -1);
-}
-
-TEST_F(SavingTest, SpawnsSnapToWholeUnitsAndStayThere) {
-  using Row = std::tuple<std::int32_t, std::int32_t, std::int32_t, std::int32_t, int>;
-  for (const auto& [x, y, snappedX, snappedY, ySign] :
-       {Row(76800, 25600, 76800, 25600, 0), Row(-76800, 0, -76800, -1, 255),
-        Row(-77, 25700, 0, 25600, 0),  // x counts as it is after rounding
-        Row(128, 384, 0, 512, 0), Row(-384, 127, -512, -1, 255), Row(-384, 128, -512, 255, 0),
-        Row(0, -129, 0, -256, 255), Row(kMax, kMax, kMax, kMax, 0),
-        Row(kMin, kMin, kMin, kMin, 255)}) {
-    map.spawns[0] = {256, x, y, 77, 2, {8, 9}};
-    map.spawns.last = 0;
-    for (int times = 0; times < 2; ++times) SnapSpawns(map);
-    const auto sign = static_cast<std::uint8_t>(ySign);
-    EXPECT_EQ(map.spawns[0], (SpawnPoint{256, snappedX, snappedY, sign, 2, {8, 9}}))
-        << x << "," << y << " became " << map.spawns[0].x << "," << map.spawns[0].y;
-  }
 }
 
 TEST_F(SavingTest, CornersOnOneSpotAreSelectedAndTold) {

@@ -49,35 +49,6 @@ std::unique_ptr<MapDocument> OneTriangle() {
   return map;
 }
 
-TEST(PicturesTest, ColoursRunIntoEachOtherOverTheBackground) {
-  const auto map = OneTriangle();
-  OwnPicture own(100, 100);
-  const auto paint = [&](bool withPolygons) {
-    PaintFilled(*map, PlainView(100, 100), nullptr, withPolygons, own.picture);
-  };
-  paint(true);
-  EXPECT_EQ(own.At(0, 0), "c70001");
-  EXPECT_EQ(own.At(99, 99), "0100c7");
-  EXPECT_EQ(own.At(9, 11), own.At(9, 11));
-  EXPECT_THAT(own.At(10, 11), testing::StartsWith("f"));  // red at the left upper corner
-  EXPECT_EQ(own.At(86, 11).substr(2, 1), "f");            // green at the right one
-  EXPECT_EQ(own.At(10, 87).substr(4, 1), "f");            // blue below
-  EXPECT_EQ(own.At(60, 60).substr(2, 2), "00") << "outside";
-  const std::string middle = own.At(35, 37);
-  for (const std::size_t channel : {0U, 2U, 4U}) {
-    EXPECT_NEAR(std::stoi(middle.substr(channel, 2), nullptr, 16), 85, 12) << middle;
-  }
-  paint(false);
-  EXPECT_EQ(own.At(35, 37).substr(2, 2), "00");
-  // Corners that are no place leave their polygon out; far ones cost nothing and fill all.
-  map->polygons[0].vertices[1].x = NAN;
-  paint(true);
-  EXPECT_EQ(own.At(20, 20).substr(2, 2), "00");
-  AddTriangle(*map, {{{-1e30f, -1e30f}, {1e30f, -1e30f}, {0, 1e30f}}});
-  paint(true);
-  EXPECT_EQ(own.At(50, 50), "000000");
-}
-
 TEST(PicturesTest, TexturesOfBitmapsAreLaidOver) {
   // Two by two: red, green; blue, white, the lower row first, each row padded to four bytes.
   std::vector<unsigned char> file(54);
@@ -150,39 +121,6 @@ TEST(PicturesTest, PngFilesHoldThePixels) {
     const Bytef* pixel = &rows[i / 37 * (1 + 37 * 3) + 1 + i % 37 * 3];
     EXPECT_EQ(pixel[0] * 0x10000U + pixel[1] * 0x100U + pixel[2], own.pixels[i] & 0xFFFFFFU);
   }
-}
-
-/// Both canvases show each object of a map, labels included, and nothing of what is hidden.
-TEST(PicturesTest, CanvasesDrawWhatIsShown) {
-  auto map = std::make_unique<MapDocument>();
-  AddSpawn(*map, 0, 0, kRedTeam);
-  AddWaypoint(*map, 30, 0, 2);
-  OwnPicture own(100, 60);
-  MemoryCanvas memory(own.picture, false);
-  SvgCanvas svg(100, 60);
-  const Selection selection;
-  ShowOptions show;
-  ViewTransform view = PlainView(100, 60);
-  const auto draw = [&](Canvas& canvas) { DrawMap({*map, selection, view, show, {}}, canvas); };
-  const auto count = [&](const std::string& color) {
-    int found = 0;
-    for (int i = 0; i < 6000; ++i) found += own.At(i % 100, i / 100) == color ? 1 : 0;
-    return found;
-  };
-  draw(memory);
-  EXPECT_GT(count("800000"), 60) << "two red circles";
-  EXPECT_EQ(count("000080"), 4 * 14 + 15) << "a square and a label";
-  draw(svg);
-  EXPECT_THAT(svg.TakeElements(),
-              testing::AllOf(testing::HasSubstr("stroke=\"#800000\" cx=\"50\" cy=\"31\" r=\"10\""),
-                             testing::HasSubstr(">2</text>"),
-                             testing::HasSubstr("<path stroke=\"#000080\" d=\"M")));
-  show.showFlags.fill(0);
-  draw(memory);
-  EXPECT_EQ(count("acbeac"), 6000);
-  draw(svg);
-  EXPECT_THAT(svg.TakeElements(), testing::Not(testing::HasSubstr("#800000")));
-  EXPECT_EQ(SvgText("a<b>&\x01\xff\xc3\xa4"), "a&lt;b>&amp;??\xc3\xa4");
 }
 
 }  // namespace

@@ -4,7 +4,7 @@
 #include "app/file_commands.h"
 #include "document/prefab_file.h"
 #include "launch/sector_compiler.h"
-#include "support/editor_bench.h"
+#include "support/bench.h"
 #include "support/tool_run.h"
 #include "tools/prefab_import.h"
 
@@ -14,7 +14,7 @@ namespace {
 /// What the editor saves after opening a map and doing something with it; empty when it refuses.
 template <typename Do>
 Bytes EditedAndSaved(const std::string& source, Do edit) {
-  EditorBench bench;
+  Bench bench;
   EXPECT_EQ(OpenMap(bench.editor, bench.PutMap("map.pmp", source)), LoadOutcome::kLoaded);
   if (!edit(bench)) return {};
   EXPECT_TRUE(MenuSave(bench.editor));
@@ -22,10 +22,10 @@ Bytes EditedAndSaved(const std::string& source, Do edit) {
 }
 
 Bytes Compiled(const std::string& source) {
-  return EditedAndSaved(source, [](EditorBench& bench) { return CompileSectors(bench.editor); });
+  return EditedAndSaved(source, [](Bench& bench) { return CompileSectors(bench.editor); });
 }
 Bytes Resaved(const std::string& source) {
-  return EditedAndSaved(source, [](EditorBench& /*bench*/) { return true; });
+  return EditedAndSaved(source, [](Bench& /*bench*/) { return true; });
 }
 
 TEST(SameAsEditorTest, EveryMapIsWrittenAsTheEditorWritesIt) {
@@ -71,7 +71,7 @@ TEST(SameAsEditorTest, PrefabsComeInAsTheyDoInTheEditor) {
 
 /// Dropped by the mouse: the same but for what two roundings on the way leave.
 TEST(SameAsEditorTest, PrefabsAreDroppedWhereTold) {
-  EditorBench bench;
+  Bench bench;
   OpenMap(bench.editor, bench.PutMap("map.pmp"));
   ImportPrefab(bench.editor, DataPath("bunker.pre"), ImportManner::kPlaced);
   const ViewTransform& view = bench.editor.view;

@@ -16,10 +16,6 @@ using testing::ElementsAre;
 
 constexpr auto kEdit = ToolMode::kEdit;
 
-const Message kSizeQuestion = {
-    "You have select a custom size.\nThis will work but the official MapMaker will not show "
-    "custom sized colliders.\nDo you still want continue?",
-    "Warning", MessageIcon::kQuestion};
 const Message kPassableQuestion = {
     "This is not RECOMMENED setting.\nPlayers will disappear behind passable polygons and the "
     "official MapMaker will not allow to edit these polygons.\nDo you still want to use this?",
@@ -136,83 +132,6 @@ TEST_F(PanelHandlersTest, DisconnectSpreadsCornersInItsPattern) {
     const float v = i == 4 ? 0 : 1 + kY[i] / 120;
     EXPECT_EQ(Corner(i < 3 ? 0 : 1, i % 3), (PolygonVertex{kX[i], kY[i], 1, 1, {}, u, v})) << i;
   }
-}
-
-TEST_F(PanelHandlersTest, TypedVisibilityAndSize) {
-  const std::string outOfLimit = "Size is out of the limit.";
-  using Visibility = std::tuple<const char*, std::string, int>;  // what is typed, shown, stored
-  for (const auto& [typed, text, level] :
-       {Visibility(" 33.3 x", "33.3%", 85), Visibility("100", "100%", 255),
-        Visibility("nan", "0%", 0), Visibility("-1", "", 102), Visibility("100.01", "", 102)}) {
-    map.sceneries[0].level = 102;
-    Show(kEdit, "o0");
-    Expect(With(CBscenery2_Enter, typed),
-           text.empty() ? "Show Problem" : "Step Visibility, RedrawMap",
-           [to = level](MapDocument& m) { m.sceneries[0].level = static_cast<std::uint8_t>(to); });
-    if (text.empty()) ExpectRefusal(outOfLimit);
-    EXPECT_EQ(shown.CBscenery2.text, text.empty() ? "100%" : text) << typed;
-  }
-  Expect(With(CBscenery2_Enter, "Many types"), "");
-  using Size = std::tuple<const char*, std::string, float>;  // the size after it
-  for (const auto& [typed, asked, size] :
-       {Size("32", "Step Size, RedrawMap", 32.f), Size("12.5", "Ask Warning", 77.f),
-        Size("2", "Ask Warning, Step Size, RedrawMap", 2.f), Size("1.99", "Show Problem", 77.f),
-        Size("999.5", "Show Problem", 77.f)}) {
-    map.colliders[1].radius = 77;
-    Show(kEdit, "c1");
-    dialogs.answers.assign(1, size != 77);
-    Expect(With(CBcollider_Enter, typed), asked,
-           [to = size](MapDocument& m) { m.colliders[1].radius = to; });
-    EXPECT_EQ(shown.CBcollider.text, size == 77 ? "12" : typed);
-    if (asked == "Show Problem") ExpectRefusal(outOfLimit);
-    for (const Message& question : TakeMessages()) {
-      EXPECT_EQ(question, kSizeQuestion);
-    }
-  }
-  // From the list no question is asked, and what is no size comes after the step.
-  Expect(With(CBcollider_Click, "1000"), "Step Size, Show Problem");
-  ExpectRefusal(outOfLimit);
-}
-
-TEST_F(PanelHandlersTest, AddToolsOnlyPrepareTheNextObject) {
-  dialogs.answers = {true, false};
-  dialogs.chosenColors = {0x030405};
-  using Row = std::tuple<ToolMode, Act, int, const char*>;
-  for (const auto& [tool, act, value, asked] :
-       {Row(ToolMode::kAddPolygon, CBverticevari_Click, 0,
-            "ChooseColor, RefreshInfoPanel, RedrawMap"),
-        Row(ToolMode::kAddSpawn, With(CBspawn_Click, "CTF Red"), 1, "RedrawMap"),
-        Row(ToolMode::kAddScenery, With(CBscenery_Click, "Liana"), 5, "RedrawMap"),
-        Row(ToolMode::kAddCollider, With(CBcollider_Click, "24"), 24, "RedrawMap"),
-        Row(ToolMode::kAddCollider, With(CBcollider_Enter, "13.5"), 14, "Ask Warning, RedrawMap"),
-        Row(ToolMode::kAddCollider, With(CBcollider_Enter, "33"), 20, "Ask Warning"),
-        Row(ToolMode::kAddWaypoint, With(OBbotKumpi_Click, 1), 1, "RefreshInfoPanel, RedrawMap"),
-        Row(ToolMode::kAddWaypoint, With(CBbotValinta_Click, 1, true), 2, "RedrawMap"),
-        Row(ToolMode::kAddScenery, With(CBscenery2_Enter, "40"), 17, "RedrawMap")}) {
-    Choose(tool);
-    Expect(act, asked);
-    EXPECT_EQ(editor.tool.value, value);
-  }
-  EXPECT_EQ(editor.tool.next.vertexColor, (Rgb{5, 4, 3}));
-  EXPECT_EQ(NextVisibility(editor) + " " + editor.tool.next.colliderSize, "40% 12");
-  EXPECT_THAT(editor.tool.next.botSettings, ElementsAre(1, 1, 0, 1, 0));
-  Expect(With(CBscenery2_Enter, "101"), "Show Problem");
-  EXPECT_EQ(NextVisibility(editor), "100%");
-  Expect(With(CBscenery2_Change, "7"), "");  // what is being typed
-  EXPECT_EQ(NextVisibility(editor), "7");
-  RefreshInfoPanel(editor);  // and gives way to the last one's
-  BringUpToDate();
-  EXPECT_EQ(NextVisibility(editor) + shown.CBscenery2.text, "78%78%");
-  Show(kEdit, "v0.0 w0");
-  Expect(With(CBtexEiKorjaus_Click, true), "");
-  EXPECT_TRUE(editor.tool.next.noTextureCorrection && shown.CBtexEiKorjaus.tick == Tick::kOn);
-  Expect(With(OBbotNayta_Click, 2), "RedrawMap");
-  EXPECT_EQ(editor.show.pathFilter, 2);
-  EXPECT_TRUE(shown.OBbotNayta[2].chosen && !shown.OBbotNayta[0].chosen);
-  Choose(ToolMode::kAddWaypoint);
-  Expect(With(OBbotKumpi_Click, 1), "RefreshInfoPanel, RedrawMap");
-  EXPECT_EQ(editor.show.pathFilter, 0) << "what is added may not be hidden";
-  EXPECT_TRUE(shown.OBbotNayta[0].chosen && !shown.OBbotNayta[2].enabled);
 }
 
 }  // namespace

@@ -31,47 +31,6 @@ int ExitCodeOf(const std::function<int()>& work) {
   return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
-TEST(Files, KilledBeforeAnyCallAWriteLeavesTheOldOrTheNewFile) {
-  const ScratchFolder folder;
-  const std::string path = folder / "map";
-  bool wasNew = false;
-  int calls = 1;
-  for (int code = 1; code != 0; ++calls) {
-    Put(path, kOld);
-    code = ExitCodeOf([&] {
-      FaultyFileCalls killed;
-      killed.ExitBefore(calls, 1);
-      return WriteFileDurably(killed, path, kNew).Ok() ? 0 : 2;
-    });
-    ASSERT_TRUE(code == 0 || code == 1) << code;
-    const bool isNew = Get(path) == kNew;
-    EXPECT_TRUE(isNew || (Get(path) == kOld && !wasNew)) << "one moment at which it changes";
-    wasNew = isNew;
-  }
-  EXPECT_TRUE(wasNew && calls > 10);
-  Put(folder / TemporaryName("ours"), kOld);
-  Put(folder / ".vesmora-1-1-elsewhere.tmp", kOld);
-  SweepLeftOvers(SystemFileCalls(), folder.Path());
-  EXPECT_EQ(ListFiles(SystemFileCalls(), folder.Path()).names,
-            (std::vector<std::string>{".vesmora-1-1-elsewhere.tmp", TemporaryName("ours"), "map"}))
-      << "those of the dead processes are gone";
-}
-
-TEST(Files, TheSystemsLimitOfSizesLeavesTheOldFile) {
-  const ScratchFolder folder;
-  for (const std::size_t limit : {0U, 1U, 999U, 1000U}) {
-    Put(folder / "map", kOld);
-    const int code = ExitCodeOf([&] {
-      FileCalls& system = SystemFileCalls();  // which sees to it that no signal ends the process
-      const rlimit size = {limit, limit};
-      ::setrlimit(RLIMIT_FSIZE, &size);
-      return WriteFileDurably(system, folder / "map", kNew).Ok() ? 1 : 0;
-    });
-    EXPECT_EQ(code, limit == kNew.size() ? 1 : 0);
-    EXPECT_EQ(Get(folder / "map"), limit == kNew.size() ? kNew : kOld);
-  }
-}
-
 TEST(Files, PermissionsAreKept) {
   const ScratchFolder folder;
   const std::string source = folder / "source";
@@ -199,7 +158,7 @@ TEST_F(TempFolder, EachRunningEditorHoldsItsOwn) {
     EXPECT_EQ(held.back().path, shared_ / name);
     EXPECT_TRUE(IsStillHeld(calls, held.back()));
   }
-  LetGo(held[1]);
+  held[1] = {};
   auto abandoned = HoldAbandonedFolders(calls, shared_.Path(), held[2]);
   ASSERT_EQ(abandoned.size(), 1U);
   EXPECT_EQ(abandoned[0].path, shared_ / "2/");

@@ -72,7 +72,7 @@ TEST(WindowsTempFolder, IsTheUsersOwnAndEachEditorHoldsOne) {
     EXPECT_EQ(held.back().path, folder / name);
     EXPECT_TRUE(IsStillHeld(calls, held.back()));
   }
-  LetGo(held[1]);
+  held[1] = {};
   const auto abandoned = HoldAbandonedFolders(calls, folder.Path(), held[2]);
   EXPECT_TRUE(abandoned.size() == 1 && abandoned[0].path == folder / "Vesmora2/");
   EXPECT_EQ(HoldUndoFolder(calls, folder / "no\\such\\").path, "");

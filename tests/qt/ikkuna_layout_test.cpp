@@ -2,7 +2,6 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QScreen>
-#include <QSettings>
 
 #include "real_window.h"
 
@@ -145,15 +144,16 @@ TEST_F(IkkunaLayoutTest, HintAndPositionMoveNothing) {
 
 TEST_F(IkkunaLayoutTest, AFirstWindowIsComfortableAndASizeWithoutAPlaceIsKept) {
   window->close();
-  QSettings store("Vesmora", "Vesmora");
-  store.clear();
+  const std::string file = folder / "Vesmora/Vesmora.conf";
+  EXPECT_TRUE(std::filesystem::remove(file));
   Start();
   EXPECT_EQ(window->size(), QSize(1280, 860));
   window->close();
-  store.clear();
-  store.setValue("Windows/Width", "1111");
-  store.setValue("Windows/Height", "777");
-  store.sync();
+  std::filesystem::remove(file);
+  SettingsFile stored(SystemFileCalls(), file);
+  stored.Write("Windows", "Width", "1111");
+  stored.Write("Windows", "Height", "777");
+  EXPECT_TRUE(stored.Store().Ok());
   Start();
   EXPECT_EQ(window->size(), QSize(1111, 777));
 }

@@ -11,7 +11,7 @@
 #include "app/qt/import_dialog.h"
 #include "document/prefab_file.h"
 #include "real_window.h"
-#include "support/editor_bench.h"
+#include "support/bench.h"
 #include "support/map_builder.h"
 
 namespace vesmora {
@@ -136,7 +136,7 @@ TEST_F(IkkunaTest, ABoxOpensOverWhatIsUpToDate) {
 }
 
 TEST(ImportDialogTest, OnlyAChosenPrefabIsImported) {
-  EditorBench bench;
+  Bench bench;
   const std::string folder = PrefabFolder(bench.editor.ports);
   const std::string latin = "b\xE4.PRE";  // no UTF-8
   std::filesystem::create_directory(folder);

@@ -24,6 +24,7 @@ class RealWindow : public testing::Test, protected Bench {
     for (const char* name : kFolders) qputenv(name, QByteArray::fromStdString(folder.Path()));
     ResetToNewMap(map);
     EXPECT_TRUE(Write(path).Ok());
+    std::filesystem::remove_all(Temp(""));  // the window has one of its own
     Start();
   }
   ~RealWindow() override {

@@ -2,10 +2,11 @@
 // and one log of all that was asked for.
 #pragma once
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <algorithm>
 #include <cstddef>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <memory>
@@ -15,12 +16,16 @@
 #include <vector>
 
 #include "app/editor.h"
+#include "app/file_commands.h"
 #include "app/file_messages.h"
+#include "app/keys.h"
 #include "document/map_file.h"
 #include "document/map_image.h"
 #include "support/fakes.h"
 #include "support/faulty_file_calls.h"
 #include "support/scratch_folder.h"
+#include "tools/mouse_dispatch.h"
+#include "tools/tool_change.h"
 
 namespace vesmora {
 
@@ -110,7 +115,19 @@ struct Bench {
   Selection& selection = editor.selection;
   UndoJournal& journal = editor.journal;
 
-  Bench() { editor.redrawSuppressed = false; }
+  /// The window is open, with a new map whose middle, world 0, 0, is pixel 400, 300. Nothing is
+  /// logged yet.
+  Bench() {
+    std::filesystem::create_directories(editor.ports.tempFolder);
+    std::filesystem::create_directories(editor.ports.programFolder);
+    journal.folder = HoldUndoFolder(files, editor.ports.tempFolder);
+    editor.redrawSuppressed = false;
+    editor.view.area = {1000, 700, 200, 100, 40};
+    StartNewMap(editor);
+    StoreAuthor(map);  // these two as every snapshot leaves them
+    map.randomId = 501;
+    events.clear();
+  }
   Bench(const Bench&) = delete;
   Bench& operator=(const Bench&) = delete;
 
@@ -139,6 +156,88 @@ struct Bench {
     return status.Ok() ? FileBytes(folder / name) : Bytes{};
   }
   Bytes Snapshot() { return Saved("undo.tmp", true); }
+
+  /// "<tool>: <objects of each kind>, <undo steps> <caption>", such as
+  /// "0: 1 0 0 0 0, 1 &Undo Move".
+  std::string Status() const {
+    std::string text = std::to_string(static_cast<int>(map.toolIndex)) + ":";
+    const auto lasts = std::get<1>(StateOf(map));
+    for (const std::int16_t last : lasts) text += " " + std::to_string(last + 1);
+    return text + ", " + std::to_string(journal.undoAvailable + 1) + " " + journal.caption;
+  }
+  /// A file of the temporary folder.
+  std::string Temp(const std::string& name) const { return editor.ports.tempFolder + name; }
+  /// Copies a map of tests/data to the scratch folder and returns its path.
+  std::string PutMap(const std::string& name, const std::string& source = "small.pmp") {
+    PutFile(folder / name, FileBytes(DataPath(source)));
+    return folder / name;
+  }
+
+  void Snapshot(const std::string& action) { TakeUndoSnapshot(editor, action); }
+  void Choose(ToolMode tool) { ChooseTool(editor, tool); }
+  bool Press(Key key, KeyModifiers held = {}) { return KeyDown(editor, key, held); }
+  /// The event at a world position. Exact for positions of a few binary digits.
+  MouseInput At(float x, float y, MouseButton button = MouseButton::kLeft) const {
+    const ViewTransform& view = editor.view;
+    return {.button = button,
+            .x = (x - view.centerX) * view.zoom + 400,
+            .y = (y - view.centerY) * view.zoom + 300};
+  }
+  void Press(float x, float y, MouseButton button = MouseButton::kLeft) {
+    PressMouse(editor, At(x, y, button));
+  }
+  void Move(float x, float y) { MoveMouse(editor, At(x, y, MouseButton::kNone)); }
+  void Release(MouseButton button = MouseButton::kLeft) {
+    ReleaseMouse(editor, {button, editor.view.lastMouseX, editor.view.lastMouseY});
+  }
+  /// As a hand does it: goes there, presses, lets go.
+  void Click(float x, float y) { Drag(x, y, x, y); }
+  void Drag(float fromX, float fromY, float toX, float toY) {
+    Move(fromX, fromY);
+    Press(fromX, fromY);
+    if (fromX != toX || fromY != toY) Move(toX, toY);
+    Release();
+  }
+
+  /// Everything that is listed, in order: "v0.2" corners, "s1" spawns, "o1" sceneries,
+  /// "c1" colliders, "w1" waypoints.
+  std::string Listed() const {
+    std::string text;
+    for (const auto& [polygon, corner] : selection.vertices.Used()) {
+      text += " v" + std::to_string(polygon) + "." + std::to_string(corner);
+    }
+    const auto add = [&text](const char* kind, const auto& list) {
+      for (const auto index : list.Used()) text += kind + std::to_string(index);
+    };
+    add(" s", selection.spawns);
+    add(" o", selection.sceneries);
+    add(" c", selection.colliders);
+    add(" w", selection.waypoints);
+    return text.empty() ? "" : text.substr(1);
+  }
+
+  /// Names of the undo steps, oldest first.
+  std::vector<std::string> Steps() const {
+    std::vector<std::string> names;
+    for (int back = journal.undoAvailable; back >= 0; --back) {
+      const int slot = (journal.undoSlot - back + kUndoSteps) % kUndoSteps;
+      names.push_back(journal.undoActions[static_cast<std::size_t>(slot)]);
+    }
+    return names;
+  }
+  /// The document that undoing the newest step would bring back.
+  DocumentState BeforeNewestStep() {
+    Bench other;
+    other.map.fileName = map.fileName;
+    other.map.author = map.author;
+    EXPECT_EQ(other.Load(journal.NewestFile(), false, true), LoadOutcome::kLoaded);
+    return StateOf(other.map);
+  }
+
+  void ExpectRefusal(const std::string& text) {
+    const Message message{text, "Problem", MessageIcon::kCritical};
+    EXPECT_THAT(TakeMessages(), testing::ElementsAre(message));
+  }
 
   /// The boxes shown, or all that was asked for, since the last call.
   std::vector<Message> TakeMessages() { return std::exchange(dialogs.messages, {}); }

@@ -38,9 +38,7 @@ class FaultyFileCalls final : public FileCalls {
   void FailAlso(int number) { otherFailingCall_ = number; }
   /// Every call of the method with this name, such as "SyncFolder".
   void FailAll(const std::string& name, int error) { failingNameList[name] = error; }
-  /// Ends the process, as a kill would, before this call. For forked children.
-  void ExitBefore(int number, int exitCode) { exit_ = {number, exitCode}; }
-  /// The same within a test, which catches `Killed`.
+  /// Ends the test, as a kill would the process, before this call: throws `Killed`.
   struct Killed {};
   void DieBefore(int number) { lastCall_ = number; }
   /// A disk with room for this many bytes a file: a write over it is cut, then ENOSPC.
@@ -119,7 +117,6 @@ class FaultyFileCalls final : public FileCalls {
   template <typename Call>
   auto Step(const char* name, Call call) -> decltype(call()) {
     names_.emplace_back(name);
-    if (Count() == exit_.first) std::_Exit(exit_.second);
     if (Count() == lastCall_) Kill();
     if (const int error = InjectedError(); error != 0) return Failed(error);
     lastError_.clear();
@@ -163,7 +160,6 @@ class FaultyFileCalls final : public FileCalls {
   int otherFailingCall_ = 0;
   int lastCall_ = 0;
   Lasting lasting_ = Lasting::kOnce;
-  std::pair<int, int> exit_ = {0, 0};  // call and exit code
   std::uint64_t sizeLimit_ = ~std::uint64_t{0};
   std::size_t transferLimit_ = ~std::size_t{0};
   std::optional<std::uint64_t> spoiled_;

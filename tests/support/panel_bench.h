@@ -12,9 +12,8 @@
 
 #include "panel/panel_editing.h"
 #include "panel/refresh_panel.h"
+#include "support/bench.h"
 #include "support/map_builder.h"
-#include "support/tool_bench.h"
-#include "tools/tool_change.h"
 
 namespace vesmora {
 
@@ -27,7 +26,7 @@ Act With(Handler handler, Arguments... arguments) {
   return [=](PanelEditing& editing) { handler(editing, arguments...); };
 }
 
-class PanelBench : public ToolBench {
+class PanelBench : public Bench {
  public:
   PanelContents& shown = editor.panel.contents;
   DocumentState drawn;           // the map at the last redraw
@@ -57,7 +56,7 @@ class PanelBench : public ToolBench {
     }
   }
 
-  /// Lists objects by what ToolBench::Listed calls them and recomputes the panel.
+  /// Lists objects by what Bench::Listed calls them and recomputes the panel.
   void Show(ToolMode tool, const std::string& listed = "") {
     map.toolIndex = tool;
     ClearLists(selection);

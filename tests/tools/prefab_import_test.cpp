@@ -3,8 +3,8 @@
 #include <gmock/gmock.h>
 
 #include "document/prefab_file.h"
+#include "support/bench.h"
 #include "support/map_builder.h"
-#include "support/tool_bench.h"
 #include "tools/edit_commands.h"
 #include "tools/mouse_dispatch.h"
 #include "tools/tool_change.h"
@@ -15,9 +15,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr SelectionBox kCentred = {-10, 10, 20, 30};  // in the middle of the view
-
-struct ImportBench : ToolBench {
+struct ImportBench : Bench {
   const std::string path = folder / "piece.pre";
 
   /// A map with one object of each kind, and a prefab of 20 x 10 units at 300, 100.
@@ -42,39 +40,6 @@ struct ImportBench : ToolBench {
 
 class PrefabImportTest : public testing::Test, protected ImportBench {};
 
-TEST_F(PrefabImportTest, WhatCannotBeIsRefusedAndToldWhy) {
-  const std::string version = "is not Vesmora " VESMORA_VERSION " prop file.";
-  const std::string cut = "is damaged: it holds less than it promises.";
-  const std::string impossible = "is damaged: it names -4 polygons, 40 sceneries and 24 colliders.";
-  using Row = std::tuple<const char*, char, bool, std::vector<std::string>, int>;
-  for (const auto& [name, minor, shift, problems, polygons] :
-       {Row{"truncated_5.pre", '0', false, {cut}, 0},
-        Row{"polygons_3.pre", '0', true, {impossible}, 0},
-        Row{"version_0.pre", '1', false, {version}, 0},
-        Row{"version_0.pre", '1', true, {version}, 90},
-        Row{"truncated_5.pre", '1', true, {version, cut}, 0},
-        Row{"polygons_3.pre", '1', true, {version, impossible}, 0},
-        Row{"polygons_3.pre", '1', false, {version}, 0}, Row{"", '0', false, {"not found."}, 0}}) {
-    const std::string file = folder / (name + std::string("x"));
-    if (*name != 0) {
-      Bytes bytes = FileBytes(DataPath(std::string("hostile/prefab-") + name));
-      bytes[2] = static_cast<std::byte>(minor);
-      PutFile(file, bytes);
-    }
-    editor.shiftDown = shift;
-    ImportPrefab(editor, file, ImportManner::kPlaced);
-    std::vector<Message> messages;
-    for (const std::string& problem : problems) {
-      messages.push_back(FileError("File '" + file + "' " + problem));
-    }
-    EXPECT_EQ(TakeMessages(), messages);
-    EXPECT_EQ(std::tuple(map.polygons.last, selection.vertices.Count(),
-                         editor.activity.Is(ActivityKind::kPlacement)),
-              std::tuple(polygons, 3 * polygons, polygons > 0));
-    map.polygons.last = 0;
-  }
-}
-
 TEST_F(PrefabImportTest, WhatDoesNotFitIsToldOnce) {
   map.polygons.last = 399;
   map.colliders.last = 126;
@@ -96,61 +61,6 @@ TEST_F(PrefabImportTest, WhatDoesNotFitIsToldOnce) {
   PlaceAuthorText(editor, "aaaa", folder.Path());
   EXPECT_EQ(selection.vertices.Count(), 6) << "two of the letters";
   EXPECT_THAT(TakeMessages(), ElementsAre()) << "letters come quietly";
-}
-
-TEST_F(PrefabImportTest, ThePieceIsAppendedAndFollowsThePointerUntilAClickDropsIt) {
-  ChangeTool(editor, ToolMode::kAddSpawn);
-  SelectEverything(selection, map);
-  ImportPrefab(editor, path, ImportManner::kPlaced);
-  EXPECT_EQ(map.toolIndex, ToolMode::kEdit);
-  EXPECT_THAT(NumbersIn(map), ElementsAre("00", "07", "0", "03", "08", "0"));
-  EXPECT_EQ(map.sceneries[1].active + map.colliders[1].active, 2) << "used all the same";
-  EXPECT_EQ(selection.box, kCentred);
-  Press(100, 50, MouseButton::kRight);
-  MoveMouse(editor, {MouseButton::kNone, 540, 350});
-  EXPECT_EQ(selection.box, kCentred) << "panned";
-  Release(MouseButton::kLeft);  // pressed elsewhere
-  EXPECT_TRUE(editor.view.panning);
-  Release(MouseButton::kRight);
-  editor.view.zoom = 2;
-  Move(-30, -40);
-  EXPECT_EQ(events.back(), "RedrawMap");
-  EXPECT_EQ(std::tuple(map.sceneries[1].x, map.colliders[1].y), std::tuple(-29.5f, -40));
-  Click(-30, -40);
-  Move(200, 200);
-  EXPECT_EQ(selection.box, (SelectionBox{-40, -20, -45, -35})) << "dropped";
-  EXPECT_EQ(Listed(), "v1.0 v1.1 v1.2 o1 c1");
-  EXPECT_THAT(Steps(), ElementsAre("Move"));
-}
-
-TEST_F(PrefabImportTest, EscapeToolsAndCommandsEndThePlacementAndWhatWasImportedStays) {
-  using Action = void (*)(Editing&);
-  const Action chooseEdit = [](Editing& on) { ChangeTool(on, ToolMode::kEdit); };
-  const Action clickPanelAndCancel = [](Editing& on) {
-    on.activity.KeepChanges(on, false);
-    CancelGesture(on);
-  };
-  for (const auto& [action, sceneries] : {std::pair{chooseEdit, 2},
-                                          {clickPanelAndCancel, 2},
-                                          {CancelGesture, 2},
-                                          {MenuDelete, 1},
-                                          {MenuBack, 2},
-                                          {MenuPaste, 3}}) {
-    ImportBench bench;
-    SelectEverything(bench.selection, bench.map);
-    MenuCopy(bench.editor);
-    ImportPrefab(bench.editor, bench.path, ImportManner::kPlaced);
-    bench.Move(100, 50);
-    action(bench.editor);
-    EXPECT_EQ(bench.map.sceneries.last + 1, sceneries);
-    EXPECT_EQ(bench.selection.box == kCentred, action == Action{CancelGesture});
-    const DocumentState after = StateOf(bench.map);
-    const auto steps = bench.Steps();
-    bench.Move(200, 200);
-    CancelGesture(bench.editor);
-    EXPECT_TRUE(StateOf(bench.map) == after) << "nothing follows the pointer, nothing to cancel";
-    EXPECT_EQ(bench.Steps(), steps);
-  }
 }
 
 TEST_F(PrefabImportTest, LettersStandInARowOnTheLine) {

@@ -11,16 +11,9 @@
 namespace vesmora {
 namespace {
 
-constexpr float kPi = 3.14159265f;
 constexpr float kNan = std::numeric_limits<float>::quiet_NaN();
 
 ViewTransform View(float zoom = 1) { return {.zoom = zoom, .area = {1000, 700, 200, 100, 60}}; }
-
-TEST(ViewTransformTest, WorksInDoublePrecision) {
-  const ViewTransform view{.area = {201, 199, 200, 200, 60}};  // the middle cancels the half pixels
-  EXPECT_EQ(view.LaskeRuutuX(1e-5f), 1e-5f);
-  EXPECT_EQ(view.LaskeRuutuY(1e-5f), 1e-5f);
-}
 
 TEST(ViewTransformTest, TheWorldGridSnapRoundsTwiceAndTheFixedOneToPixels) {
   using Row = std::tuple<std::int16_t, float, double>;
@@ -45,47 +38,6 @@ TEST(ViewTransformTest, TheWorldGridSnapRoundsTwiceAndTheFixedOneToPixels) {
     const WorldPoint snapped = view.SnapToGrid(screen, screen);
     EXPECT_EQ(snapped.x, view.LaskeRuutu2X(pixel)) << screen;
     EXPECT_EQ(snapped.y, view.LaskeRuutu2Y(pixel)) << screen;
-  }
-}
-
-TEST(ViewTransformTest, TheWheelAddsUpToWholeNotches) {
-  ViewTransform view;
-  using Row = std::tuple<int, float>;  // what is turned, the zoom after it
-  for (const auto& [delta, zoom] : {Row(120, 2),
-                                    Row(60, 2),
-                                    Row(0, 2),
-                                    Row(60, 4),
-                                    Row(119, 4),
-                                    Row(-30, 4),
-                                    Row(-90, 2),
-                                    Row(-120, 1),
-                                    Row(240, 1),
-                                    Row(-240, 1),
-                                    Row(-121, 1),
-                                    Row(-40, 1),
-                                    Row(-80, 0.5f),
-                                    Row(59, 0.5f),
-                                    Row(61, 1),
-                                    Row(120, 2),
-                                    Row(120, 4),
-                                    Row(120, 4),
-                                    Row(std::numeric_limits<int>::min(), 4),
-                                    Row(std::numeric_limits<int>::max(), 4)}) {
-    const float before = view.zoom;
-    EXPECT_EQ(ZoomByWheel(view, delta), zoom != before) << delta;
-    EXPECT_EQ(view.zoom, zoom) << delta;
-  }
-}
-
-TEST(ViewTransformTest, PolarOffsetsOfAScreenWhoseYPointsDown) {
-  using Row = std::tuple<float, float, float, float>;
-  for (const auto& [dx, dy, angle, length] :
-       {Row(0, -2, kPi / 2, 2), Row(-3, 0, kPi, 3), Row(3, 4, -0.9272952f, 5),
-        Row(-3, 4, kPi + 0.9272952f, 5),  // beyond pi: no atan2
-        Row(0, 0, -kPi / 4, 1.4142136e-14f)}) {
-    const PolarOffset polar = OffsetToPolar(dx, dy);
-    EXPECT_NEAR(polar.angle, angle, 1e-6) << dx << " " << dy;
-    EXPECT_FLOAT_EQ(polar.length, length) << dx << " " << dy;
   }
 }
 

@@ -1,0 +1,157 @@
+// The sessions that fuzzing kept, without their faults, action by action against a record of what
+// map, drawing, panel, messages and files came to: behaviour that no other test describes changes
+// on purpose only. VESMORA_RECORD=1 in the environment records anew.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <map>
+#include <sstream>
+
+#include "../fuzz/editor_check.h"
+
+namespace vesmora {
+namespace {
+
+constexpr std::string_view kDigits = "0123456789abcdef";
+
+/// All arguments on a line, numbers to the last bit.
+template <typename... Values>
+void Put(std::ostream& out, const char* name, const Values&... values) {
+  out << name;
+  ((out << ' ' << values), ...);
+  out << '\n';
+}
+
+/// Counts and sums what is drawn.
+class SummingCanvas final : public Canvas {
+ public:
+  int calls = 0;
+  std::uint64_t sum = 0;
+
+  void Clear() override { Add(0); }
+  void DrawLine(Pen pen, ScreenPoint from, ScreenPoint to) override { Add(1, pen, from, to); }
+  void DrawRectangle(Pen pen, ScreenPoint corner, ScreenPoint opposite) override {
+    Add(2, pen, corner, opposite);
+  }
+  void DrawCircle(Pen pen, ScreenPoint center, std::int16_t radius) override {
+    Add(3, pen, center, radius);
+  }
+  void DrawText(Rgb color, ScreenPoint topLeft, std::string_view text) override {
+    Add(4, color, topLeft);
+    sum = Checksum(std::as_bytes(std::span(text)), sum);
+  }
+  TextSize MeasureText(std::string_view text) override {
+    return {7.0f * static_cast<float>(text.size()), 13};
+  }
+
+ private:
+  template <typename... Values>
+  void Add(const Values&... values) {
+    ++calls;
+    ((sum = Checksum(std::as_bytes(std::span(&values, 1)), sum)), ...);
+  }
+};
+
+void PutPanel(std::ostream& out, const PanelContents& panel) {
+  Put(out, "map", panel.Lkartta1, panel.lAuthor, panel.Lkartta2);
+  Put(out, "selected", panel.Fvalinta, panel.Lvalinta, static_cast<int>(panel.highlightedTool));
+  const auto check = [&out](const CheckContents& box) {
+    Put(out, "check", static_cast<int>(box.tick), box.enabled);
+  };
+  for (const ButtonContents& button :
+       {panel.CBtausta1, panel.CBtausta2, panel.CBverticevari, panel.CByhista, panel.CBerota,
+        panel.CBtexPalauta, panel.CBtexPoista}) {
+    const Rgb face = button.color.value_or(Rgb{});
+    Put(out, "button", button.enabled, button.color.has_value(), +face.red, +face.green,
+        +face.blue);
+  }
+  for (const ComboContents& combo :
+       {panel.CBspawn, panel.CBscenery, panel.CBscenery2, panel.CBcollider}) {
+    Put(out, "combo", static_cast<int>(combo.list), combo.text, combo.enabled);
+  }
+  check(panel.CBtexEiKorjaus);
+  check(panel.CBverticeLapi);
+  std::ranges::for_each(panel.CBnayta, check);
+  std::ranges::for_each(panel.CBbotValinta, check);
+  for (const auto& options : {std::span<const OptionContents>(panel.OBbotNayta),
+                              std::span<const OptionContents>(panel.OBbotKumpi)}) {
+    for (const OptionContents& option : options) Put(out, "option", option.chosen, option.enabled);
+  }
+}
+
+/// The state after an action, and what it asked for.
+std::string Seen(EditorWalk& walk) {
+  std::ostringstream out;
+  out << std::hexfloat;
+  const Editor& editor = walk.editor;
+  const Activity& activity = editor.activity;
+  const ViewTransform& view = editor.view;
+  Put(out, "status", walk.Status(), walk.journal.redoAvailable, walk.journal.redoCaption);
+  Put(out, "doing", static_cast<int>(activity.Kind()), activity.PlacedCorners(), activity.Liana(),
+      activity.Anchor(), static_cast<int>(editor.pointer), editor.pointerText, walk.hint);
+  Put(out, "view", view.centerX, view.centerY, view.zoom, view.gridSize, view.fixedGrid,
+      view.panning, view.area.width, view.area.height, editor.show.pathFilter);
+  for (const std::int16_t flag : editor.show.showFlags) Put(out, "shows", flag);
+  for (int slot = 0; slot < kRecentSlots; ++slot) {
+    Put(out, "recent", RecentMenuItemOf(editor.recent, slot).caption);
+  }
+  const SelectionBlock selected = PackSelection(walk.selection, walk.map);
+  Put(out, "image", Checksum(ImageOf(walk.map)), walk.map.fileName, walk.map.author);
+  Put(out, "selection", Checksum(std::as_bytes(std::span(&selected, 1))));
+  PutPanel(out, editor.panel.contents);
+  for (const std::string& event : walk.events) Put(out, "event", event);
+  for (const Message& message : walk.dialogs.messages) Put(out, "message", message);
+  SummingCanvas canvas;
+  const ToolDrawing tool = ToolDrawingOf(editor);
+  DrawMap({walk.map, walk.selection, walk.editor.view, editor.show, tool}, canvas);
+  Put(out, "drawn", canvas.calls, canvas.sum);
+  std::string text = out.str();
+  for (const std::string& folder : {walk.folder.Path(), DataPath("../../")}) {
+    for (std::size_t at = 0; (at = text.find(folder)) != std::string::npos;) {
+      text.replace(at, folder.size(), "~/");
+    }
+  }
+  return text;
+}
+
+using Record = std::map<std::string, std::string>;  // two digits an action, by session
+
+Record ReadRecord(const std::string& path) {
+  Record record;
+  std::ifstream file(path);
+  for (std::string name, sums; file >> name >> sums;) record[name] = sums;
+  return record;
+}
+
+TEST(RecordedSessionsTest, GoAsTheyDid) {
+  const std::string path = DataPath("recorded_sessions.txt");
+  const bool isRecording = std::getenv("VESMORA_RECORD") != nullptr;
+  const Record known = ReadRecord(path);
+  Record record;
+  for (const auto& entry :
+       std::filesystem::directory_iterator(DataPath("../../fuzz/corpus/editor"))) {
+    const std::string name = entry.path().filename().string();
+    const Bytes bytes = FileBytes(entry.path().string());
+    const std::span input(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
+    if (input.size() < 5) continue;  // no action
+    std::string& sums = record[name];
+    EditorWalk walk(input[0], false);
+    walk.onAction = [&] {
+      const std::string seen = Seen(walk);
+      const auto sum = Checksum(std::as_bytes(std::span(seen)));
+      sums += {kDigits[sum % 16], kDigits[sum / 16 % 16]};
+      if (isRecording || (known.contains(name) && known.at(name).starts_with(sums))) return;
+      ADD_FAILURE() << name << ", action " << sums.size() / 2 << ", comes to\n"
+                    << seen.substr(0, 3000);
+    };
+    walk.Run(input.subspan(1));
+    if (HasFailure()) return;
+  }
+  if (!isRecording) return;
+  std::ofstream file(path);
+  for (const auto& [name, sums] : record) file << name << ' ' << sums << '\n';
+}
+
+}  // namespace
+}  // namespace vesmora
