@@ -34,6 +34,10 @@ if(VESMORA_WERROR)
   target_compile_options(vesmora_flags INTERFACE -Werror)
 endif()
 
+# What is handed out carries no path of whoever builds it, and is the same wherever it is built.
+target_compile_options(vesmora_flags INTERFACE
+  $<$<CONFIG:Release>:-ffile-prefix-map=${CMAKE_SOURCE_DIR}=.>)
+
 if(WIN32)
   # The calls of Windows 10 in their wide form, no macros named like std::min, M_PI as elsewhere.
   target_compile_definitions(vesmora_flags INTERFACE

@@ -1,7 +1,8 @@
 # Two ways to install.
 #   --component vesmora   the folder that lies in the game's own: the program and, beside it, the
 #                         folders it looks for there. Packaging and scripts/build choose the prefix.
-#   no component named    for the whole system, below a prefix such as /usr/local (not on Windows).
+#   no component named    for the whole system, below a prefix such as /usr/local (not on Windows);
+#                         the Debian package is its component "system".
 set(only_when_named)
 if(UNIX)
   set(only_when_named EXCLUDE_FROM_ALL)
@@ -40,7 +41,7 @@ if(UNIX)
     install(FILES "${packaging}/icons/vesmora-${size}.png" RENAME vesmora.png
       DESTINATION "share/icons/hicolor/${size}x${size}/apps" COMPONENT system)
   endforeach()
-  # What desktops keep of the above; packages of distributions have this done for them.
+  # What desktops keep of the above; packages have this done for them by the distribution.
   install(CODE [[
     if("$ENV{DESTDIR}" STREQUAL "")
       set(share "${CMAKE_INSTALL_PREFIX}/share")
@@ -53,5 +54,6 @@ if(UNIX)
         endif()
         unset(found)
       endforeach()
-    endif()]] COMPONENT system)
+    endif()]] COMPONENT desktop_caches)
+  include(Debian)
 endif()

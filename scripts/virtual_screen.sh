@@ -30,6 +30,15 @@ WaitFor() {
   done
 }
 
+# IsPainted PROCESS LOG: whether the window of the editor that runs as PROCESS, and says what it says
+# in LOG, is drawn; sets window.
+IsPainted() {
+  kill -0 "$1" 2>/dev/null || Fail "the program ended by itself: $(tail -n 5 "$2")"
+  window=$(xdotool search --onlyvisible --name '^Vesmora  ' 2>/dev/null | head -n 1)
+  [[ -n $window ]] || return 1
+  (($(import -silent -window "$window" -crop 500x400+100+100 -format %k info: 2>/dev/null || echo 0) > 3))
+}
+
 HasWindowManager() { xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'; }
 
 # Sets DISPLAY.

@@ -8,8 +8,8 @@ namespace {
 
 /// The system's own, as the game uses it.
 const CodePage& Ansi() {
-  static const CodePage page(GetACP());
-  return page;
+  static const CodePage kPage(GetACP());
+  return kPage;
 }
 
 }  // namespace
