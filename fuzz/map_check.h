@@ -13,7 +13,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cmath>
 #include <cstring>
 #include <memory>
 #include <span>
@@ -22,9 +21,6 @@
 #include "document/map_image.h"
 #include "support/bench.h"
 #include "support/map_builder.h"
-#include "view/clip.h"
-#include "view/draw_map.h"
-#include "view/pixel_painter.h"
 
 namespace vesmora {
 
@@ -100,52 +96,6 @@ inline Bytes DecodeMapFile(std::span<const std::uint8_t> data) {
   }
   return file;
 }
-
-/// Checks what a painter relies on.
-class CheckingCanvas final : public Canvas {
- public:
-  explicit CheckingCanvas(const DrawingArea& area) : area_(area) {}
-
-  int primitives = 0;
-  PixelPainter painter;
-  bool paints = false;
-
-  void Clear() override { EXPECT_EQ(primitives++, 0) << "drawn on before it was cleared"; }
-  void DrawLine(Pen pen, ScreenPoint from, ScreenPoint to) override {
-    ++primitives;
-    const auto line = ClipLine(from, to, area_.width, area_.height);
-    if (!line) return;
-    EXPECT_TRUE(IsNear(line->x1, line->y1, 0) && IsNear(line->x2, line->y2, 0));
-    if (paints) painter.DrawLine(*line, DashesOf(pen.style), 0);
-  }
-  void DrawRectangle(Pen pen, ScreenPoint corner, ScreenPoint opposite) override {
-    DrawLine(pen, corner, {opposite.x, corner.y});
-    DrawLine(pen, {corner.x, opposite.y}, opposite);
-  }
-  void DrawCircle(Pen pen, ScreenPoint center, std::int16_t radius) override {
-    ++primitives;
-    // Anything farther could not touch, and has no whole pixels to be drawn at.
-    if (!CircleTouches(center, radius, area_.width, area_.height)) return;
-    EXPECT_TRUE(radius >= 0 && IsNear(center.x, center.y, radius));
-    if (!paints || radius > 1024) return;
-    painter.DrawCircle(ToPixel(center.x), ToPixel(center.y), radius, DashesOf(pen.style), 0);
-  }
-  void DrawText(Rgb /*color*/, ScreenPoint /*topLeft*/, std::string_view /*text*/) override {
-    ++primitives;
-  }
-  TextSize MeasureText(std::string_view text) override {
-    EXPECT_TRUE(!text.empty() && text.size() <= 11) << "a label is no 32-bit number";
-    return {7.0f * static_cast<float>(text.size()), 13.0f};
-  }
-
- private:
-  bool IsNear(double x, double y, int distance) const {
-    const int reach = distance + 20;  // pixels, a little more than the clipping's margin
-    return x >= -reach && x <= area_.width + reach && y >= -reach && y <= area_.height + reach;
-  }
-
-  const DrawingArea& area_;
-};
 
 inline void CheckMapInput(std::span<const std::uint8_t> data) {
   if (data.size() < 3) return;

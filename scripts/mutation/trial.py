@@ -3,6 +3,7 @@
 import json
 import os
 import re
+import shutil
 import signal
 import subprocess
 import threading
@@ -13,6 +14,7 @@ from typing import Collection
 RAN = re.compile(r"\[ +(OK|FAILED|SKIPPED) +\] (\S+?)(?:, where [^\n]*)? \((\d+) ms\)")
 BEGAN = re.compile(r"\[ RUN +\] (\S+)")
 OUTSIDE = "(before or after the tests)"
+MEMORY = Path("/dev/shm")
 OFFSCREEN = Path(__file__).resolve().parents[2] / "cmake" / "offscreen"  # as ctest runs them
 # A fault may ask for all memory and fill all disks.
 LIMITS = ["prlimit", "--as=8589934592", "--fsize=268435456", "--core=0"]
@@ -31,10 +33,12 @@ class Outcome:
 def run_tests(program: Path, tests: list[str], seconds: float, stop_early: bool) -> Outcome:
     """Runs the tests, all when none is named, for so long at most.
 
-    Files go to the program's folder, settings too: a fault may delete what it finds.
+    Files go to a folder of the worker's own, in memory where that can be, settings too: a fault may
+    delete what it finds.
     """
-    home = program.parent / "home"
-    home.mkdir(exist_ok=True)
+    home = (MEMORY if MEMORY.is_dir() else program.parent) / f"mutate-{program.parent.name}"
+    shutil.rmtree(home, ignore_errors=True)
+    home.mkdir()
     kept = {name: os.environ[name] for name in ("PATH", "LANG") if name in os.environ}
     folders = {name: str(home) for name in ("HOME", "TMPDIR", "XDG_RUNTIME_DIR")}
     environment = {**kept, **folders}

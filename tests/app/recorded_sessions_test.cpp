@@ -13,6 +13,8 @@
 namespace vesmora {
 namespace {
 
+constexpr int kWidth = 300;  // pixels of the window that are painted
+constexpr int kHeight = 200;
 constexpr std::string_view kDigits = "0123456789abcdef";
 
 /// All arguments on a line, numbers to the last bit.
@@ -80,6 +82,16 @@ void PutPanel(std::ostream& out, const PanelContents& panel) {
   }
 }
 
+/// What is kept for Recover, which lies on the disk.
+std::string KeptBy(const Editor& editor) {
+  std::string kept;
+  for (const std::string& path : ListRecoverable(editor)) {
+    const RecoverContents contents = ShowRecoverable(editor, path);
+    kept += contents.lNimi + " " + contents.lSyy + " " + contents.lMaara + "\n";
+  }
+  return kept;
+}
+
 /// The state after an action, and what it asked for.
 std::string Seen(EditorWalk& walk) {
   std::ostringstream out;
@@ -105,7 +117,10 @@ std::string Seen(EditorWalk& walk) {
   SummingCanvas canvas;
   const ToolDrawing tool = ToolDrawingOf(editor);
   DrawMap({walk.map, walk.selection, walk.editor.view, editor.show, tool}, canvas);
-  Put(out, "drawn", canvas.calls, canvas.sum);
+  std::vector<std::uint32_t> pixels(kWidth * kHeight);
+  MemoryCanvas corner({pixels.data(), kWidth, kWidth, kHeight}, false);
+  DrawMap({walk.map, walk.selection, walk.editor.view, editor.show, tool}, corner);
+  Put(out, "drawn", canvas.calls, canvas.sum, Checksum(std::as_bytes(std::span(pixels))));
   std::string text = out.str();
   for (const std::string& folder : {walk.folder.Path(), DataPath("../../")}) {
     for (std::size_t at = 0; (at = text.find(folder)) != std::string::npos;) {
@@ -137,8 +152,13 @@ TEST(RecordedSessionsTest, GoAsTheyDid) {
     if (input.size() < 5) continue;  // no action
     std::string& sums = record[name];
     EditorWalk walk(input[0], false);
+    std::string kept;
+    int recoverable = 0;
     walk.onAction = [&] {
-      const std::string seen = Seen(walk);
+      if (std::exchange(recoverable, walk.editor.recoverable) != walk.editor.recoverable) {
+        kept = KeptBy(walk.editor);
+      }
+      const std::string seen = Seen(walk) + kept;
       const auto sum = Checksum(std::as_bytes(std::span(seen)));
       sums += {kDigits[sum % 16], kDigits[sum / 16 % 16]};
       if (isRecording || (known.contains(name) && known.at(name).starts_with(sums))) return;

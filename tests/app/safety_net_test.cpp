@@ -21,7 +21,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::IsEmpty;
 using testing::SizeIs;
 
 class SafetyNetTest : public testing::Test, protected Bench {
@@ -44,16 +43,6 @@ class SafetyNetTest : public testing::Test, protected Bench {
     next_->journal.folder = HoldUndoFolder(files, editor.ports.tempFolder);
     FindLostMaps(*next_);
     return *next_;
-  }
-  /// Name, cause and first counts of all that is kept, the newest first.
-  std::vector<std::string> Kept() {
-    std::vector<std::string> kept;
-    for (const std::string& path : ListRecoverable(editor)) {
-      const RecoverContents contents = ShowRecoverable(editor, path);
-      kept.push_back(contents.lNimi + ": " + contents.lSyy + ", " +
-                     contents.lMaara.substr(0, contents.lMaara.find('\n')));
-    }
-    return kept;
   }
   std::uint64_t NewestKept(const Editor& of) {
     const auto paths = ListRecoverable(of);
@@ -131,74 +120,6 @@ TEST_F(SafetyNetTest, KilledAnywhereTheNextStartKeepsTheMap) {
   EXPECT_GT(kept, kRuns / 2);
 }
 
-TEST_F(SafetyNetTest, WhatIsReplacedUnsavedIsKeptAndOpenedAgain) {
-  const std::string path = PutMap("small.pmp");
-  const auto addSpawn = [this] {
-    Snapshot("Spwan");
-    AddSpawn(map, 5, 5, 0);
-    ++now;
-  };
-  OpenMap(editor, path);
-  MenuNew(editor);
-  OpenMap(editor, path);
-  EXPECT_THAT(Kept(), IsEmpty()) << "nothing was edited";
-  addSpawn();
-  MenuUndo(editor);
-  MenuNew(editor);
-  EXPECT_THAT(Kept(), IsEmpty()) << "what was edited was undone";
-  addSpawn();
-  OpenMap(editor, path);
-  addSpawn();
-  MenuNew(editor);
-  addSpawn();
-  const std::uint64_t open = Fingerprint(map);
-  EXPECT_TRUE(CleanUp(editor));
-  EXPECT_TRUE(CleanUp(editor)) << "is kept once";
-  EXPECT_THAT(Kept(), ElementsAre("New map: Closed without being saved, 0",
-                                  "small.pmp: Replaced by a new map, 40",
-                                  "New map: Replaced by another map, 0"));
-  EXPECT_EQ(NewestKept(editor), open);
-
-  window.chosenRescue = ListRecoverable(editor)[1];
-  MenuRecover(editor);
-  EXPECT_TRUE(map.fileName.empty() && journal.undoAvailable < 0 && map.polygons.Count() == 40);
-  EXPECT_THAT(Kept(), SizeIs(3)) << "until it is saved";
-  dialogs.chosenFiles = {folder / "b.pmp"};
-  EXPECT_TRUE(MenuSaveAs(editor));
-  EXPECT_THAT(Kept(), SizeIs(2));
-  TakeMessages();
-  std::filesystem::resize_file(ListRecoverable(editor)[0], 1000);
-  window.chosenRescue = ListRecoverable(editor)[0];
-  const DocumentState state = StateOf(map);
-  MenuRecover(editor);
-  EXPECT_TRUE(StateOf(map) == state);
-  EXPECT_THAT(TakeMessages(), SizeIs(1));
-
-  for (int i = 0; i < 12; ++i, MenuNew(editor)) addSpawn();
-  EXPECT_THAT(ListRecoverable(editor), SizeIs(kRescuedMaps));
-  // The one that is opened does not make room for the one that it replaces.
-  addSpawn();
-  const std::string oldest = window.chosenRescue = ListRecoverable(editor).back();
-  MenuRecover(editor);
-  EXPECT_TRUE(std::filesystem::exists(oldest));
-  const std::uint64_t recovered = Fingerprint(map);
-  std::filesystem::remove(oldest);  // another editor needed the room
-  now -= 1'000'000;                 // and the clock was put right
-  MenuNew(editor);
-  EXPECT_EQ(NewestKept(editor), recovered);
-
-  OpenMap(editor, path);
-  Choose(ToolMode::kAddPolygon);
-  Click(300, 300);
-  MenuNew(editor);
-  EXPECT_EQ(NewestKept(editor), recovered) << "a triangle half built is no edit";
-  OpenMap(editor, path);
-  Snapshot("Delete");
-  ZeroTables(map);
-  MenuNew(editor);
-  EXPECT_EQ(Kept()[0], "small.pmp: Replaced by a new map, 0");
-}
-
 TEST_F(SafetyNetTest, AMapThatCannotBeKeptStaysOpenUnlessItIsGivenUp) {
   AddSpawn(map, 5, 5, 0);
   const DocumentState state = StateOf(map);
@@ -247,21 +168,6 @@ TEST_F(SafetyNetTest, WhatCannotBeKeptAtTheStartIsFoundByTheNextOne) {
   EXPECT_GT(failures, 10);
 }
 
-TEST_F(SafetyNetTest, AFileOfWhichSomePagesAreLostIsPassedOver) {
-  Edit(1);
-  Edit(2);
-  const std::uint64_t whole = Fingerprint(map);
-  Edit(3);
-  for (int mark = 4; mark <= 5; ++mark) {
-    Edit(mark);
-    std::fstream(PathOf(journal.NewestFile())).seekp(mark == 4 ? 9000 : 470000) << "older bytes";
-  }
-  Editor& after = StartAnew();
-  EXPECT_EQ(NewestKept(after), whole);
-  FirstActivation(after, "");
-  EXPECT_EQ(after.note, "See File > Recover");
-}
-
 #ifndef _WIN32  // where a folder that is held cannot be taken away
 TEST_F(SafetyNetTest, AFolderThatWasTakenAwayIsNoLongerOurs) {
   const std::string path = PutMap("small.pmp");
@@ -295,17 +201,6 @@ TEST_F(SafetyNetTest, AFolderThatWasTakenAwayIsNoLongerOurs) {
   EXPECT_EQ(NewestKept(after), Fingerprint(other.map));
 }
 #endif
-
-TEST_F(SafetyNetTest, LostMapsAreFoundInTheTemporaryFolderOfThatRun) {
-  FindLostMaps(editor);  // notes where it is
-  Edit(1);
-  Edit(2);
-  const std::string there = editor.ports.tempFolder;
-  editor.ports.tempFolder = folder / "elsewhere/";
-  Editor& after = StartAnew();
-  EXPECT_NE(NewestKept(after), 0U);
-  EXPECT_THAT(ListFiles(files, there).names, IsEmpty());
-}
 
 }  // namespace
 }  // namespace vesmora

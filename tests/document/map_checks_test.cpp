@@ -189,32 +189,6 @@ TEST(MapChecksTest, EachFaultIsFoundWhereItIs) {
   }
 }
 
-/// Shapes, before the sectors know of them.
-TEST(MapChecksTest, ShapesThatAreNoTriangles) {
-  using Corners = std::array<ScreenPoint, 3>;
-  const std::vector<std::pair<Corners, std::vector<std::string>>> shapes = {
-      {{{{0, 0}, {9, 0}, {0, 9}}}, {}},
-      {{{{1, 2}, {1, 2}, {0, 9}}}, {"error one-spot polygon 1 at 1,2"}},
-      {{{{0, 9}, {1, 2}, {1, 2}}}, {"error one-spot polygon 1 at 1,2"}},
-      {{{{1, 2}, {0, 9}, {1, 2}}}, {"error one-spot polygon 1 at 1,2"}},
-      {{{{1, 2}, {1, 2}, {1, 2}}}, {"error one-spot polygon 1 at 1,2"}},
-      {{{{0, 0}, {10, 20}, {20, 40}}}, {"error no-area polygon 1 at 0,0"}},
-      {{{{0, 0}, {100, 0}, {50, 0.009f}}}, {"hint no-area polygon 1 at 0,0"}},
-      {{{{0, 0}, {100, 0}, {50, 0.011f}}}, {}},
-      {{{{0, 0}, {40000, 0}, {0, 9}}}, {"error far-outside polygon 1, corner 2 at 40000,0"}},
-  };
-  for (const auto& [corners, found] : shapes) {
-    const auto map = std::make_unique<MapDocument>();
-    ResetToNewMap(*map);
-    AddTriangle(*map, corners);
-    std::vector<std::string> lines = Found(*map, "a.pmp", 1);
-    std::erase_if(lines, [](const std::string& line) {
-      return line.starts_with("hint") && line.find("no-area") == std::string::npos;
-    });
-    EXPECT_EQ(lines, found);
-  }
-}
-
 /// Nothing is made of what a wrong number of polygons leaves unsure.
 TEST(MapChecksTest, NumbersOfPolygonsThatCannotBe) {
   const auto map = std::make_unique<MapDocument>();

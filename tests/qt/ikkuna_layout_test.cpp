@@ -106,34 +106,5 @@ TEST_F(IkkunaLayoutTest, AFirstWindowIsComfortableAndASizeWithoutAPlaceIsKept) {
   EXPECT_EQ(window->size(), QSize(1111, 777));
 }
 
-TEST_F(IkkunaLayoutTest, ASmallestWindowComesBackAsItWas) {
-  Resize(200, 200);
-  window->move(120, 90);
-  Settle();
-  const QRect place = window->geometry();
-  EXPECT_GT(window->frameGeometry().height(), place.height()) << "there is a frame";
-  for (int times = 0; times < 2; ++times) {
-    window->close();
-    Start();
-    EXPECT_EQ(window->geometry(), place);
-  }
-  const auto kept = [this] {
-    return SettingsFile(files, folder / "Vesmora/Vesmora.conf").Read("Windows", "Width", "");
-  };
-  window->showMaximized();
-  window->close();
-  for (int times = 0; times < 2; ++times) {
-    Start();
-    EXPECT_TRUE(window->isMaximized());
-    window->close();
-    EXPECT_EQ(kept(), std::to_string(place.width())) << "where it returns to";
-  }
-  Start();
-  window->showNormal();
-  Resize(1234, 800);
-  window->close();
-  EXPECT_EQ(kept(), "1234");
-}
-
 }  // namespace
 }  // namespace vesmora

@@ -26,35 +26,6 @@ class IkkunaTest : public RealWindow {
   }
 };
 
-TEST_F(IkkunaTest, WhatIsDrawnReachesTheFile) {
-  for (const auto& [tool, x, y] : {std::tuple(1, 0, 0),
-                                   {1, 50, 0},
-                                   {1, 0, 60},
-                                   {2, -100, 20},
-                                   {3, -150, -40},
-                                   {4, 120, -30},
-                                   {5, 100, 100},
-                                   {5, 150, 100},
-                                   {5, 100, 100},
-                                   {5, 150, 100}}) {  // and connects them
-    Place(tool, x, y);
-  }
-  Saved();
-  EXPECT_EQ(map.polygons[0].vertices[2].y, 60);
-  EXPECT_EQ(map.spawns[0].x, -100 * 256);
-  EXPECT_EQ(map.sceneries[0].x, -149.5F);
-  EXPECT_EQ(map.colliders[0].y, -30);
-  EXPECT_EQ(map.waypoints[0].connections[0], 2);
-  window->close();
-  int backups = 0;
-  for (const auto& entry : std::filesystem::recursive_directory_iterator(folder.Path())) {
-    const std::string name = entry.path().filename().string();
-    EXPECT_FALSE(name.starts_with("VesmoraUndo")) << name;
-    backups += name == "backup.pmp" ? 1 : 0;
-  }
-  EXPECT_EQ(backups, 1);
-}
-
 TEST_F(IkkunaTest, ASelectionIsDraggedMovedByKeysAndUndone) {
   const QImage empty = surface->grab().toImage();
   Place(4, 0, 0);
@@ -72,35 +43,6 @@ TEST_F(IkkunaTest, ASelectionIsDraggedMovedByKeysAndUndone) {
   EXPECT_EQ(map.colliders[0].y, -40);
   Run("MenuUndo");
   EXPECT_EQ(Saved().colliders[0].x, 0);
-}
-
-TEST_F(IkkunaTest, TheViewZoomsAndPansAndEveryControlGivesTheKeyboardBack) {
-  const auto zoom = [this] { return window->findChild<QComboBox*>("CBzoom")->currentText(); };
-  for (const int delta : {40, 80}) Wheel(delta);
-  Key(Qt::Key_Plus);
-  EXPECT_EQ(zoom(), "200%");
-  Key(Qt::Key_Plus, Qt::KeypadModifier);
-  EXPECT_EQ(zoom(), "400%");
-  Key(Qt::Key_Minus, Qt::KeypadModifier);
-  Wheel(-120);
-  EXPECT_EQ(zoom(), "100%");
-  // The map follows the pointer: what was 30 to the left now lies under the middle.
-  Drag(At(0, 0), At(30, 20), Qt::RightButton);
-  Place(4, 0, 0);
-  EXPECT_EQ(Saved().colliders[0].x, -30);
-  EXPECT_EQ(map.colliders[0].y, -20);
-
-  QWidget* rest = Find("Pala");
-  for (const char* name :
-       {"OBvalinta0", "CBfixed", "CBnayta1", "CBzoom", "OBvalinta2", "CBspawn"}) {
-    auto* list = window->findChild<QComboBox*>(name);
-    if (list == nullptr) QTest::mouseClick(Find(name), Qt::LeftButton, {}, {8, 8});
-    if (list != nullptr) list->setFocus(), list->showPopup(), list->hidePopup();
-    EXPECT_EQ(QApplication::focusWidget(), rest) << name;
-  }
-  Find("CBzoom")->setFocus();
-  Run("MenuNew");
-  EXPECT_EQ(QApplication::focusWidget(), rest) << "the panel was shown anew";
 }
 
 TEST_F(IkkunaTest, TheGameRunsAndTheWindowStepsAside) {

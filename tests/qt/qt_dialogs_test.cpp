@@ -85,26 +85,6 @@ TEST_F(QtDialogsTest, BoxesShowTheirTextWholeAndAsItIs) {
   EXPECT_FALSE(dialogs.Ask(question));
 }
 
-TEST_F(QtDialogsTest, OpenStartsWhereItIsToldAndGivesAnExistingFile) {
-  const std::string path = folder / "a map.PMP";
-  std::ofstream(path) << "x";
-  const FileRequest request{.title = "Open",
-                            .directory = folder.Path(),
-                            .fileName = "",
-                            .filter = {.description = "Soldat Map (*.pmp)", .pattern = "*.PMP"}};
-  answers = {[&](QDialog& dialog) {
-               const auto& files = dynamic_cast<QFileDialog&>(dialog);
-               EXPECT_EQ(files.windowTitle(), "Open");
-               EXPECT_EQ(files.directory().canonicalPath().toStdString() + "/",
-                         std::filesystem::canonical(folder.Path()).string() + "/");
-               EXPECT_THAT(files.nameFilters(), ElementsAre("Soldat Map (*.pmp)"));
-               Name("a map.PMP")(dialog);
-             },
-             Person::Cancel};
-  EXPECT_EQ(dialogs.ChooseFileToOpen(request), path);
-  EXPECT_EQ(dialogs.ChooseFileToOpen(request), "");
-}
-
 TEST_F(QtDialogsTest, ASavedNameGetsItsEndingAndNothingIsReplacedUnasked) {
   for (const char* name : {"Hollow v1.2.pmp", "there.pmp"}) std::ofstream(folder / name) << "x";
   const FileRequest request{.title = "Export",

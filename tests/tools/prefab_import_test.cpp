@@ -12,24 +12,10 @@
 namespace vesmora {
 namespace {
 
-using testing::ElementsAre;
 using testing::IsEmpty;
 
 struct ImportBench : Bench {
-  const std::string path = folder / "piece.pre";
-
-  /// A map with one object of each kind, and a prefab of 20 x 10 units at 300, 100.
-  ImportBench() {
-    AddNumbered(map, 1);
-    MapDocument piece;
-    piece.author = "Somebody";
-    AddTriangle(piece, {{{300, 100}, {320, 100}, {300, 110}}});
-    piece.polygons[0].edges[1] = {0, 0, 7};
-    AddScenery(piece, 310.5f, 105.5f, 9).carriedTail = {3};
-    AddCollider(piece, 310, 105, 6).carried = {8};
-    piece.sceneries[0].active = piece.colliders[0].active = 0;  // some say so
-    PutFile(path, WritePrefab(piece));
-  }
+  ImportBench() { AddNumbered(map, 1); }
 
   void PutLetter(int code, const std::array<ScreenPoint, 3>& corners) {
     MapDocument letter;
@@ -38,32 +24,7 @@ struct ImportBench : Bench {
   }
 };
 
-class PrefabImportTest : public testing::Test, protected ImportBench {};
-
-TEST_F(PrefabImportTest, WhatDoesNotFitIsToldOnce) {
-  map.polygons.last = 399;
-  map.colliders.last = 126;
-  ImportPrefab(editor, path, ImportManner::kPlaced);
-  EXPECT_EQ(Listed(), "o1 c127") << "to the last slot";
-  const std::string overflow = "Some of imported objects couldn't be pasted";
-  ExpectRefusal(overflow);
-  // Its step takes no scenery away to make room, nor does that of the move what has come in.
-  for (const auto& [last, listed] : {std::pair{253, "o254"}, {254, ""}}) {
-    map.sceneries.last = static_cast<std::int16_t>(last);
-    map.colliders.last = 127;
-    TakeUndoSnapshot(editor, "Import");
-    ImportPrefab(editor, path, ImportManner::kPlaced);
-    EXPECT_EQ(std::tuple(Listed(), map.sceneries.last), std::tuple(listed, 254));
-    ExpectRefusal(overflow);
-  }
-  PutLetter('a', {{{10, 100}, {30, 100}, {10, 140}}});
-  map.polygons.last = 397;
-  PlaceAuthorText(editor, "aaaa", folder.Path());
-  EXPECT_EQ(selection.vertices.Count(), 6) << "two of the letters";
-  EXPECT_THAT(TakeMessages(), ElementsAre()) << "letters come quietly";
-}
-
-TEST_F(PrefabImportTest, LettersStandInARowOnTheLine) {
+TEST(PrefabImportTest, LettersStandInARowOnTheLine) {
   using Row = std::tuple<const char*, std::vector<SelectionBox>>;
   for (const auto& [text, letters] :  // as they stand when their middle is at 0, 25
        {Row{"AB", {{-15, 5, 5, 45}, {5, 15, -5, 55}}},
