@@ -329,7 +329,10 @@ class EditorWalk : public Bench {
     MemoryCanvas picture({pixels.data(), 200, 200, 100}, false);
     DrawPicture(map, 200, 100, picture);
     const auto prefabs = ListPrefabs(editor.ports);
-    if (!prefabs.empty()) ShowPrefab(editor, prefabs[input_[1] % prefabs.size()]);
+    if (prefabs.empty()) return;
+    const ImportContents prefab = ShowPrefab(editor, prefabs[input_[1] % prefabs.size()]);
+    events.push_back(prefab.lName + prefab.lAuthor + prefab.lMaara + prefab.lMaara2 +
+                     std::to_string(prefab.map ? Fingerprint(*prefab.map) : 0));
     for (const std::string& path : ListRecoverable(editor)) ShowRecoverable(editor, path);
   }
   /// Any bytes, as files hold them.

@@ -13,7 +13,9 @@
 namespace vesmora {
 namespace {
 
-constexpr int kWidth = 300;  // pixels of the window that are painted
+constexpr std::size_t kRandomActions = 500;
+constexpr unsigned kFirstByteBeyondEdits = 202;  // of the kinds of actions
+constexpr int kWidth = 300;                      // pixels of the window that are painted
 constexpr int kHeight = 200;
 constexpr std::string_view kDigits = "0123456789abcdef";
 
@@ -25,34 +27,45 @@ void Put(std::ostream& out, const char* name, const Values&... values) {
   out << '\n';
 }
 
-/// Counts and sums what is drawn.
+/// Sums what is drawn, and paints it.
 class SummingCanvas final : public Canvas {
  public:
-  int calls = 0;
-  std::uint64_t sum = 0;
+  SummingCanvas() : pixels_(kWidth * kHeight) {}
 
-  void Clear() override { Add(0); }
-  void DrawLine(Pen pen, ScreenPoint from, ScreenPoint to) override { Add(1, pen, from, to); }
+  void Clear() override {
+    Add(0);
+    painted_.Clear();
+  }
+  void DrawLine(Pen pen, ScreenPoint from, ScreenPoint to) override {
+    Add(1, pen, from, to);
+    painted_.DrawLine(pen, from, to);
+  }
   void DrawRectangle(Pen pen, ScreenPoint corner, ScreenPoint opposite) override {
     Add(2, pen, corner, opposite);
+    painted_.DrawRectangle(pen, corner, opposite);
   }
   void DrawCircle(Pen pen, ScreenPoint center, std::int16_t radius) override {
     Add(3, pen, center, radius);
+    painted_.DrawCircle(pen, center, radius);
   }
   void DrawText(Rgb color, ScreenPoint topLeft, std::string_view text) override {
     Add(4, color, topLeft);
-    sum = Checksum(std::as_bytes(std::span(text)), sum);
+    sum_ = Checksum(std::as_bytes(std::span(text)), sum_);
+    painted_.DrawText(color, topLeft, text);
   }
-  TextSize MeasureText(std::string_view text) override {
-    return {7.0f * static_cast<float>(text.size()), 13};
-  }
+  TextSize MeasureText(std::string_view text) override { return painted_.MeasureText(text); }
+
+  std::uint64_t Sum() const { return Checksum(std::as_bytes(std::span(pixels_)), sum_); }
 
  private:
   template <typename... Values>
   void Add(const Values&... values) {
-    ++calls;
-    ((sum = Checksum(std::as_bytes(std::span(&values, 1)), sum)), ...);
+    ((sum_ = Checksum(std::as_bytes(std::span(&values, 1)), sum_)), ...);
   }
+
+  std::uint64_t sum_ = 0;
+  std::vector<std::uint32_t> pixels_;
+  MemoryCanvas painted_{{pixels_.data(), kWidth, kWidth, kHeight}, false};
 };
 
 void PutPanel(std::ostream& out, const PanelContents& panel) {
@@ -117,10 +130,7 @@ std::string Seen(EditorWalk& walk) {
   SummingCanvas canvas;
   const ToolDrawing tool = ToolDrawingOf(editor);
   DrawMap({walk.map, walk.selection, walk.editor.view, editor.show, tool}, canvas);
-  std::vector<std::uint32_t> pixels(kWidth * kHeight);
-  MemoryCanvas corner({pixels.data(), kWidth, kWidth, kHeight}, false);
-  DrawMap({walk.map, walk.selection, walk.editor.view, editor.show, tool}, corner);
-  Put(out, "drawn", canvas.calls, canvas.sum, Checksum(std::as_bytes(std::span(pixels))));
+  Put(out, "drawn", canvas.Sum());
   std::string text = out.str();
   for (const std::string& folder : {walk.folder.Path(), DataPath("../../")}) {
     for (std::size_t at = 0; (at = text.find(folder)) != std::string::npos;) {
@@ -139,15 +149,32 @@ Record ReadRecord(const std::string& path) {
   return record;
 }
 
+/// What fuzzing kept, and random work with mouse, keys, panel and Edit menu on one map.
+std::map<std::string, Bytes> Sessions() {
+  std::map<std::string, Bytes> sessions;
+  for (const auto& entry :
+       std::filesystem::directory_iterator(DataPath("../../fuzz/corpus/editor"))) {
+    sessions[entry.path().filename().string()] = FileBytes(entry.path().string());
+  }
+  for (std::size_t seed = 0; seed < kWalkFiles.size(); ++seed) {
+    std::mt19937 random(static_cast<unsigned>(seed));
+    Bytes& session = sessions["random" + std::to_string(seed)];
+    session.resize(1 + kRandomActions * 4);
+    for (std::byte& byte : session) byte = static_cast<std::byte>(random());
+    for (std::size_t at = 1; at < session.size(); at += 4) {
+      session[at] = static_cast<std::byte>(random() % kFirstByteBeyondEdits);
+    }
+    session[0] = static_cast<std::byte>(seed);
+  }
+  return sessions;
+}
+
 TEST(RecordedSessionsTest, GoAsTheyDid) {
   const std::string path = DataPath("recorded_sessions.txt");
   const bool isRecording = std::getenv("VESMORA_RECORD") != nullptr;
   const Record known = ReadRecord(path);
   Record record;
-  for (const auto& entry :
-       std::filesystem::directory_iterator(DataPath("../../fuzz/corpus/editor"))) {
-    const std::string name = entry.path().filename().string();
-    const Bytes bytes = FileBytes(entry.path().string());
+  for (const auto& [name, bytes] : Sessions()) {
     const std::span input(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
     if (input.size() < 5) continue;  // no action
     std::string& sums = record[name];

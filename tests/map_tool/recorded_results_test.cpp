@@ -31,6 +31,7 @@ TEST(RecordedResultsTest, AreAsTheyWere) {
       {"diff", "@/map.pmp", "@/small.pmp"},
       {"diff", "--json", "@/saved.pmp", "@/map.pmp"},
       {"render", "@/map.pmp", "-o", "-", "--size", "320x200"},
+      {"render", "--svg", "--show", "all", "--zoom", "100", "@/map.pmp", "-o", "-"},
       {"render", "--filled", "@/map.pmp", "-o", "-"},
       {"render", "--poster", "@/map.pmp", "@/small.pmp", "-o", "-"}};
   run.Put("small.pmp");

@@ -45,23 +45,6 @@ TEST_F(IkkunaTest, ASelectionIsDraggedMovedByKeysAndUndone) {
   EXPECT_EQ(Saved().colliders[0].x, 0);
 }
 
-TEST_F(IkkunaTest, TheGameRunsAndTheWindowStepsAside) {
-  const std::string game = folder / "Soldat.exe";
-  std::ofstream(game) << "#!/bin/sh\n: >result\n";
-  std::filesystem::permissions(game, std::filesystem::perms::owner_all);
-  const std::array<QByteArray, 2> before = {qgetenv("PATH"), qgetenv("DISPLAY")};
-  qputenv("PATH", QByteArray::fromStdString(folder.Path()));  // without Wine
-  qunsetenv("DISPLAY");
-  Run("MenuRunSoldat");
-  EXPECT_TRUE(window->isMinimized());
-  EXPECT_TRUE(QTest::qWaitFor([&] { return std::filesystem::exists(folder / "result"); }));
-  std::ofstream(game) << "MZ";
-  Run("MenuRunSoldat");
-  EXPECT_FALSE(window->isMinimized()) << "it could not be started";
-  qputenv("PATH", before[0]);
-  if (!before[1].isEmpty()) qputenv("DISPLAY", before[1]);
-}
-
 TEST(ImportDialogTest, OnlyAChosenPrefabIsImported) {
   Bench bench;
   const std::string folder = PrefabFolder(bench.editor.ports);

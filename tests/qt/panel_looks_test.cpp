@@ -205,37 +205,5 @@ TEST_F(PanelLooksTest, NothingIsCutOrCoveredInAnyFont) {
   }
 }
 
-TEST_F(PanelLooksTest, ALabelHoldsItsLinesAtEveryScale) {
-  const QString text = "8gjpqy\n88/88 gjpqy\n400/400 gjpqy";
-  for (const qreal scale : {1.0, 1.25, 1.5, 2.0}) {
-    ElidedLabel label("any", text);
-    label.setText(text);
-    const QSize size = label.sizeHint();
-    label.resize(size * 2);
-    QImage picture(label.size() * scale, QImage::Format_RGB32);
-    picture.setDevicePixelRatio(scale);
-    picture.fill(Qt::white);
-    label.render(&picture, {}, {}, {});
-    int inside = 0;
-    for (int y = 0; y < picture.height(); ++y) {
-      for (int x = 0; x < picture.width(); ++x) {
-        const bool isInk = qGray(picture.pixel(x, y)) < 200;
-        const bool isInside = x < size.width() * scale && y < size.height() * scale;
-        if (isInk && isInside) ++inside;
-        ASSERT_TRUE(!isInk || isInside) << scale << " at " << x << ", " << y;
-      }
-    }
-    EXPECT_GT(inside, 200);
-  }
-  ElidedLabel number("any", "17");
-  number.setText("17");
-  number.setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  number.resize(300, 100);
-  const QImage picture = PictureOf(&number);
-  const QRgb ground = picture.pixel(0, 0);
-  EXPECT_NE(picture.copy(250, 35, 50, 30), picture.copy(0, 35, 50, 30));
-  EXPECT_EQ(Count(picture, QRect(0, 0, 250, 100), QColor(ground)), 250 * 100);
-}
-
 }  // namespace
 }  // namespace vesmora

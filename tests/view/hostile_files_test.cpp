@@ -1,10 +1,9 @@
-// Files that a broken or malicious program could write, long walks of random input through the
-// whole editor, and inputs that fuzzing found worth keeping. The sanitizers run them, too.
+// Files that a broken or malicious program could write, and inputs that fuzzing found worth
+// keeping. The sanitizers run them, too.
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <fstream>
-#include <random>
 
 #include "../fuzz/editor_check.h"
 #include "../fuzz/map_tool_check.h"
@@ -55,19 +54,6 @@ TEST(HostileFilesTest, PrefabsAreTakenWholeOrRefused) {
 
 TEST(HostileFilesTest, EditorInputsOfTheFuzzer) {
   ForAll("fuzz/corpus/editor", "", {}, CheckEditorInput);
-}
-
-TEST(RandomWalkTest, KeepsEveryTableInOrder) {
-  constexpr std::size_t kActions = 30'000;
-  const std::size_t files = kWalkFiles.size();
-  for (unsigned seed = 0; seed < files && !HasFailure(); ++seed) {
-    SCOPED_TRACE(kWalkFiles[seed]);
-    std::mt19937 random(seed);
-    std::vector<std::uint8_t> input(1 + kActions / files * 4);
-    for (std::uint8_t& byte : input) byte = static_cast<std::uint8_t>(random());
-    input[0] = static_cast<std::uint8_t>(seed);
-    CheckEditorInput(input);
-  }
 }
 
 }  // namespace
