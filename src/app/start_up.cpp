@@ -56,9 +56,8 @@ void DeleteOwnSnapshots(Editor& editor) {
   if (!IsStillHeld(files, folder)) return;
   DeleteSnapshotFiles(folder, files);
   const std::string path = folder.path;
-  const bool isShared = path == folder.temp;
-  folder = {};
-  if (!isShared) files.RemoveFolder(path.substr(0, path.size() - 1));
+  folder = {.temp = folder.temp, .path = ""};
+  if (path != folder.temp) files.RemoveFolder(path.substr(0, path.size() - 1));
 }
 
 void TellLostMaps(Editor& editor, const FileStatus& problem) {

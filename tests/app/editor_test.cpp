@@ -3,8 +3,6 @@
 
 #include <cerrno>
 #include <filesystem>
-#include <functional>
-#include <set>
 
 #include "app/commands.h"
 #include "app/keys.h"

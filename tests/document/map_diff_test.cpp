@@ -86,7 +86,8 @@ TEST(MapDiffTest, EachChangeIsToldInWords) {
          Delete(m.polygons, 0);
          std::swap(m.polygons[0].vertices[0], m.polygons[0].vertices[1]);
          for (PolygonVertex& corner : m.polygons[1].vertices) corner.y += 5;
-         std::ranges::rotate(m.polygons[1].vertices, m.polygons[1].vertices.begin() + 1);
+         auto& corners = m.polygons[1].vertices;
+         std::rotate(corners.begin(), corners.begin() + 1, corners.end());
        },
        {"polygon 1 > polygon: removed", "polygon 2 > polygon 1: changed corners turned",
         "polygon 3 > polygon 2: moved from 50,0 by 0,5, corners turned"}},

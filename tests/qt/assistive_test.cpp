@@ -1,12 +1,8 @@
 // What assistive programs are offered does what a click does, and tells what is shown.
-#include <QAbstractItemView>
 #include <QAccessible>
 #include <QCheckBox>
-#include <QComboBox>
-#include <QLabel>
 #include <QRadioButton>
 #include <QSet>
-#include <QSignalSpy>
 
 #include "qt/panel_window.h"
 #include "tools/qt/tool_panel.h"

@@ -1,7 +1,6 @@
 // Where the window's parts lie, how small it may be, and where it stands again.
 #include <QComboBox>
 #include <QLabel>
-#include <QScreen>
 
 #include "real_window.h"
 

@@ -5,9 +5,7 @@
 
 #include <QApplication>
 #include <QMouseEvent>
-#include <QTest>
 #include <QWheelEvent>
-#include <memory>
 #include <vector>
 
 namespace vesmora {

@@ -1,18 +1,13 @@
 // What the property panel looks like: faces of colour buttons, captions, and everything in its
 // place in every font.
 #include <QAccessible>
-#include <QCheckBox>
 #include <QComboBox>
-#include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QScreen>
 #include <QScrollBar>
 #include <QStyleFactory>
 #include <QStyleOptionComboBox>
-#include <QToolTip>
-#include <cstdlib>
-#include <map>
 #include <memory>
 
 #include "platform/qt/qt_text.h"

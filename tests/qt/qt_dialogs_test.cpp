@@ -4,9 +4,7 @@
 #include <gmock/gmock.h>
 
 #include <QApplication>
-#include <QColorDialog>
 #include <QDialogButtonBox>
-#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
