@@ -126,6 +126,29 @@ TEST_F(IkkunaCommandsTest, KeysOfAShortcutDoNotStickAndOthersAreFollowedIntoMenu
   EXPECT_EQ(Saved().waypoints[1].x, 61 * 256);
 }
 
+TEST_F(IkkunaCommandsTest, TheMapTakesTheKeyboardAndEscape) {
+  Choose(1);
+  Find("CBzoom")->setFocus();
+  for (const int x : {0, 50}) Place(1, x, 0);
+  EXPECT_EQ(QApplication::focusWidget(), Find("Pala"));
+  EXPECT_EQ(Hint(), "Click the third corner");
+  Key(Qt::Key_Escape);
+  EXPECT_EQ(Hint(), "Click the first corner");
+  Choose(0);
+  auto* size = Find<QComboBox>("CBcollider");
+  Place(4, 0, 0);
+  size->setFocus();
+  QTest::keyClicks(QApplication::focusWidget(), "33");
+  EXPECT_EQ(Hint(), "Enter applies");
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  EXPECT_EQ(Hint(), "Click to add a collider") << "it no longer does";
+  size->setFocus();
+  size->lineEdit()->selectAll();
+  QTest::keyClicks(QApplication::focusWidget(), "1");
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+  EXPECT_EQ(size->currentText(), "12") << "refused";
+}
+
 TEST_F(IkkunaCommandsTest, TheStripChoosesZoomAndGridAndShowsThePointer) {
   const auto choose = [&](const char* name, int row) {
     auto* list = Find<QComboBox>(name);

@@ -26,6 +26,35 @@ class IkkunaTest : public RealWindow {
   }
 };
 
+TEST_F(IkkunaTest, TheViewZoomsAndPansAndEveryControlGivesTheKeyboardBack) {
+  const auto zoom = [this] { return window->findChild<QComboBox*>("CBzoom")->currentText(); };
+  for (const int delta : {40, 80}) Wheel(delta);
+  Key(Qt::Key_Plus);
+  EXPECT_EQ(zoom(), "200%");
+  Key(Qt::Key_Plus, Qt::KeypadModifier);
+  EXPECT_EQ(zoom(), "400%");
+  Key(Qt::Key_Minus, Qt::KeypadModifier);
+  Wheel(-120);
+  EXPECT_EQ(zoom(), "100%");
+  // The map follows the pointer: what was 30 to the left now lies under the middle.
+  Drag(At(0, 0), At(30, 20), Qt::RightButton);
+  Place(4, 0, 0);
+  EXPECT_EQ(Saved().colliders[0].x, -30);
+  EXPECT_EQ(map.colliders[0].y, -20);
+
+  QWidget* rest = Find("Pala");
+  for (const char* name :
+       {"OBvalinta0", "CBfixed", "CBnayta1", "CBzoom", "OBvalinta2", "CBspawn"}) {
+    auto* list = window->findChild<QComboBox*>(name);
+    if (list == nullptr) QTest::mouseClick(Find(name), Qt::LeftButton, {}, {8, 8});
+    if (list != nullptr) list->setFocus(), list->showPopup(), list->hidePopup();
+    EXPECT_EQ(QApplication::focusWidget(), rest) << name;
+  }
+  Find("CBzoom")->setFocus();
+  Run("MenuNew");
+  EXPECT_EQ(QApplication::focusWidget(), rest) << "the panel was shown anew";
+}
+
 TEST_F(IkkunaTest, ASelectionIsDraggedMovedByKeysAndUndone) {
   const QImage empty = surface->grab().toImage();
   Place(4, 0, 0);

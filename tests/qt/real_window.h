@@ -7,6 +7,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QTest>
+#include <QWheelEvent>
 #include <array>
 #include <memory>
 
@@ -79,6 +80,12 @@ class RealWindow : public testing::Test, protected Bench {
       QTest::mouseMove(surface, from + (to - from) * step / 4);
     }
     QTest::mouseRelease(surface, button, {}, to);
+  }
+  void Wheel(int delta) {
+    const QPointF at = surface->rect().center();
+    QWheelEvent event(at, surface->mapToGlobal(at), {}, QPoint(0, delta), Qt::NoButton, {},
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(surface, &event);
   }
   static void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
     QTest::keyClick(QApplication::focusWidget(), key, modifiers);
