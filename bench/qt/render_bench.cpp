@@ -36,7 +36,7 @@ void RenderAgainstRedraw(benchmark::State& state, const char* map) {
   arguments.command = map_tool::Command::kRender;
   arguments.picture.zoom = 1;
   arguments.picture.center = WorldPoint{};
-  const map_tool::Input input{MapPath(map), map};
+  const map_tool::Input input{MapPath(map), map, ""};
   const FileContents file = ReadFile(SystemFileCalls(), input.path, kMapReadLimit);
   const auto bench = std::make_unique<map_tool::Workbench>();
   const auto render = [&] {
