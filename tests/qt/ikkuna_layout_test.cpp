@@ -89,21 +89,5 @@ TEST_F(IkkunaLayoutTest, PanelsAndSmallestWindowFollowTheFont) {
   }
 }
 
-TEST_F(IkkunaLayoutTest, AFirstWindowIsComfortableAndASizeWithoutAPlaceIsKept) {
-  window->close();
-  const std::string file = folder / "Vesmora/Vesmora.conf";
-  EXPECT_TRUE(std::filesystem::remove(file));
-  Start();
-  EXPECT_EQ(window->size(), QSize(1280, 860));
-  window->close();
-  std::filesystem::remove(file);
-  SettingsFile stored(SystemFileCalls(), file);
-  stored.Write("Windows", "Width", "1111");
-  stored.Write("Windows", "Height", "777");
-  EXPECT_TRUE(stored.Store().Ok());
-  Start();
-  EXPECT_EQ(window->size(), QSize(1111, 777));
-}
-
 }  // namespace
 }  // namespace vesmora

@@ -55,6 +55,23 @@ TEST_F(IkkunaTest, TheViewZoomsAndPansAndEveryControlGivesTheKeyboardBack) {
   EXPECT_EQ(QApplication::focusWidget(), rest) << "the panel was shown anew";
 }
 
+TEST_F(IkkunaTest, TheGameRunsAndTheWindowStepsAside) {
+  const std::string game = folder / "Soldat.exe";
+  std::ofstream(game) << "#!/bin/sh\n: >result\n";
+  std::filesystem::permissions(game, std::filesystem::perms::owner_all);
+  const std::array<QByteArray, 2> before = {qgetenv("PATH"), qgetenv("DISPLAY")};
+  qputenv("PATH", QByteArray::fromStdString(folder.Path()));  // without Wine
+  qunsetenv("DISPLAY");
+  Run("MenuRunSoldat");
+  EXPECT_TRUE(window->isMinimized());
+  EXPECT_TRUE(QTest::qWaitFor([&] { return std::filesystem::exists(folder / "result"); }));
+  std::ofstream(game) << "MZ";
+  Run("MenuRunSoldat");
+  EXPECT_FALSE(window->isMinimized()) << "it could not be started";
+  qputenv("PATH", before[0]);
+  if (!before[1].isEmpty()) qputenv("DISPLAY", before[1]);
+}
+
 TEST_F(IkkunaTest, ASelectionIsDraggedMovedByKeysAndUndone) {
   const QImage empty = surface->grab().toImage();
   Place(4, 0, 0);

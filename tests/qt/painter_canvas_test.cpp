@@ -61,23 +61,5 @@ TEST(PainterCanvasTest, LabelsStandWhereTheyAreMeasuredInTheFontOfTheCanvas) {
   }
 }
 
-TEST(PainterCanvasTest, LinesAndCirclesHaveOneWindowPixelAtEveryScale) {
-  for (const int ratio : {1, 2}) {
-    const QRect line = Drawn(Painted(
-        [](PainterCanvas& canvas) {
-          canvas.DrawLine({kRed}, {10, 20}, {30, 20});
-        },
-        ratio));
-    EXPECT_EQ(line, QRect(10 * ratio, 20 * ratio, 21 * ratio, ratio));
-    const QRect circle = Drawn(Painted(
-        [](PainterCanvas& canvas) {
-          canvas.DrawCircle({kRed}, {40, 40}, 10);
-        },
-        ratio));
-    EXPECT_NEAR(circle.width(), 21 * ratio, 2);
-    EXPECT_NEAR(circle.center().x(), 40 * ratio, 2);
-  }
-}
-
 }  // namespace
 }  // namespace vesmora

@@ -2,12 +2,14 @@
 // place in every font.
 #include <QAccessible>
 #include <QComboBox>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QScreen>
 #include <QScrollBar>
 #include <QStyleFactory>
 #include <QStyleOptionComboBox>
+#include <QToolTip>
 #include <memory>
 
 #include "platform/qt/qt_text.h"
@@ -153,6 +155,63 @@ TEST_F(PanelLooksTest, AColorButtonHasItsExactColorAndNamesIt) {
     EXPECT_EQ(Count(PictureOf(corner), corner->rect(), QColor(10, 20, 30)) > 500, isAlike);
     EXPECT_EQ(PictureOf(corner) == PictureOf(&plain), !isAlike) << "grey again";
     EXPECT_EQ(corner->toolTip().contains("red"), isAlike);
+  }
+}
+
+TEST_F(PanelLooksTest, AHighlightedCaptionIsRedAndMovesNothing) {
+  const std::array frames = {"Fvertice", "Fspawn", "Fscenery", "Fcollider", "Fbot"};
+  std::map<QWidget*, QRect> places;
+  for (auto* control : widget.findChildren<QWidget*>()) {
+    const bool isOurs = !control->objectName().isEmpty() && !control->inherits("QLineEdit") &&
+                        !control->objectName().startsWith("qt_");
+    if (isOurs) places[control] = control->geometry();
+  }
+  EXPECT_GT(places.size(), 40U);
+  for (int tool = 5; tool >= 0; --tool) {
+    Refresh(static_cast<ToolMode>(tool), "");
+    for (std::size_t i = 0; i < frames.size(); ++i) {
+      auto* frame = Find(frames[i]);
+      const bool isNext = static_cast<int>(i) + 1 == tool;
+      const QRect caption(0, 0, frame->width(), frame->fontMetrics().height());
+      EXPECT_EQ(Count(PictureOf(frame), caption, QColor(255, 0, 0)) > 0, isNext) << frames[i];
+      EXPECT_EQ(Count(OnScreen(frame), caption, QColor(255, 0, 0)) > 0, isNext) << frames[i];
+      EXPECT_EQ(frame->toolTip(), isNext ? "What the next object gets" : "");
+      EXPECT_EQ(QAccessible::queryAccessibleInterface(frame)->text(QAccessible::Description),
+                frame->toolTip());
+    }
+    for (const auto& [control, place] : places) {
+      EXPECT_EQ(control->geometry(), place) << control->objectName().toStdString();
+    }
+  }
+}
+
+TEST_F(PanelLooksTest, LongNamesAreCutAndToldWhole) {
+  map.fileName = "/maps/A & " + std::string(60, 'W') + ".pmp";
+  map.author = "<b>" + std::string(35, 'M');  // is shown as it is
+  const int width = widget.WidthFor(1000);
+  EXPECT_GT(Find("lAuthor")->mapTo(&widget, QPoint()).x(),
+            Find("Lkartta1")->mapTo(&widget, QPoint()).x() + 20);
+  widget.setToolTip("of what lies around");
+  Refresh(kEdit, "");
+  EXPECT_EQ(widget.WidthFor(1000), width);
+  for (const char* name : {"Lkartta1", "lAuthor"}) {
+    auto* label = Find<QLabel>(name);
+    const QString whole = label->text();
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(label)->text(QAccessible::Name), whole);
+    QHelpEvent help(QEvent::ToolTip, QPoint(2, 2), label->mapToGlobal(QPoint(2, 2)));
+    QApplication::sendEvent(label, &help);
+    EXPECT_EQ(QToolTip::text(), whole.contains('<') ? whole.toHtmlEscaped() : whole) << name;
+    const QImage cut = PictureOf(label);
+    QStringList lines;
+    for (const QString& line : whole.split('\n')) {
+      lines << label->fontMetrics().elidedText(line, Qt::ElideRight, label->width());
+    }
+    EXPECT_TRUE(lines.join("").contains(QChar(0x2026)));
+    label->setText(lines.join('\n'));
+    EXPECT_EQ(PictureOf(label), cut);
+    QToolTip::showText(QPoint(), "before");
+    QApplication::sendEvent(label, &help);
+    EXPECT_NE(QToolTip::text(), label->text()) << "what is whole needs none";
   }
 }
 

@@ -3,9 +3,6 @@
 
 #include <gmock/gmock.h>
 
-#include <cmath>
-
-#include "document/geometry.h"
 #include "support/bench.h"
 #include "support/map_builder.h"
 
@@ -14,51 +11,10 @@ namespace {
 
 using testing::ElementsAre;
 
-struct EditBench : Bench {
-  EditBench() { AddNumbered(map, 6); }
+class EditCommandsTest : public testing::Test, protected Bench {
+ protected:
+  EditCommandsTest() { AddNumbered(map, 6); }
 };
-
-class EditCommandsTest : public testing::Test, protected EditBench {};
-
-TEST_F(EditCommandsTest, MirrorAndFlipTurnOverAboutTheMiddleOfTheBox) {
-  for (const bool isMirror : {true, false}) {
-    EditBench bench;
-    MapDocument& turned = bench.map;
-    turned.sceneries[1].rotation = 0.5f;
-    turned.sceneries[1].scaleX = 2;
-    turned.waypoints[1].botSettings = {1, 2, 3, 4, 5};
-    turned.polygons[0].vertices[1].u = turned.polygons[0].vertices[1].v = 0.75f;
-    ListVertices(bench.selection, {{0, 0}, {0, 1}});
-    ListSlots(bench.selection, {1});
-    bench.selection.box = {-40, 200, 10, 110};              // not the bounds of what is listed
-    bench.editor.tool.next.noTextureCorrection = isMirror;  // concerns moving only
-    const DocumentState before = StateOf(turned);
-    const auto expected = std::make_unique<MapDocument>(turned);
-    const auto turn = [isMirror](auto& record, auto unit) {
-      auto& place = isMirror ? record.x : record.y;
-      place = (isMirror ? 160 : 120) * unit - place;
-    };
-    for (const std::size_t corner : {0U, 1U}) {
-      PolygonVertex& vertex = expected->polygons[0].vertices[corner];
-      turn(vertex, 1.0f);
-      float& texture = isMirror ? vertex.u : vertex.v;
-      texture = 1 - texture;  // also where there is no texture
-    }
-    turn(expected->spawns[1], 256);
-    turn(expected->colliders[1], 1.0f);
-    turn(expected->waypoints[1], 256);
-    SceneryObject& scenery = expected->sceneries[1];
-    turn(scenery, 1.0f);
-    (isMirror ? scenery.scaleY : scenery.scaleX) *= -1;
-    scenery.rotation = kPi - 0.5f;
-    auto& bots = expected->waypoints[1].botSettings;
-    isMirror ? std::swap(bots[0], bots[1]) : std::swap(bots[2], bots[3]);
-    isMirror ? MenuMirror(bench.editor) : MenuFlip(bench.editor);
-    EXPECT_TRUE(StateOf(turned) == StateOf(*expected));
-    EXPECT_TRUE(bench.BeforeNewestStep() == before);
-    EXPECT_THAT(bench.Steps(), ElementsAre(isMirror ? "Mirror" : "Flip"));
-  }
-}
 
 TEST_F(EditCommandsTest, DeleteClosesTheGapsAndClearsTheVacatedSlot) {
   ListVertices(selection, {{0, 1}, {2, 0}, {2, 1}, {2, 2}, {4, 0}});
