@@ -6,7 +6,6 @@
 
 #include <cerrno>
 #include <filesystem>
-#include <fstream>
 #include <random>
 #include <set>
 
@@ -118,6 +117,16 @@ TEST_F(SafetyNetTest, KilledAnywhereTheNextStartKeepsTheMap) {
     }
   }
   EXPECT_GT(kept, kRuns / 2);
+}
+
+TEST_F(SafetyNetTest, ASessionThatDoesNotEndAfterAllGoesOnWithItsSteps) {
+  Edit(1);
+  CleanUpAtSessionEnd(editor);
+  EXPECT_EQ(NewestKept(editor), Fingerprint(map));
+  Edit(2);
+  EXPECT_EQ(journal.caption, "&Undo Step2");
+  MenuUndo(editor);
+  EXPECT_EQ(map.sectorDivision, 1);
 }
 
 TEST_F(SafetyNetTest, AMapThatCannotBeKeptStaysOpenUnlessItIsGivenUp) {

@@ -5,10 +5,7 @@
 #include "map_tool/png_file.h"
 #include "support/bench.h"
 #include "support/map_builder.h"
-#include "view/draw_map.h"
 #include "view/filled_picture.h"
-#include "view/memory_canvas.h"
-#include "view/svg_canvas.h"
 
 namespace vesmora {
 namespace {

@@ -1,12 +1,11 @@
 // The files that the tool writes are those that the editor writes.
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include "app/file_commands.h"
 #include "document/prefab_file.h"
 #include "launch/sector_compiler.h"
 #include "support/bench.h"
 #include "support/tool_run.h"
-#include "tools/prefab_import.h"
 
 namespace vesmora {
 namespace {
