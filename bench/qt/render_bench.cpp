@@ -46,12 +46,12 @@ void RenderAgainstRedraw(benchmark::State& state, const char* map) {
   RunAgainstFloor(
       state, Clock::kThread, [&] { benchmark::DoNotOptimize(redraw()); },
       [&] { benchmark::DoNotOptimize(render()); });
-  Times encoding(Clock::kThread);
+  Times encoding;
   for (int i = 0; i < 9; ++i) {
-    encoding.Measure([&] {
+    encoding.Add(Measured(Clock::kThread, [&] {
       map_tool::EncodePng({reinterpret_cast<std::uint32_t*>(image.bits()), image.bytesPerLine() / 4,
                            kWidth, kHeight});
-    });
+    }));
   }
   const double encoder = encoding.Median() * 1e6;
   state.counters["encoder_us"] = encoder;

@@ -54,7 +54,8 @@ LoadReport TakeMapFile(MapDocument& document, Selection& selection, const FileCo
   LoadReport report = Judge(file, isUndo, shiftDown);
   if (report.outcome != LoadOutcome::kLoaded) return report;
 
-  if (!isUndo) ZeroTables(document);
+  // What a short file does not hold is zero; a whole one fills every slot.
+  if (!isUndo && file.bytes.size() < kMapFileSize) ZeroTables(document);
   document.texture = TextureName{};
   UndoItems undo;
   const ImageReading reading = ReadMapImage(file.bytes, document, isUndo ? &undo : nullptr);

@@ -1,30 +1,33 @@
 #include "document/waypoint_links.h"
 
 #include <algorithm>
+#include <array>
 #include <vector>
 
 namespace vesmora {
 namespace {
 
 void Unlink(Waypoint& waypoint, std::int32_t id) {
-  for (std::size_t k = 0; k < UsedConnections(waypoint).size(); ++k) {
-    const auto used = UsedConnections(waypoint);
-    if (used[k] != id) continue;
-    std::shift_left(used.begin() + static_cast<std::ptrdiff_t>(k), used.end(), 1);
-    waypoint.connectionCount = static_cast<std::int32_t>(used.size()) - 1;
+  auto used = UsedConnections(waypoint);
+  auto found = std::ranges::find(used, id);
+  while (found != used.end()) {
+    std::shift_left(found, used.end(), 1);
+    used = used.first(used.size() - 1);
+    // The one that has moved down is passed over.
+    if (found != used.end()) found = std::find(found + 1, used.end(), id);
   }
+  waypoint.connectionCount = static_cast<std::int32_t>(used.size());
 }
 
 /// Each in turn by rising number: removing one can bring equal ones together.
 void UnlinkDeleted(Waypoint& waypoint, const WaypointSlots& deleted) {
-  const auto used = UsedConnections(waypoint);
-  std::vector<std::int32_t> ids(used.begin(), used.end());
-  std::erase_if(ids, [&deleted](std::int32_t id) {
-    return id < 1 || id > kWaypointCapacity || !deleted[static_cast<std::size_t>(id - 1)];
-  });
-  std::ranges::sort(ids);
-  ids.erase(std::unique(ids.begin(), ids.end()), ids.end());
-  for (const std::int32_t id : ids) Unlink(waypoint, id);
+  std::array<std::int32_t, kConnectionCapacity> ids;
+  const auto isDeleted = [&deleted](std::int32_t id) {
+    return id >= 1 && id <= kWaypointCapacity && deleted[static_cast<std::size_t>(id - 1)];
+  };
+  const auto end = std::ranges::copy_if(UsedConnections(waypoint), ids.begin(), isDeleted).out;
+  std::sort(ids.begin(), end);
+  for (auto id = ids.begin(); id != end; id = std::upper_bound(id, end, *id)) Unlink(waypoint, *id);
 }
 
 std::size_t UsedCount(const Waypoint& waypoint) {
@@ -56,7 +59,10 @@ void FollowDeletion(std::span<Waypoint> waypoints, const WaypointSlots& deleted)
     if (!deleted[slot]) ++next;
   }
   const auto count = static_cast<std::int32_t>(waypoints.size());
-  for (Waypoint& waypoint : waypoints) {
+  for (std::size_t slot = 0; slot < waypoints.size(); ++slot) {
+    // Of those that go, the places that become free keep the last one only.
+    if (deleted[slot] && slot + 1 < waypoints.size()) continue;
+    Waypoint& waypoint = waypoints[slot];
     UnlinkDeleted(waypoint, deleted);
     for (std::int32_t& id : UsedConnections(waypoint)) {
       if (id >= 1 && id <= count) id = newIds[static_cast<std::size_t>(id - 1)];

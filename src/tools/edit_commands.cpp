@@ -1,7 +1,11 @@
 #include "tools/edit_commands.h"
 
 #include <algorithm>
+#include <functional>
+#include <numeric>
+#include <span>
 #include <utility>
+#include <vector>
 
 #include "document/geometry.h"
 #include "document/numbers.h"
@@ -64,27 +68,28 @@ void TurnOverSelection(Editing& editing, const char* action, bool isLeftRight) {
   RefreshAll(editing);
 }
 
-template <typename TableType>
-void MoveToEnd(TableType& table, int slot) {
-  const auto used = table.Used();
-  std::rotate(used.begin() + slot, used.begin() + slot + 1, used.end());
+/// Puts the used records of a table into an order that `arrange` makes of their slots; it is told
+/// which of them are among `selected`, which rise.
+template <typename TableType, typename Slots, typename Arrange>
+void Reorder(TableType& table, const Slots& selected, Arrange arrange) {
+  const auto records = table.Used();
+  std::vector<int> order(records.size());
+  std::iota(order.begin(), order.end(), 0);
+  arrange(std::span(order),
+          [&selected](int slot) { return std::ranges::binary_search(selected, slot); });
+  const std::vector before(records.begin(), records.end());
+  std::ranges::transform(order, records.begin(),
+                         [&before](int slot) { return before[static_cast<std::size_t>(slot)]; });
 }
 
-template <typename TableType>
-void MoveToStart(TableType& table, int slot) {
-  const auto used = table.Used();
-  std::rotate(used.begin(), used.begin() + slot, used.begin() + slot + 1);
-}
-
-/// Polygons and sceneries alone are drawn in the order of their slots. `reorder` gets a table
-/// and its selected slots, each once.
-template <typename Reorder>
-void ReorderSelection(Editing& editing, const char* action, Reorder reorder) {
+/// Polygons and sceneries alone are drawn in the order of their slots.
+template <typename Arrange>
+void ReorderSelection(Editing& editing, const char* action, Arrange arrange) {
   EndActivity(editing);
   TakeUndoSnapshot(editing, action);
   const PolygonSlots polygons = SelectedPolygons(editing.selection);
-  reorder(editing.document.polygons, polygons.Used());
-  reorder(editing.document.sceneries, editing.selection.sceneries.Used());
+  Reorder(editing.document.polygons, polygons.Used(), arrange);
+  Reorder(editing.document.sceneries, editing.selection.sceneries.Used(), arrange);
   ClearSelection(editing);
   RefreshAll(editing);
 }
@@ -103,15 +108,15 @@ void MenuMirror(Editing& editing) { TurnOverSelection(editing, "Mirror", true); 
 void MenuFlip(Editing& editing) { TurnOverSelection(editing, "Flip", false); }
 
 void MenuFront(Editing& editing) {
-  ReorderSelection(editing, "Bring", [](auto& table, auto slots) {
-    int moved = 0;  // each one taken out moves the later ones down
-    for (const int slot : slots) MoveToEnd(table, slot - moved++);
+  ReorderSelection(editing, "Bring", [](std::span<int> order, auto isSelected) {
+    std::stable_partition(order.begin(), order.end(), std::not_fn(isSelected));
   });
 }
 
 void MenuBack(Editing& editing) {
-  ReorderSelection(editing, "Send", [](auto& table, auto slots) {
-    for (const int slot : slots) MoveToStart(table, slot);
+  ReorderSelection(editing, "Send", [](std::span<int> order, auto isSelected) {
+    const auto rest = std::stable_partition(order.begin(), order.end(), isSelected);
+    std::reverse(order.begin(), rest);  // one after the other goes behind all
   });
 }
 

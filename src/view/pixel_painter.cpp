@@ -83,8 +83,11 @@ Dashes DashesOf(PenStyle style) {
 }
 
 void PixelPainter::Fill(std::uint32_t color) const {
-  for (int y = 0; y < picture_.height; ++y) {
-    std::fill_n(picture_.first + y * picture_.stride, picture_.width, color);
+  if (picture_.height < 1) return;
+  std::fill_n(picture_.first, picture_.width, color);
+  // Copying a row is many times as fast as setting its pixels.
+  for (int y = 1; y < picture_.height; ++y) {
+    std::copy_n(picture_.first, picture_.width, picture_.first + y * picture_.stride);
   }
 }
 

@@ -1,6 +1,7 @@
 #include <QApplication>
 #include <QIcon>
 #include <QTimer>
+#include <chrono>
 #include <memory>
 #include <thread>
 
@@ -22,12 +23,12 @@ QIcon ProgramIcon() {
 }  // namespace
 
 int main(int argc, char** argv) {
+  using namespace std::chrono_literals;
   const std::jthread fonts(vesmora::ReadFontConfiguration);
   QApplication application(argc, argv);
   QApplication::setApplicationName("Vesmora");
   QApplication::setApplicationVersion(VESMORA_VERSION);
   QApplication::setDesktopFileName("vesmora");  // what ties its windows to its menu entry
-  QApplication::setWindowIcon(ProgramIcon());
 
   // On the heap: the window holds whole tables, more than some stacks can take.
   const auto window = std::make_unique<vesmora::Ikkuna>();
@@ -44,5 +45,7 @@ int main(int argc, char** argv) {
     arguments += (arguments.empty() ? "" : " ") + argument;
   }
   QTimer::singleShot(0, window.get(), [&] { window->Activate(arguments); });
+  // Seven pictures to unpack and to hand over can wait until the first frame is out.
+  QTimer::singleShot(100ms, window.get(), [] { QApplication::setWindowIcon(ProgramIcon()); });
   return QApplication::exec();
 }

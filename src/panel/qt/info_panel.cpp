@@ -17,6 +17,7 @@ InfoPanel::InfoPanel(QWidget* parent) : QFrame(parent) {
   setAutoFillBackground(true);
 
   auto* content = new QWidget;
+  scroll_ = new PanelScroll(Qt::Vertical, content);  // while there is nothing to measure yet
   auto* column = LayoutIn<QVBoxLayout>(content);
   BuildMapInfo(*column);
   auto* row = AddRow(*column);
@@ -31,7 +32,6 @@ InfoPanel::InfoPanel(QWidget* parent) : QFrame(parent) {
   BuildWaypointFrame(*column);
   column->addStretch(1);
 
-  scroll_ = new PanelScroll(Qt::Vertical, content);
   auto* whole = new QVBoxLayout(this);
   whole->setContentsMargins(0, 0, 0, 2);
   whole->addWidget(scroll_);
