@@ -33,7 +33,7 @@ std::uint64_t PresentMap(Editor& editor) {
 }
 
 /// Succeeds without doing anything when nothing would be lost.
-FileStatus Keep(Editor& editor, RescueCause cause) {
+FileStatus Keep(Editor& editor, RescueCause cause, const std::string& spared) {
   if (!IsChanged(editor)) return {};
   const MapDocument& document = editor.document;
   const RescueFolder folder = RescueFolderOf(editor.ports);
@@ -44,7 +44,7 @@ FileStatus Keep(Editor& editor, RescueCause cause) {
       .time = folder.now,
       .mapPath = document.fileName.empty() ? editor.rescuedPath : document.fileName};
   std::string kept;
-  FileStatus status = KeepRescued(folder, bytes, label, editor.recoveredFrom, kept);
+  FileStatus status = KeepRescued(folder, bytes, label, spared, kept);
   if (!status.Ok()) return status;
   editor.recoveredFrom = kept;
   editor.savedMap = PresentMap(editor);
@@ -78,8 +78,8 @@ bool IsChanged(Editor& editor) {
          (!from.empty() && IsGone(editor.ports.files, from));
 }
 
-bool PutAside(Editor& editor, RescueCause cause) {
-  const FileStatus status = Keep(editor, cause);
+bool PutAside(Editor& editor, RescueCause cause, const std::string& opened) {
+  const FileStatus status = Keep(editor, cause, opened.empty() ? editor.recoveredFrom : opened);
   CountRecoverable(editor);
   const std::pair refused(cause, PresentMap(editor));
   if (status.Ok() || std::exchange(editor.refused, refused) == refused) {
@@ -95,7 +95,7 @@ bool PutAside(Editor& editor, RescueCause cause) {
 }
 
 bool PutAsideAtSessionEnd(Editor& editor) {
-  if (Keep(editor, RescueCause::kSessionEnd).Ok()) return true;
+  if (Keep(editor, RescueCause::kSessionEnd, editor.recoveredFrom).Ok()) return true;
   FileCalls& files = editor.ports.files;
   WithoutTriangle(editor, [&] { return FileSnapshot(editor, files, editor.ports.random(), ""); });
   return false;

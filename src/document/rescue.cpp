@@ -70,8 +70,7 @@ FileStatus KeepRescued(const RescueFolder& folder, std::span<const std::byte> un
   status = WriteFileDurably(files, kept, bytes);
   if (!status.Ok()) return status;
   SweepLeftOvers(files, folder.path);
-  std::erase(paths, spared);
-  const std::size_t others = kRescuedMaps - (spared.empty() ? 1 : 2);
+  const std::size_t others = kRescuedMaps - 1 - std::erase(paths, spared);
   for (std::size_t i = others; i < paths.size(); ++i) DeleteFile(files, paths[i]);
   return status;
 }
