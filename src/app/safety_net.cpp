@@ -16,9 +16,11 @@ namespace vesmora {
 namespace {
 
 // In the order of RescueCause.
-constexpr std::array<std::string_view, 6> kCauseTexts = {
-    "Replaced by a new map", "Replaced by another map",    "Closed without being saved",
-    "The session ended",     "Vesmora ended unexpectedly", "An undo file was missing",
+constexpr std::array<std::string_view, 7> kCauseTexts = {
+    "Replaced by a new map",        "Replaced by another map",
+    "Closed without being saved",   "The session ended",
+    "Vesmora ended unexpectedly",   "An undo file was missing",
+    "Undone, and cannot be redone",
 };
 
 std::string RescuePath(const Ports& ports) { return ports.settingsFolder + "Rescue/"; }
@@ -32,19 +34,26 @@ std::uint64_t PresentMap(Editor& editor) {
   return WithoutTriangle(editor, [&] { return Fingerprint(editor.document); });
 }
 
+std::vector<std::byte> OpenMapBytes(Editor& editor) {
+  return WithoutTriangle(editor,
+                         [&] { return ExactUndoFile(editor.document, editor.selection, 0); });
+}
+
+/// A map of the one that is open, as it is or as it was, as an undo file's bytes.
+FileStatus KeepBytes(Editor& editor, RescueCause cause, std::span<const std::byte> bytes,
+                     const std::string& spared, std::string& kept) {
+  const RescueFolder folder = RescueFolderOf(editor.ports);
+  const std::string& path = editor.document.fileName;
+  const RescueLabel label{
+      .cause = cause, .time = folder.now, .mapPath = path.empty() ? editor.rescuedPath : path};
+  return KeepRescued(folder, bytes, label, spared, kept);
+}
+
 /// Succeeds without doing anything when nothing would be lost.
 FileStatus Keep(Editor& editor, RescueCause cause, const std::string& spared) {
   if (!IsChanged(editor)) return {};
-  const MapDocument& document = editor.document;
-  const RescueFolder folder = RescueFolderOf(editor.ports);
-  const auto bytes =
-      WithoutTriangle(editor, [&] { return ExactUndoFile(document, editor.selection, 0); });
-  const RescueLabel label{
-      .cause = cause,
-      .time = folder.now,
-      .mapPath = document.fileName.empty() ? editor.rescuedPath : document.fileName};
   std::string kept;
-  FileStatus status = KeepRescued(folder, bytes, label, spared, kept);
+  FileStatus status = KeepBytes(editor, cause, OpenMapBytes(editor), spared, kept);
   if (!status.Ok()) return status;
   editor.recoveredFrom = kept;
   editor.savedMap = PresentMap(editor);
@@ -99,6 +108,21 @@ bool PutAsideAtSessionEnd(Editor& editor) {
   FileCalls& files = editor.ports.files;
   WithoutTriangle(editor, [&] { return FileSnapshot(editor, files, editor.ports.random(), ""); });
   return false;
+}
+
+bool KeepUndone(Editor& editor) {
+  const UndoJournal& journal = editor.journal;
+  const bool hasRedo = journal.redoAvailable >= 0;
+  if (hasRedo ? !IsStillHeld(editor.ports.files, journal.folder) : !IsChanged(editor)) return false;
+  const auto bytes =
+      hasRedo ? ReadFile(editor.ports.files, FurthestRedoFile(journal), kUndoFileSize).bytes
+              : OpenMapBytes(editor);
+  std::string kept;
+  const bool isKept =
+      bytes.size() == kUndoFileSize &&
+      KeepBytes(editor, RescueCause::kUndone, bytes, editor.recoveredFrom, kept).Ok();
+  CountRecoverable(editor);
+  return isKept;
 }
 
 void DropRecovered(Editor& editor) {

@@ -28,6 +28,10 @@ bool IsChanged(Editor& editor);
 /// undo files, with one of the map as it is, must stay for the next run.
 [[nodiscard]] bool PutAsideAtSessionEnd(Editor& editor);
 
+/// Keeps what Redo cannot bring back any more, the map before the first of the last undos. False
+/// when that failed or there is nothing to keep.
+bool KeepUndone(Editor& editor);
+
 /// The map has been saved: what Recover has of it goes.
 void DropRecovered(Editor& editor);
 
