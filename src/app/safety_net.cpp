@@ -133,13 +133,19 @@ void DropRecovered(Editor& editor) {
 
 FileStatus FindLostMaps(Editor& editor) {
   Ports& ports = editor.ports;
-  // An editor that has died may have had another temporary folder.
+  // An editor that has died, or will, may have had another temporary folder.
   std::vector<std::string> temps = {ports.tempFolder};
-  const std::string last = ports.settings.Read("Recent", "Temp", "");
-  if (last != ports.tempFolder) {
-    if (!last.empty()) temps.push_back(last);
-    ports.settings.Write("Recent", "Temp", ports.tempFolder);
-    static_cast<void>(ports.settings.Store());  // then it is looked through again
+  std::string inUse = ports.tempFolder;
+  const std::string known = ports.settings.Read("Recent", "Temp", "");
+  for (std::string_view rest = known; !rest.empty();) {
+    const std::string temp(TakeUpTo(rest, '\n'));
+    if (temp == ports.tempFolder || IsGone(ports.files, temp)) continue;
+    temps.push_back(temp);
+    inUse += '\n' + temp;
+  }
+  if (inUse != known) {
+    ports.settings.Write("Recent", "Temp", inUse);
+    static_cast<void>(ports.settings.Store());  // next time, then
   }
   FileStatus problem = RescueLostMaps(RescueFolderOf(ports), editor.journal.folder, temps);
   SweepLeftOvers(ports.files, RescuePath(ports));

@@ -197,6 +197,17 @@ TEST_F(SafetyNetTest, WhatCannotBeKeptAtTheStartIsFoundByTheNextOne) {
   EXPECT_GT(failures, 10);
 }
 
+TEST_F(SafetyNetTest, AnEditorWithAnotherTemporaryFolderThatDiesLaterIsFound) {
+  FindLostMaps(editor);
+  Edit(1);
+  const std::uint64_t open = Fingerprint(map);
+  Edit(2);
+  editor.ports.tempFolder = folder / "other/";
+  const auto second = std::make_unique<Editor>(editor.ports);
+  FindLostMaps(*second);  // while the first one runs
+  EXPECT_EQ(NewestKept(StartAnew()), open);
+}
+
 #ifndef _WIN32  // where a folder that is held cannot be taken away
 TEST_F(SafetyNetTest, AFolderThatWasTakenAwayIsNoLongerOurs) {
   const std::string path = PutMap("small.pmp");
