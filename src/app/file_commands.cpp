@@ -1,7 +1,5 @@
 #include "app/file_commands.h"
 
-#include <utility>
-
 #include "app/file_messages.h"
 #include "app/safety_net.h"
 #include "document/map_backup.h"
@@ -122,12 +120,7 @@ void MenuRecover(Editor& editor) {
                                .icon = MessageIcon::kCritical});
     return;
   }
-  // Nor may it be that one.
-  const std::string before = std::exchange(editor.recoveredFrom, path);
-  if (!PutAside(editor, RescueCause::kOpen)) {
-    editor.recoveredFrom = before;
-    return;
-  }
+  if (!PutAside(editor, RescueCause::kOpen, path)) return;
   ForgetEditing(editor);
   editor.document = *rescued->map;
   ShowFreshView(editor);

@@ -16,9 +16,11 @@ namespace vesmora {
 namespace {
 
 // In the order of RescueCause.
-constexpr std::array<std::string_view, 6> kCauseTexts = {
-    "Replaced by a new map", "Replaced by another map",    "Closed without being saved",
-    "The session ended",     "Vesmora ended unexpectedly", "An undo file was missing",
+constexpr std::array<std::string_view, 7> kCauseTexts = {
+    "Replaced by a new map",        "Replaced by another map",
+    "Closed without being saved",   "The session ended",
+    "Vesmora ended unexpectedly",   "An undo file was missing",
+    "Undone, and cannot be redone",
 };
 
 std::string RescuePath(const Ports& ports) { return ports.settingsFolder + "Rescue/"; }
@@ -32,19 +34,26 @@ std::uint64_t PresentMap(Editor& editor) {
   return WithoutTriangle(editor, [&] { return Fingerprint(editor.document); });
 }
 
-/// Succeeds without doing anything when nothing would be lost.
-FileStatus Keep(Editor& editor, RescueCause cause) {
-  if (!IsChanged(editor)) return {};
-  const MapDocument& document = editor.document;
+std::vector<std::byte> OpenMapBytes(Editor& editor) {
+  return WithoutTriangle(editor,
+                         [&] { return ExactUndoFile(editor.document, editor.selection, 0); });
+}
+
+/// A map of the one that is open, as it is or as it was, as an undo file's bytes.
+FileStatus KeepBytes(Editor& editor, RescueCause cause, std::span<const std::byte> bytes,
+                     const std::string& spared, std::string& kept) {
   const RescueFolder folder = RescueFolderOf(editor.ports);
-  const auto bytes =
-      WithoutTriangle(editor, [&] { return ExactUndoFile(document, editor.selection, 0); });
+  const std::string& path = editor.document.fileName;
   const RescueLabel label{
-      .cause = cause,
-      .time = folder.now,
-      .mapPath = document.fileName.empty() ? editor.rescuedPath : document.fileName};
+      .cause = cause, .time = folder.now, .mapPath = path.empty() ? editor.rescuedPath : path};
+  return KeepRescued(folder, bytes, label, spared, kept);
+}
+
+/// Succeeds without doing anything when nothing would be lost.
+FileStatus Keep(Editor& editor, RescueCause cause, const std::string& spared) {
+  if (!IsChanged(editor)) return {};
   std::string kept;
-  FileStatus status = KeepRescued(folder, bytes, label, editor.recoveredFrom, kept);
+  FileStatus status = KeepBytes(editor, cause, OpenMapBytes(editor), spared, kept);
   if (!status.Ok()) return status;
   editor.recoveredFrom = kept;
   editor.savedMap = PresentMap(editor);
@@ -78,8 +87,8 @@ bool IsChanged(Editor& editor) {
          (!from.empty() && IsGone(editor.ports.files, from));
 }
 
-bool PutAside(Editor& editor, RescueCause cause) {
-  const FileStatus status = Keep(editor, cause);
+bool PutAside(Editor& editor, RescueCause cause, const std::string& opened) {
+  const FileStatus status = Keep(editor, cause, opened.empty() ? editor.recoveredFrom : opened);
   CountRecoverable(editor);
   const std::pair refused(cause, PresentMap(editor));
   if (status.Ok() || std::exchange(editor.refused, refused) == refused) {
@@ -95,10 +104,25 @@ bool PutAside(Editor& editor, RescueCause cause) {
 }
 
 bool PutAsideAtSessionEnd(Editor& editor) {
-  if (Keep(editor, RescueCause::kSessionEnd).Ok()) return true;
+  if (Keep(editor, RescueCause::kSessionEnd, editor.recoveredFrom).Ok()) return true;
   FileCalls& files = editor.ports.files;
   WithoutTriangle(editor, [&] { return FileSnapshot(editor, files, editor.ports.random(), ""); });
   return false;
+}
+
+bool KeepUndone(Editor& editor) {
+  const UndoJournal& journal = editor.journal;
+  const bool hasRedo = journal.redoAvailable >= 0;
+  if (hasRedo ? !IsStillHeld(editor.ports.files, journal.folder) : !IsChanged(editor)) return false;
+  const auto bytes =
+      hasRedo ? ReadFile(editor.ports.files, FurthestRedoFile(journal), kUndoFileSize).bytes
+              : OpenMapBytes(editor);
+  std::string kept;
+  const bool isKept =
+      bytes.size() == kUndoFileSize &&
+      KeepBytes(editor, RescueCause::kUndone, bytes, editor.recoveredFrom, kept).Ok();
+  CountRecoverable(editor);
+  return isKept;
 }
 
 void DropRecovered(Editor& editor) {
@@ -109,13 +133,19 @@ void DropRecovered(Editor& editor) {
 
 FileStatus FindLostMaps(Editor& editor) {
   Ports& ports = editor.ports;
-  // An editor that has died may have had another temporary folder.
+  // An editor that has died, or will, may have had another temporary folder.
   std::vector<std::string> temps = {ports.tempFolder};
-  const std::string last = ports.settings.Read("Recent", "Temp", "");
-  if (last != ports.tempFolder) {
-    if (!last.empty()) temps.push_back(last);
-    ports.settings.Write("Recent", "Temp", ports.tempFolder);
-    static_cast<void>(ports.settings.Store());  // then it is looked through again
+  std::string inUse = ports.tempFolder;
+  const std::string known = ports.settings.Read("Recent", "Temp", "");
+  for (std::string_view rest = known; !rest.empty();) {
+    const std::string temp(TakeUpTo(rest, '\n'));
+    if (temp == ports.tempFolder || IsGone(ports.files, temp)) continue;
+    temps.push_back(temp);
+    inUse += '\n' + temp;
+  }
+  if (inUse != known) {
+    ports.settings.Write("Recent", "Temp", inUse);
+    static_cast<void>(ports.settings.Store());  // next time, then
   }
   FileStatus problem = RescueLostMaps(RescueFolderOf(ports), editor.journal.folder, temps);
   SweepLeftOvers(ports.files, RescuePath(ports));

@@ -20,12 +20,17 @@ void NoteRecovered(Editor& editor, const std::string& path, const std::string& m
 bool IsChanged(Editor& editor);
 
 /// Keeps the open map when it has edits that no file has. False, with the user told, when that
-/// failed: it must not be replaced then, unless the same is asked again.
-[[nodiscard]] bool PutAside(Editor& editor, RescueCause cause);
+/// failed: it must not be replaced then, unless the same is asked again. Recover's file `opened`,
+/// when one is to be opened instead, does not go for it.
+[[nodiscard]] bool PutAside(Editor& editor, RescueCause cause, const std::string& opened = "");
 
 /// The same without a word, for an end that cannot be put off. When the map cannot be kept, its
 /// undo files, with one of the map as it is, must stay for the next run.
 [[nodiscard]] bool PutAsideAtSessionEnd(Editor& editor);
+
+/// Keeps what Redo cannot bring back any more, the map before the first of the last undos. False
+/// when that failed or there is nothing to keep.
+bool KeepUndone(Editor& editor);
 
 /// The map has been saved: what Recover has of it goes.
 void DropRecovered(Editor& editor);

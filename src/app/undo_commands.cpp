@@ -19,6 +19,8 @@ bool FileMapForRedo(Editor& editor) {
   GiveWaypointKeys(editor);
   const auto failure = WithoutTriangle(editor, [&] { return FileForRedo(editor, files); });
   TellSnapshotFailure(editor, failure, "The undo goes on, but it cannot be redone.");
+  UndoJournal& journal = editor.journal;
+  if (failure && !journal.undoneKept) journal.undoneKept = KeepUndone(editor);
   return !failure;
 }
 
@@ -42,6 +44,7 @@ LoadReport LoadStep(Editor& editor, const std::string& file) {
 void ReplaceLostStep(Editor& editor, const std::string& file) {
   const bool isChanged = IsChanged(editor);
   if (!PutAside(editor, RescueCause::kLostUndo)) return;
+  if (editor.journal.redoAvailable >= 0) KeepUndone(editor);
   editor.ports.dialogs.Show(
       {.text = "File '" + file + "' not found." +
                (isChanged ? "\nThe map that was open is in File > Recover." : ""),
@@ -65,6 +68,7 @@ bool RestoreNewestStep(Editor& editor) {
       return false;
     case LoadOutcome::kUnreadable:
       TellLoadReport(editor, file, report);
+      if (journal.redoAvailable >= 0) KeepUndone(editor);
       ConsumeUndoStep(journal);
       ForgetRedo(journal);
       editor.activity.KeepChanges(editor, true);
@@ -104,7 +108,10 @@ void MenuUndo(Editor& editor) {
   }
   ChangeTool(editor, editor.document.toolIndex);
   NoteOpenMap(editor, editor.ports.files, file);
-  if (undone != kHelpAction) editor.note = "Undone: " + undone;
+  if (undone != kHelpAction) {
+    const bool isKept = !canRedo && journal.undoneKept;
+    editor.note = isKept ? "See File > Recover" : "Undone: " + undone;
+  }
 }
 
 void MenuRedo(Editor& editor) {
@@ -114,6 +121,7 @@ void MenuRedo(Editor& editor) {
   const LoadReport report = LoadStep(editor, file);
   TellLoadReport(editor, file, report);
   if (report.outcome != LoadOutcome::kLoaded) {
+    KeepUndone(editor);
     ForgetRedo(journal);
     return;
   }

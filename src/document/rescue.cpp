@@ -17,8 +17,8 @@ constexpr std::size_t kLongestLabel = 1U << 16U;  // bytes, longer than any path
 constexpr int kTimeDigits = 14;
 
 // In the order of RescueCause; part of the files.
-constexpr std::array<std::string_view, 6> kCauses = {"new",     "open",  "exit",
-                                                     "session", "crash", "undo"};
+constexpr std::array<std::string_view, 7> kCauses = {"new",   "open", "exit",  "session",
+                                                     "crash", "undo", "undone"};
 
 /// Files sorted by their names are in the order in which they were kept, whatever the clock says.
 std::string NameBehind(const std::vector<std::string>& kept, std::int64_t now) {
@@ -70,8 +70,7 @@ FileStatus KeepRescued(const RescueFolder& folder, std::span<const std::byte> un
   status = WriteFileDurably(files, kept, bytes);
   if (!status.Ok()) return status;
   SweepLeftOvers(files, folder.path);
-  std::erase(paths, spared);
-  const std::size_t others = kRescuedMaps - (spared.empty() ? 1 : 2);
+  const std::size_t others = kRescuedMaps - 1 - std::erase(paths, spared);
   for (std::size_t i = others; i < paths.size(); ++i) DeleteFile(files, paths[i]);
   return status;
 }

@@ -18,7 +18,7 @@ namespace vesmora {
 inline constexpr std::size_t kRescuedMaps = 10;
 
 /// What ended a map.
-enum class RescueCause { kNew, kOpen, kExit, kSessionEnd, kCrash, kLostUndo };
+enum class RescueCause { kNew, kOpen, kExit, kSessionEnd, kCrash, kLostUndo, kUndone };
 
 struct RescueLabel {
   RescueCause cause = RescueCause::kCrash;

@@ -41,6 +41,7 @@ std::optional<SnapshotFailure> FileSnapshot(EditedMap& map, FileCalls& files, do
   GiveWaypointKeys(map);
   UndoJournal& journal = map.journal;
   ForgetRedo(journal);
+  journal.undoneKept = false;
   RequireFolder(map, files);
   const std::string path = FileInSlot(journal, kUndoPrefix, journal.NextSlot());
   if (journal.folder.path.empty()) return SnapshotFailure{path, "There is no temporary folder."};
@@ -68,6 +69,11 @@ std::optional<SnapshotFailure> FileForRedo(EditedMap& map, FileCalls& files) {
 
 std::string RedoFile(const UndoJournal& journal) {
   return FileInSlot(journal, kRedoPrefix, journal.NextSlot());
+}
+
+std::string FurthestRedoFile(const UndoJournal& journal) {
+  const int slot = (journal.undoSlot + 1 + journal.redoAvailable) % kUndoSteps;
+  return FileInSlot(journal, kRedoPrefix, static_cast<std::size_t>(slot));
 }
 
 bool IsFileOfUndo(const std::string& name) {

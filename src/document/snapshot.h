@@ -28,6 +28,9 @@ struct SnapshotFailure {
 /// The file of the step that is redone next.
 std::string RedoFile(const UndoJournal& journal);
 
+/// The file of the step that is redone last: the map before anything was undone.
+std::string FurthestRedoFile(const UndoJournal& journal);
+
 /// Whether a file in the folder is an undo step's.
 bool IsFileOfUndo(const std::string& name);
 

@@ -30,6 +30,7 @@ struct UndoJournal {
   UndoFolder folder;                                    // of the files
   std::int32_t sequence = 0;                            // of the newest file, see UndoMark
   bool failureTold = false;                             // until a file succeeds again
+  bool undoneKept = false;  // for Recover, as it cannot be redone; until the next step
 
   const std::string& NewestAction() const {
     return undoActions[static_cast<std::size_t>(undoSlot)];

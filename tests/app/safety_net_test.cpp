@@ -149,6 +149,26 @@ TEST_F(SafetyNetTest, AMapThatCannotBeKeptStaysOpenUnlessItIsGivenUp) {
   EXPECT_EQ(NewestKept(StartAnew()), open) << "from the undo files";
 }
 
+TEST_F(SafetyNetTest, WhatCannotBeRedoneIsKeptOnce) {
+  for (int mark = 1; mark <= 4; ++mark) Edit(mark);
+  const std::uint64_t open = Fingerprint(map);
+  MenuUndo(editor);
+  files.FailAll("OpenInPlace", ENOSPC);
+  for (int i = 0; i < 2; ++i) MenuUndo(editor);
+  files.FailAll("OpenInPlace", 0);
+  EXPECT_THAT(ListRecoverable(editor), SizeIs(1));
+  EXPECT_EQ(NewestKept(editor), open);
+  // One that is open and whose own file has gone does not go for another.
+  MenuNew(editor);
+  const auto kept = ListRecoverable(editor);
+  window.chosenRescue = kept[1];
+  MenuRecover(editor);
+  DeleteFile(files, kept[1]);
+  window.chosenRescue = kept[0];
+  MenuRecover(editor);
+  EXPECT_EQ(NewestKept(editor), open);
+}
+
 TEST_F(SafetyNetTest, WhatCannotBeKeptAtTheStartIsFoundByTheNextOne) {
   int failures = 0;
   for (int call = 1; call < files.Count(); ++call) {
@@ -175,6 +195,17 @@ TEST_F(SafetyNetTest, WhatCannotBeKeptAtTheStartIsFoundByTheNextOne) {
     if (last < calls + call) break;
   }
   EXPECT_GT(failures, 10);
+}
+
+TEST_F(SafetyNetTest, AnEditorWithAnotherTemporaryFolderThatDiesLaterIsFound) {
+  FindLostMaps(editor);
+  Edit(1);
+  const std::uint64_t open = Fingerprint(map);
+  Edit(2);
+  editor.ports.tempFolder = folder / "other/";
+  const auto second = std::make_unique<Editor>(editor.ports);
+  FindLostMaps(*second);  // while the first one runs
+  EXPECT_EQ(NewestKept(StartAnew()), open);
 }
 
 #ifndef _WIN32  // where a folder that is held cannot be taken away

@@ -71,16 +71,17 @@ TEST_F(IkkunaCommandsTest, MenusShowTheTableOfCommandsAsItIsNow) {
   Key(Qt::Key_C, Qt::ControlModifier);
   EXPECT_TRUE(Find<QAction>("MenuPaste")->isEnabled());
   EXPECT_EQ(Hint(), "Copied 1 object");
-  const std::string other = folder / "R&D.pmp";
+  const std::string other = folder / "R&D\xFF.pmp";  // no text
   EXPECT_TRUE(Write(other).Ok());
-  Drop({QUrl::fromLocalFile(QString::fromStdString(other))}, Qt::CopyAction);
-  EXPECT_EQ(Find<QAction>("File1")->text().toStdString(), "&1 " + folder / "R&&D.pmp");
+  const QByteArray address = QByteArray::fromStdString(other).toPercentEncoding("/");
+  Drop({QUrl::fromEncoded("file://" + address)}, Qt::CopyAction);
+  EXPECT_EQ(Find<QAction>("File1")->text().toStdString(), "&1 " + folder / "R&&D\uFFFD.pmp");
   EXPECT_TRUE(Find<QAction>("File1")->isVisible());
   EXPECT_FALSE(Find<QAction>("File2")->isVisible()) << "the command line's file is no recent one";
   Key(Qt::Key_N, Qt::ControlModifier);
   EXPECT_EQ(MapName(), "Name: ");
   Run("File1");
-  EXPECT_EQ(MapName(), "Name: R&D");
+  EXPECT_EQ(MapName(), "Name: R&D\uFFFD");
 }
 
 TEST_F(IkkunaCommandsTest, KeysOfAShortcutDoNotStickAndOthersAreFollowedIntoMenus) {

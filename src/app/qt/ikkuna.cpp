@@ -101,9 +101,14 @@ Qt::CursorShape CursorOf(PointerShape shape) {
 }
 
 /// The local file that is dropped; empty for anything else, or for several at once.
-QString DroppedFile(const QDropEvent& event) {
+std::string DroppedFile(const QDropEvent& event) {
   const QList<QUrl> urls = event.mimeData()->urls();
-  return urls.size() == 1 ? QDir::toNativeSeparators(urls.first().toLocalFile()) : QString();
+  if (urls.size() != 1) return {};
+  const QString path = urls.first().toLocalFile();
+  if (!path.contains(QChar::ReplacementCharacter)) return Native(path.toStdString());
+  // A name that is no text: its bytes, as the address has them.
+  const QByteArray address = urls.first().path(QUrl::FullyEncoded).toLatin1();
+  return QByteArray::fromPercentEncoding(address).toStdString();
 }
 
 }  // namespace
@@ -313,7 +318,7 @@ void Ikkuna::EndSession() {
 }
 
 void Ikkuna::dragEnterEvent(QDragEnterEvent* event) {
-  if (DroppedFile(*event).isEmpty()) return;
+  if (DroppedFile(*event).empty()) return;
   event->setDropAction(Qt::CopyAction);
   event->accept();
 }
@@ -324,7 +329,7 @@ void Ikkuna::dropEvent(QDropEvent* event) {
   const bool canCopy = event->possibleActions().testFlag(Qt::CopyAction);
   event->setDropAction(canCopy ? Qt::CopyAction : Qt::IgnoreAction);
   event->accept();
-  QTimer::singleShot(0, this, [this, path = DroppedFile(*event).toStdString()] {
+  QTimer::singleShot(0, this, [this, path = DroppedFile(*event)] {
     activateWindow();
     OpenDroppedFile(editor_, path);
     BringUpToDate();
