@@ -4,7 +4,7 @@
 
 #include <QAbstractEventDispatcher>
 #include <QApplication>
-#include <QWindow>
+#include <utility>
 
 namespace {
 

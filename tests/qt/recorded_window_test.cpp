@@ -1,0 +1,338 @@
+// An hour with the window: after each step what its controls are, say and look like, against a
+// record in words that keeps only what the step has changed. Letters are boxes, so that the window
+// has the same pixels on every machine with this Qt. VESMORA_RECORD=1 records anew.
+#include <QAbstractItemView>
+#include <QAccessible>
+#include <QColorDialog>
+#include <QComboBox>
+#include <QFontDatabase>
+#include <QInputDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMimeData>
+#include <QRegularExpression>
+#include <QScreen>
+#include <fstream>
+#include <map>
+#include <sstream>
+
+#include "app/prefab_commands.h"
+#include "app/qt/import_dialog.h"
+#include "document/checksum.h"
+#include "document/prefab_file.h"
+#include "platform/qt/qt_text.h"
+#include "real_window.h"
+#include "support/map_builder.h"
+
+namespace vesmora {
+namespace {
+
+/// All texts in boxes, whatever fonts there are.
+class BoxLetters {
+ protected:
+  BoxLetters() { SetPoints(9); }
+  ~BoxLetters() { QFontDatabase::removeApplicationFont(id_); }
+  static void SetPoints(int points) {
+    QFont boxes("Boxes", points);
+    boxes.setHintingPreference(QFont::PreferNoHinting);
+    boxes.setStyleStrategy(QFont::NoAntialias);
+    QApplication::setFont(boxes);
+  }
+
+ private:
+  const int id_ = QFontDatabase::addApplicationFont(ToQt(DataPath("boxes.ttf")));
+};
+
+/// What is worth a word about something, in one line.
+class Words {
+ public:
+  Words& Add(const char* name, QString value) {
+    if (!value.isEmpty()) text_ += QString(" %1 '%2'").arg(name, value.replace('\n', " / "));
+    return *this;
+  }
+  Words& Add(const char* name, int value) {
+    return Add(name, value == 0 ? QString() : QString::number(value));
+  }
+  Words& If(bool holds, const char* name) {
+    if (holds) text_ += QString(" ") + name;
+    return *this;
+  }
+  std::string Text() const { return text_.toStdString(); }
+
+ private:
+  QString text_;
+};
+
+std::string Described(QWidget& control) {
+  auto* reader = QAccessible::queryAccessibleInterface(&control);
+  const QAccessible::State state = reader->state();
+  const QRect place = control.geometry();
+  Words words;
+  words.Add("says", reader->text(QAccessible::Name))
+      .Add("about", reader->text(QAccessible::Description))
+      .Add("value", reader->text(QAccessible::Value))
+      .Add("tip", control.toolTip())
+      .If(state.checked, "checked")
+      .If(state.checkStateMixed, "mixed")
+      .If(state.disabled, "disabled")
+      .If(control.hasFocus(), "focused")
+      .Add("pointer", control.cursor().shape())
+      .Add("focus", control.focusPolicy())
+      .Add("menu", control.contextMenuPolicy() - Qt::DefaultContextMenu);
+  if (auto* combo = qobject_cast<QComboBox*>(&control)) {
+    for (int i = 0; i < combo->count(); ++i) words.Add("item", combo->itemText(i));
+  }
+  if (auto* list = qobject_cast<QListWidget*>(&control)) {
+    for (int i = 0; i < list->count(); ++i) words.Add("item", list->item(i)->text());
+  }
+  if (auto* button = qobject_cast<QAbstractButton*>(&control)) {
+    words.Add("key", button->shortcut().toString());
+  }
+  std::ostringstream out;
+  out << control.metaObject()->className() << ' ' << place.x() << ' ' << place.y() << ' '
+      << place.width() << ' ' << place.height() << words.Text();
+  return out.str();
+}
+
+/// Names of the controls from the window down to this one.
+std::string PathOf(QWidget* control) {
+  if (control->isWindow()) return {};
+  auto* parent = control->parentWidget();
+  const auto all = parent->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
+  const QString name = control->objectName();
+  return PathOf(parent) + "/" +
+         (name.isEmpty() ? std::to_string(all.indexOf(control)) : name.toStdString());
+}
+
+/// What has been painted of it, not painted for the picture.
+std::string PictureOf(const QWidget& shown) {
+  const QImage pixels =
+      shown.screen()->grabWindow(shown.winId()).toImage().convertToFormat(QImage::Format_RGB32);
+  std::ostringstream out;
+  out << std::hex
+      << Checksum(std::as_bytes(std::span(pixels.constBits(), std::size_t(pixels.sizeInBytes()))));
+  return out.str().substr(0, 8);
+}
+
+class RecordedWindowTest : protected BoxLetters, public RealWindow {
+ protected:
+  RecordedWindowTest() {
+    QLocale::setDefault(QLocale::c());
+    QApplication::setCursorFlashTime(0);
+    QApplication::setEffectEnabled(Qt::UI_AnimateCombo, false);
+    Resize(1000, 700);
+    QTest::mouseMove(surface, {400, 300});
+  }
+
+  /// Writes down what is other in a window than it was; all of it the first time.
+  void Note(const std::string& step, QWidget& root) {
+    for (auto* label : root.findChildren<QLabel*>()) {
+      if (label->text().contains(folder_)) label->setText(label->text().replace(folder_, "~/"));
+    }
+    Settle();
+    std::map<std::string, std::string> present;
+    for (auto* control : root.findChildren<QWidget*>()) {
+      const bool isSeen = control->window() == &root && control->isVisibleTo(&root);
+      if (isSeen) present[PathOf(control)] = Described(*control);
+    }
+    for (auto* item : root.findChildren<QAction*>(QRegularExpression("."))) {
+      present["menu " + item->objectName().toStdString()] =
+          Words()
+              .Add("says", item->text())
+              .Add("key", QKeySequence::listToString(item->shortcuts()))
+              .If(!item->isEnabled(), "disabled")
+              .If(!item->isVisible(), "hidden")
+              .Text();
+    }
+    present["window"] = Described(root);
+    record_ += "== " + step + ", looks " + PictureOf(root) + "\n";
+    auto& before = noted_[&root == window.get()];
+    if (&root != window.get()) before.clear();
+    for (const auto& [name, words] : present) {
+      if (before[name] != words) record_ += name + "  " + words + "\n";
+    }
+    for (const auto& [name, words] : before) {
+      if (!present.contains(name)) record_ += name + " is gone\n";
+    }
+    before = present;
+  }
+  void Note(const std::string& step) { Note(step, *window); }
+
+  void Click(const QString& name) {
+    auto* button = Find<QAbstractButton>(name);
+    QTest::mouseClick(button, Qt::LeftButton, {}, {8, button->height() / 2});
+    ComeToFront();
+    Note("click " + name.toStdString());
+  }
+  void Press(Qt::Key key, Qt::KeyboardModifiers held = {}) {
+    Key(key, held);
+    ComeToFront();
+    Note("press " + QKeySequence(key | held).toString().toStdString());
+  }
+  /// Opens a list, looks at it and takes what lies a row further.
+  void ChooseNext(const char* name) {
+    auto* combo = Find<QComboBox>(name);
+    combo->showPopup();
+    Note(std::string("open ") + name, *combo->view()->window());
+    QTest::keyClick(combo->view(), Qt::Key_Down);
+    QTest::keyClick(combo->view(), Qt::Key_Return);
+    ComeToFront();
+    Note(std::string("choose in ") + name);
+  }
+  void Run(const char* command) {
+    RealWindow::Run(command);
+    ComeToFront();
+    Note(command);
+  }
+  /// An answer that looks at a dialog first.
+  Person::Answer Seen(const std::string& step, const Person::Answer& answer) {
+    return [this, step, answer](QDialog& dialog) {
+      Note(step, dialog);
+      answer(dialog);
+    };
+  }
+  static void Accept(QDialog& dialog) { dialog.accept(); }
+  /// As it looks on the way, with the button held.
+  void NotedDrag(const std::string& step, QPoint from, QPoint to, Qt::MouseButton button) {
+    QTest::mouseMove(surface, from);
+    QTest::mousePress(surface, button, {}, from);
+    QTest::mouseMove(surface, to);
+    Note(step + " on the way");
+    QTest::mouseRelease(surface, button, {}, to);
+    Note(step);
+  }
+
+  void NoteRecoverable(QDialog& dialog) {
+    dialog.findChild<QLabel*>("lAika")->setText("then");
+    Note("recover", dialog);
+    static const QRegularExpression time("\\d\\d:\\d\\d  ");
+    record_ = ToQt(record_).replace(time, "hh:mm  ").toStdString();
+  }
+
+  /// With the record, of which the first line that differs is told.
+  void Compare() {
+    record_ = ToQt(record_).replace("/0/qt_scrollarea_viewport/0/", "/").toStdString();
+    const std::string file = DataPath("recorded_window.txt");
+    record_.insert(0, std::string("Qt ") + qVersion() + "\n");
+    if (std::getenv("VESMORA_RECORD") != nullptr) std::ofstream(file) << record_;
+    std::ifstream known(file);
+    std::istringstream seen(record_);
+    std::string step;
+    for (std::string was, is; std::getline(known, was);) {
+      std::getline(seen, is);
+      if (is.starts_with("Qt ") && is != was) GTEST_SKIP() << is << " draws otherwise than " << was;
+      if (is.starts_with("== ")) step = is;
+      ASSERT_EQ(is.substr(0, is.find(", looks")), was.substr(0, was.find(", looks"))) << step;
+      ASSERT_EQ(is, was) << "says the same and looks other";
+    }
+  }
+
+  std::string record_;
+
+ private:
+  const QString folder_ = ToQt(folder.Path());
+  std::array<std::map<std::string, std::string>, 2> noted_;  // of dialogs, of the window
+};
+
+TEST_F(RecordedWindowTest, GoesAsItDid) {
+  Note("start");
+  Place(1, -150, -100);
+  Note("first corner");
+  Place(1, -50, -100);
+  Place(1, -150, 0);
+  Note("polygon");
+  Place(2, 0, -100);
+  Place(2, 60, -100);
+  Place(3, -100, 60);
+  Note("scenery");
+  Place(4, 60, 60);
+  Place(5, 0, 150);
+  QTest::keyPress(QApplication::focusWidget(), Qt::Key_Shift);
+  Place(5, 80, 150);
+  Note("connected");
+  QTest::keyRelease(QApplication::focusWidget(), Qt::Key_Shift);
+  for (int tool = 5; tool >= 0; --tool) Click(QString("OBvalinta%1").arg(tool));
+  Press(Qt::Key_A, Qt::ControlModifier);
+  const auto yellow = [](QDialog& dialog) {
+    dynamic_cast<QColorDialog&>(dialog).setCurrentColor({250, 220, 40});
+    dialog.accept();
+  };
+  for (int i = 0; i < 3; ++i) person.answers.emplace_back(yellow);
+  person.answers.push_back(Seen("passable?", Person::Cancel));
+  for (const char* name :
+       {"CBverticevari", "CBtausta1", "CBtausta2", "CBverticeLapi", "CBbotValinta0",
+        "CBbotValinta4", "OBbotKumpi1", "OBbotKumpi2", "CBtexEiKorjaus", "CByhista", "CBerota",
+        "CBtexPoista", "CBtexPalauta"}) {
+    Click(name);
+  }
+  for (const char* name :
+       {"CBspawn", "CBscenery", "CBscenery2", "CBcollider", "CBzoom", "CBgrid"}) {
+    ChooseNext(name);
+  }
+  Click("CBfixed");
+  for (const int box : {0, 1, 6, 0}) Click(QString("CBnayta%1").arg(box));
+  for (const int shown : {1, 2, 0}) Click(QString("OBbotNayta%1").arg(shown));
+  for (const auto& [name, text] : {std::pair("CBscenery2", "70"), {"CBcollider", "1"}}) {
+    auto* size = Find<QComboBox>(name);
+    size->setFocus();
+    size->lineEdit()->selectAll();
+    QTest::keyClicks(QApplication::focusWidget(), text);
+    Note(std::string("type in ") + name);
+    Press(Qt::Key_Return);
+  }
+  Press(Qt::Key_Z, Qt::ControlModifier);
+  Press(Qt::Key_Y, Qt::ControlModifier);
+  Press(Qt::Key_Escape);
+  NotedDrag("select", At(20, 20), At(100, 100), Qt::LeftButton);
+  NotedDrag("move", At(60, 60), At(110, 80), Qt::LeftButton);
+  NotedDrag("pan", At(0, 0), At(40, -30), Qt::RightButton);
+  Wheel(-120);
+  Note("wheel");
+  Press(Qt::Key_Plus, Qt::KeypadModifier);
+  for (int i = 0; i < 12; ++i) Press(Qt::Key_Tab);
+  Press(Qt::Key_Tab, Qt::ShiftModifier);
+  SetPoints(12);
+  Note("larger letters");
+  SetPoints(9);
+  for (const QSize size : {QSize(100, 100), QSize(1100, 900)}) {
+    window->resize(size);
+    Note("resize");
+  }
+  const QPalette light = QApplication::palette();
+  QPalette dark(QColor(60, 60, 60));
+  QApplication::setPalette(dark);
+  Note("dark");
+  QApplication::setPalette(light);
+  person.answers = {Seen("about", Accept)};
+  Run("MenuAbout");
+  person.answers = {Seen("author", [](QDialog& dialog) {
+    dynamic_cast<QInputDialog&>(dialog).setTextValue("Somebody");
+    dialog.accept();
+  })};
+  Click("CBauthor");
+  std::filesystem::create_directories(PrefabFolder(editor.ports));
+  AddTriangle(map, {{{0, 0}, {10, 0}, {0, 10}}});
+  PutFile(PrefabFolder(editor.ports) + "a.pre", WritePrefab(map));
+  Import import(editor, nullptr);
+  import.show();
+  Note("import", import);
+  import.findChild<QListWidget*>()->setCurrentRow(0);
+  Note("prefab", import);
+  import.close();
+  Run("MenuNew");
+  person.answers = {[this](QDialog& dialog) {
+    NoteRecoverable(dialog);
+    dialog.accept();
+  }};
+  Run("MenuRecover");
+  window->showMaximized();
+  Note("maximised");
+  window->close();
+  Start();
+  Note("started anew");
+  Compare();
+}
+
+}  // namespace
+}  // namespace vesmora
