@@ -27,6 +27,11 @@ class MapToolTest : public testing::Test {
     run_.Put("maps/notes.txt");
     run_.Put("ctf_a.pmp", "small_saved.pmp");
     run_.Put("x.pre", "bunker.pre");
+    Bench crowd;
+    crowd.Load(DataPath("small.pmp"));
+    while (!crowd.map.polygons.Full()) crowd.map.polygons.Append(crowd.map.polygons[0]);
+    crowd.map.sectors = {};
+    crowd.Write(run_.folder / "crowd.pmp");
     PutFile(run_.folder / "short.pmp", Bytes(99));
     std::filesystem::create_directories(PathOf(run_.folder / "out"));
     std::filesystem::create_directories(PathOf(run_.folder / "none"));
@@ -67,6 +72,7 @@ TEST_F(MapToolTest, WhatIsAskedIsDoneOrRefused) {
       {{"check", "-", "--no-hints", "--name", "ctf_b.pmp"}, 0, "", ""},
       {{"check", "@/maps/b.PMP"}, 1, "[flag-map-name]\n", ""},
       {{"check", "@/maps/b.PMP", "@/gone.pmp"}, 2, "[flag-map-name]\n", "not found"},
+      {{"check", "@/crowd.pmp"}, 1, "polygons will not fit in full sectors when it is", ""},
       {{"diff", "@/ctf_a.pmp", "@/ctf_a.pmp"}, 0, "", ""},
       {{"diff", "-", "@/maps/b.PMP"}, 0, "", ""},
       {{"diff", "@/ctf_a.pmp", "@/maps/b.PMP"}, 1, "map: changed sector size", ""},
