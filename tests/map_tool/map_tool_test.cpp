@@ -144,15 +144,18 @@ TEST_F(MapToolTest, ResultsGoToStandardOutputAsTheyAre) {
 TEST_F(MapToolTest, ColoursAreForTerminalsAndNothingInAMapReachesThem) {
   Bench bench;
   bench.Load(DataPath("small.pmp"));
-  bench.map.author = "a\x1b[31mb";
+  bench.map.author = "a\x1b[31mb\x9d";
   bench.Write(run_.folder / "ctf_a.pmp");
   EXPECT_EQ(run_({"info", "@/ctf_a.pmp"}), 0);
-  EXPECT_THAT(run_.console.output, HasSubstr("a?[31mb"));
+  EXPECT_THAT(run_.console.output, HasSubstr("a?[31mb?"));
   EXPECT_THAT(run_.console.output, testing::Not(HasSubstr("\x1b")));
   run_.console.isTerminal = true;
   EXPECT_EQ(run_({"check", "@/ctf_a.pmp"}), 1);
   EXPECT_THAT(run_.console.output, HasSubstr("\x1b[1;31merror\x1b[0m"));
   EXPECT_EQ(run_({"check", "@/ctf_a.pmp", "--json"}), 1);
+  EXPECT_THAT(run_.console.output, testing::Not(HasSubstr("\x1b")));
+  run_.wantsColors = false;
+  EXPECT_EQ(run_({"check", "@/ctf_a.pmp"}), 1);
   EXPECT_THAT(run_.console.output, testing::Not(HasSubstr("\x1b")));
 }
 
