@@ -60,6 +60,7 @@ TEST_F(MapToolTest, WhatIsAskedIsDoneOrRefused) {
       {{"--version"}, 0, "vesmora-map " VESMORA_VERSION, ""},
       {{}, 2, "", "subcommand is required"},
       {{"frobnicate"}, 2, "", "frobnicate"},
+      {{"prefab", "make"}, 2, "", "\"prefab make\""},
       {{"info"}, 2, "", "MAP is required"},
       {{"info", "@/maps/b.PMP"}, 0, "  polygons    40 of 400\n", ""},
       {{"info", "@/maps"}, 0, "@/maps/below/c.pmp\n", ""},
