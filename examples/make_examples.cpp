@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "document/map_file.h"
+#include "launch/sector_compiler.h"
 #include "map_maker.h"
 
 namespace vesmora {
@@ -271,20 +272,23 @@ std::string ProblemOf(const WriteReport& report) {
   return {};
 }
 
+/// Ready for the game.
 bool Save(MapMaker& maker, const std::string& path) {
+  const SectorShortage shortage = CompileMap(maker.Map(), false);
   Selection selection;
-  const std::string problem =
-      ProblemOf(WriteMap(maker.Map(), selection, SystemFileCalls(), 0.5, path, false));
+  const WriteReport report = WriteMap(maker.Map(), selection, SystemFileCalls(), 0.5, path, false);
+  std::string problem = ProblemOf(report);
+  if (shortage.outside + shortage.crowded > 0) problem = "Its sectors do not hold all of it.";
   if (!problem.empty()) std::fprintf(stderr, "%s: %s\n", path.c_str(), problem.c_str());
   return problem.empty();
 }
 
 int Run(const std::string& folder) {
-  MapMaker hollow(36, Color(0x7FA8C9), Color(0x2B3A55));
+  MapMaker hollow(Color(0x7FA8C9), Color(0x2B3A55));
   MakeHollow(hollow);
-  MapMaker bridges(44, Color(0xD8B080), Color(0x704858));
+  MapMaker bridges(Color(0xD8B080), Color(0x704858));
   MakeBridges(bridges);
-  MapMaker small(20, Color(0x90C8E8), Color(0x406080));
+  MapMaker small(Color(0x90C8E8), Color(0x406080));
   MakeSmall(small);
   const bool saved = Save(hollow, folder + "/Hollow.pmp") &&
                      Save(bridges, folder + "/ctf_Bridges.pmp") &&

@@ -45,10 +45,9 @@ Footing FootingAt(Line surface, float x) {
   return {left.y + (x - left.x) * rise, std::atan(rise)};
 }
 
-MapMaker::MapMaker(int sectorDivision, MapColor topLeft, MapColor bottomRight) {
+MapMaker::MapMaker(MapColor topLeft, MapColor bottomRight) {
   ResetToNewMap(map_);
   map_.author = "Vesmora";
-  map_.sectorDivision = sectorDivision;
   map_.backgroundColor1 = topLeft;
   map_.backgroundColor2 = bottomRight;
 }

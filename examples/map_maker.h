@@ -85,7 +85,7 @@ Footing FootingAt(Line surface, float x);
 
 class MapMaker {
  public:
-  MapMaker(int sectorDivision, MapColor topLeft, MapColor bottomRight);
+  MapMaker(MapColor topLeft, MapColor bottomRight);
 
   enum class Matter { kSolid, kPassable };
 

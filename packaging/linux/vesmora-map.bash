@@ -19,8 +19,8 @@ _vesmora_map() {
       return
       ;;
     --show)
-      mapfile -t COMPREPLY < <(compgen -W 'all polygons spawns sceneries colliders waypoints advanced' \
-        -- "$word")
+      mapfile -t COMPREPLY < <(compgen -P "${word%"${word##*,}"}" \
+        -W 'all polygons spawns sceneries colliders waypoints advanced' -- "${word##*,}")
       return
       ;;
   esac

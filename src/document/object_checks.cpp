@@ -17,6 +17,8 @@ bool IsInside(WorldPoint point, const Polygon& polygon) {
            (double{to.y} - from.y) * (double{point.x} - from.x);
   };
   const auto& [a, b, c] = polygon.vertices;
+  const auto [left, right] = std::minmax({a.x, b.x, c.x});
+  if (point.x <= left || point.x >= right) return false;  // so it is with nearly all
   const double first = side(a, b);
   return first * side(b, c) > 0 && first * side(c, a) > 0;
 }
@@ -25,7 +27,7 @@ bool IsInside(WorldPoint point, const Polygon& polygon) {
 int SolidPolygonAt(const MapDocument& document, WorldPoint point) {
   int slot = 0;
   for (const Polygon& polygon : document.polygons.Used()) {
-    if (!IsPassablePolygon(polygon) && IsInside(point, polygon)) return slot;
+    if (IsInside(point, polygon) && !IsPassablePolygon(polygon)) return slot;
     ++slot;
   }
   return -1;

@@ -12,13 +12,15 @@ constexpr double kLeastHeight = 0.01;  // world units
 
 /// World units, over the longest side; no two corners lie on one spot.
 double SmallestHeight(const Polygon& polygon) {
-  double longest = 0;
+  double longestSquared = 0;
   for (std::size_t i = 0; i < 3; ++i) {
     const PolygonVertex& from = polygon.vertices[i];
     const PolygonVertex& to = polygon.vertices[(i + 1) % 3];
-    longest = std::max(longest, std::hypot(double{to.x} - from.x, double{to.y} - from.y));
+    const double dx = double{to.x} - from.x;
+    const double dy = double{to.y} - from.y;
+    longestSquared = std::max(longestSquared, dx * dx + dy * dy);
   }
-  return std::abs(DoubleArea(polygon)) / longest;
+  return std::abs(DoubleArea(polygon)) / std::sqrt(longestSquared);
 }
 
 /// Whether all of a polygon's values can be; corners far outside are told of, but are numbers.

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <optional>
+#include <vector>
 
 #include "document/finding_list.h"
 #include "document/geometry.h"
@@ -35,7 +36,8 @@ bool CheckCount(const MapDocument& document, int slot, FindingList& findings) {
 }
 
 /// The first polygon that a sector names and the map does not have.
-std::optional<std::int16_t> MissingPolygon(const MapDocument& document, const Sector& sector) {
+std::optional<std::int16_t> MissingPolygon(const MapDocument& document, int slot) {
+  const Sector& sector = document.sectors[static_cast<std::size_t>(slot)];
   if (sector.count < 0 || sector.count > kSectorPolygons) return std::nullopt;
   const auto end = sector.polygons.begin() + sector.count;
   const auto wrong = std::find_if(sector.polygons.begin(), end, [&](std::int16_t number) {
@@ -47,29 +49,23 @@ std::optional<std::int16_t> MissingPolygon(const MapDocument& document, const Se
 
 /// Whether the sectors hold polygons of the map only. One line for them all: where polygons are
 /// gone, many sectors still name them.
-bool CheckNames(const MapDocument& document, FindingList& findings) {
-  int first = -1;
-  std::size_t others = 0;
-  for (int slot = 0; slot < static_cast<int>(document.sectors.size()); ++slot) {
-    if (!MissingPolygon(document, document.sectors[static_cast<std::size_t>(slot)])) continue;
-    if (first < 0) {
-      first = slot;
-    } else {
-      ++others;
-    }
-  }
-  if (first < 0) return true;
-  const auto number =
-      MissingPolygon(document, document.sectors[static_cast<std::size_t>(first)]).value_or(0);
+bool CheckNames(const MapDocument& document, const std::vector<int>& slots, FindingList& findings) {
+  const auto names = [&](int slot) { return MissingPolygon(document, slot).has_value(); };
+  const auto first = std::ranges::find_if(slots, names);
+  if (first == slots.end()) return true;
+  const auto number = MissingPolygon(document, *first).value_or(0);
   std::string text = "names polygon " + std::to_string(number) + ", which is not there";
-  if (others > 0) text += "; so it is with " + Counted(others, "other sector", "other sectors");
-  findings.Error("sector-polygon", {ObjectKind::kSector, first},
-                 PlaceOfSector(first, document.sectorDivision), std::move(text));
+  const auto others = std::count_if(first + 1, slots.end(), names);
+  if (others > 0) {
+    text += "; so it is with " +
+            Counted(static_cast<std::size_t>(others), "other sector", "other sectors");
+  }
+  findings.Error("sector-polygon", {ObjectKind::kSector, *first},
+                 PlaceOfSector(*first, document.sectorDivision), std::move(text));
   return false;
 }
 
-void CompareWithCompiled(const MapDocument& document, FindingList& findings) {
-  const auto& [shortage, differing] = CompareSectors(document);
+void TellShortage(const SectorShortage& shortage, FindingList& findings) {
   if (shortage.crowded > 0) {
     findings.Error(
         "sectors-crowded", {}, std::nullopt,
@@ -82,16 +78,16 @@ void CompareWithCompiled(const MapDocument& document, FindingList& findings) {
         Counted(static_cast<std::size_t>(shortage.outside), "polygon reaches", "polygons reach") +
             " out of the sectors");
   }
-  if (differing.none()) return;
-  int first = 0;
-  while (!differing[static_cast<std::size_t>(first)]) ++first;
-  const ObjectReference object{ObjectKind::kSector, first};
+}
+
+void TellStale(const MapDocument& document, const std::vector<int>& slots, FindingList& findings) {
   std::string text = "does not fit the polygons";
-  if (const std::size_t others = differing.count() - 1; others > 0) {
+  if (const std::size_t others = slots.size() - 1; others > 0) {
     text += others == 1 ? ", nor does " : ", nor do ";
     text += Counted(others, "other sector", "other sectors");
   }
-  findings.Error("sectors-stale", object, PlaceOfSector(first, document.sectorDivision),
+  findings.Error("sectors-stale", {ObjectKind::kSector, slots.front()},
+                 PlaceOfSector(slots.front(), document.sectorDivision),
                  text + ": compile the map again");
 }
 
@@ -109,12 +105,19 @@ void CheckSectors(const MapDocument& document, FindingList& findings) {
                    "has sectors of the size " + std::to_string(document.sectorDivision));
     return;
   }
+  const auto& [shortage, differing] = CompareSectors(document);
+  // What no compiler would enter differs from what ours does: the others need no second look.
+  std::vector<int> slots;
   bool areSound = true;
   for (int slot = 0; slot < static_cast<int>(document.sectors.size()); ++slot) {
+    if (!differing[static_cast<std::size_t>(slot)]) continue;
+    slots.push_back(slot);
     areSound = CheckCount(document, slot, findings) && areSound;
   }
-  areSound = CheckNames(document, findings) && areSound;
-  if (areSound) CompareWithCompiled(document, findings);
+  areSound = CheckNames(document, slots, findings) && areSound;
+  if (!areSound) return;
+  TellShortage(shortage, findings);
+  if (!slots.empty()) TellStale(document, slots, findings);
 }
 
 }  // namespace vesmora

@@ -4,22 +4,18 @@
 
 namespace vesmora {
 
-bool CheckNumbers(FindingList& findings, const ObjectReference& object,
-                  std::initializer_list<NamedValue> values) {
-  for (const auto& [name, value, range] : values) {
-    if (range.Holds(value)) continue;
-    const std::string what = std::string("its ") + name + " is ";
-    if (std::isfinite(value)) {
-      findings.Error("value-range", object, std::nullopt,
-                     what + NumberText(value) + ", which is not between " +
-                         NumberText(range.lowest) + " and " + NumberText(range.highest));
-    } else {
-      findings.Error("not-a-number", object, std::nullopt,
-                     what + (std::isnan(value) ? "not a number" : "infinite"));
-    }
-    return false;
+void TellWrongNumber(FindingList& findings, const ObjectReference& object,
+                     const NamedValue& value) {
+  const auto& [name, number, range] = value;
+  const std::string what = std::string("its ") + name + " is ";
+  if (std::isfinite(number)) {
+    findings.Error("value-range", object, std::nullopt,
+                   what + NumberText(number) + ", which is not between " +
+                       NumberText(range.lowest) + " and " + NumberText(range.highest));
+  } else {
+    findings.Error("not-a-number", object, std::nullopt,
+                   what + (std::isnan(number) ? "not a number" : "infinite"));
   }
-  return true;
 }
 
 bool CheckPlace(FindingList& findings, const ObjectReference& object, WorldPoint place) {

@@ -40,9 +40,18 @@ struct NamedValue {
   ValueRange range = {};
 };
 
+void TellWrongNumber(FindingList& findings, const ObjectReference& object, const NamedValue& value);
+
 /// Whether all of them are numbers in their ranges; tells of the first that is not.
-bool CheckNumbers(FindingList& findings, const ObjectReference& object,
-                  std::initializer_list<NamedValue> values);
+inline bool CheckNumbers(FindingList& findings, const ObjectReference& object,
+                         std::initializer_list<NamedValue> values) {
+  for (const NamedValue& value : values) {
+    if (value.range.Holds(value.value)) continue;
+    TellWrongNumber(findings, object, value);
+    return false;
+  }
+  return true;
+}
 
 /// Whether a place of finite coordinates can be reached.
 bool CheckPlace(FindingList& findings, const ObjectReference& object, WorldPoint place);

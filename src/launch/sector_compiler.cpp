@@ -56,10 +56,14 @@ std::string WhyNotCompiled(const MapDocument& document) {
   return {};
 }
 
-SectorShortage CompileMap(MapDocument& document, bool keepsTexture) {
+void DivideMap(MapDocument& document, bool keepsTexture) {
   const PolygonBounds bounds = BoundsOfPolygons(document);
   CenterMap(document, bounds, keepsTexture);
   document.sectorDivision = DivisionFor(bounds);
+}
+
+SectorShortage CompileMap(MapDocument& document, bool keepsTexture) {
+  DivideMap(document, keepsTexture);
   return FillSectors(document);
 }
 

@@ -239,6 +239,21 @@ class Reader {
   Arguments& arguments_;
 };
 
+/// The words that should name a command and name none; empty when all is well so far.
+std::string UnknownCommand(const CLI::App& app, const std::vector<std::string>& words) {
+  const CLI::App* command = &app;
+  std::string name;
+  for (const std::string& word : words) {
+    if (command->get_require_subcommand_min() == 0 || word.starts_with("-")) break;
+    name += (name.empty() ? "" : " ") + word;
+    const auto isMeant = [&](const CLI::App* each) { return each->get_name() == word; };
+    const auto found = command->get_subcommands(isMeant);
+    if (found.empty()) return name;
+    command = found.front();
+  }
+  return {};
+}
+
 }  // namespace
 
 Parsing ParseArguments(const std::vector<std::string>& words, int processors) {
@@ -261,13 +276,11 @@ Parsing ParseArguments(const std::vector<std::string>& words, int processors) {
       "  vesmora-map compile ctf_Hill.pmp --in-place       ready for the game\n"
       "  vesmora-map diff old.pmp new.pmp                  what has changed\n"
       "\"vesmora-map COMMAND --help\" tells the options of a command.");
-  const auto isCommand = [&](const CLI::App* command) { return command->get_name() == words[0]; };
-  const bool isWord = !words.empty() && !words[0].starts_with("-");
-  if (isWord && app.get_subcommands(isCommand).empty()) {
+  if (const std::string unknown = UnknownCommand(app, words); !unknown.empty()) {
     return {.arguments = std::nullopt,
             .status = kTrouble,
             .output = {},
-            .error = "There is no command \"" + words[0] + "\"; --help tells which there are.\n"};
+            .error = "There is no command \"" + unknown + "\"; --help tells which there are.\n"};
   }
   std::vector<std::string> reversed(words.rbegin(), words.rend());
   try {

@@ -1,4 +1,6 @@
 #include "document/map_checks.h"
+#include "document/number_text.h"
+#include "launch/sector_compiler.h"
 #include "map_tool/commands.h"
 #include "map_tool/map_reading.h"
 #include "map_tool/object_json.h"
@@ -28,6 +30,24 @@ std::string FindingText(const Finding& finding, const std::string& name, bool co
          Tinted("[" + std::string(finding.check) + "]", Tint::kFaint, colors) + "\n";
 }
 
+/// What compiling a map would leave out of its sectors, told before it is done. Moves the map.
+void ForetellShortage(MapDocument& document, std::vector<Finding>& findings) {
+  if (IsCompiled(document) || !WhyNotCompiled(document).empty()) return;
+  DivideMap(document, true);
+  const SectorShortage shortage = CompareSectors(document).shortage;  // filling takes much longer
+  const auto tell = [&](int polygons, std::string_view check, const std::string& what) {
+    if (polygons == 0) return;
+    findings.push_back({.check = check,
+                        .severity = Severity::kHint,
+                        .object = {},
+                        .place = std::nullopt,
+                        .text = Counted(static_cast<std::size_t>(polygons), "polygon", "polygons") +
+                                " will " + what + " when it is compiled"});
+  };
+  tell(shortage.crowded, "sectors-crowded", "not fit in full sectors");
+  tell(shortage.outside, "sectors-outside", "reach out of the sectors");
+}
+
 }  // namespace
 
 Outcome CheckOne(const Task& task, Workbench& bench) {
@@ -37,7 +57,9 @@ Outcome CheckOne(const Task& task, Workbench& bench) {
   std::vector<Finding> findings =
       CheckMap({.document = bench.document, .fileName = name, .polygonCount = read.polygonCount},
                bench.scratch);
-  if (!task.arguments.hints) {
+  if (task.arguments.hints) {
+    ForetellShortage(bench.document, findings);
+  } else {
     std::erase_if(findings,
                   [](const Finding& finding) { return finding.severity == Severity::kHint; });
   }

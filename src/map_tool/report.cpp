@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/utf8.h"
+
 namespace vesmora::map_tool {
 namespace {
 
@@ -30,10 +32,15 @@ std::string Tinted(std::string_view text, Tint tint, bool wanted) {
   return std::string(CodeOf(tint)).append(text).append("\x1b[0m");
 }
 
-std::string Printable(std::string text) {
-  std::ranges::replace_if(
-      text, [](char c) { return (c >= 0 && c < ' ') || c == '\x7f'; }, '?');
-  return text;
+std::string Printable(std::string_view text) {
+  std::string result;
+  while (!text.empty()) {
+    const std::string_view before = text;
+    const std::uint32_t character = TakeUtf8Character(text);
+    const bool isControl = character < ' ' || (character >= 0x7F && character < 0xA0);
+    result += isControl ? "?" : before.substr(0, before.size() - text.size());
+  }
+  return result;
 }
 
 std::string NameOf(Command command) {

@@ -20,8 +20,9 @@ enum class Tint { kError, kHint, kName, kFaint };
 /// The text as a terminal shows it in a colour, when `wanted`.
 std::string Tinted(std::string_view text, Tint tint, bool wanted);
 
-/// Text from files and names of files, fit for a terminal: control characters become '?'.
-std::string Printable(std::string text);
+/// Text from files and names of files, fit for a terminal: control characters become '?'. Bytes
+/// that are no UTF-8 stay, as names of files may have them.
+std::string Printable(std::string_view text);
 
 /// The command as it is called, such as "prefab export".
 std::string NameOf(Command command);

@@ -27,6 +27,11 @@ class MapToolTest : public testing::Test {
     run_.Put("maps/notes.txt");
     run_.Put("ctf_a.pmp", "small_saved.pmp");
     run_.Put("x.pre", "bunker.pre");
+    Bench crowd;
+    crowd.Load(DataPath("small.pmp"));
+    while (!crowd.map.polygons.Full()) crowd.map.polygons.Append(crowd.map.polygons[0]);
+    crowd.map.sectors = {};
+    crowd.Write(run_.folder / "crowd.pmp");
     PutFile(run_.folder / "short.pmp", Bytes(99));
     std::filesystem::create_directories(PathOf(run_.folder / "out"));
     std::filesystem::create_directories(PathOf(run_.folder / "none"));
@@ -55,6 +60,7 @@ TEST_F(MapToolTest, WhatIsAskedIsDoneOrRefused) {
       {{"--version"}, 0, "vesmora-map " VESMORA_VERSION, ""},
       {{}, 2, "", "subcommand is required"},
       {{"frobnicate"}, 2, "", "frobnicate"},
+      {{"prefab", "make"}, 2, "", "\"prefab make\""},
       {{"info"}, 2, "", "MAP is required"},
       {{"info", "@/maps/b.PMP"}, 0, "  polygons    40 of 400\n", ""},
       {{"info", "@/maps"}, 0, "@/maps/below/c.pmp\n", ""},
@@ -67,6 +73,7 @@ TEST_F(MapToolTest, WhatIsAskedIsDoneOrRefused) {
       {{"check", "-", "--no-hints", "--name", "ctf_b.pmp"}, 0, "", ""},
       {{"check", "@/maps/b.PMP"}, 1, "[flag-map-name]\n", ""},
       {{"check", "@/maps/b.PMP", "@/gone.pmp"}, 2, "[flag-map-name]\n", "not found"},
+      {{"check", "@/crowd.pmp"}, 1, "polygons will not fit in full sectors when it is", ""},
       {{"diff", "@/ctf_a.pmp", "@/ctf_a.pmp"}, 0, "", ""},
       {{"diff", "-", "@/maps/b.PMP"}, 0, "", ""},
       {{"diff", "@/ctf_a.pmp", "@/maps/b.PMP"}, 1, "map: changed sector size", ""},
@@ -138,15 +145,18 @@ TEST_F(MapToolTest, ResultsGoToStandardOutputAsTheyAre) {
 TEST_F(MapToolTest, ColoursAreForTerminalsAndNothingInAMapReachesThem) {
   Bench bench;
   bench.Load(DataPath("small.pmp"));
-  bench.map.author = "a\x1b[31mb";
+  bench.map.author = "a\x1b[31mb\x9d";
   bench.Write(run_.folder / "ctf_a.pmp");
   EXPECT_EQ(run_({"info", "@/ctf_a.pmp"}), 0);
-  EXPECT_THAT(run_.console.output, HasSubstr("a?[31mb"));
+  EXPECT_THAT(run_.console.output, HasSubstr("a?[31mb?"));
   EXPECT_THAT(run_.console.output, testing::Not(HasSubstr("\x1b")));
   run_.console.isTerminal = true;
   EXPECT_EQ(run_({"check", "@/ctf_a.pmp"}), 1);
   EXPECT_THAT(run_.console.output, HasSubstr("\x1b[1;31merror\x1b[0m"));
   EXPECT_EQ(run_({"check", "@/ctf_a.pmp", "--json"}), 1);
+  EXPECT_THAT(run_.console.output, testing::Not(HasSubstr("\x1b")));
+  run_.wantsColors = false;
+  EXPECT_EQ(run_({"check", "@/ctf_a.pmp"}), 1);
   EXPECT_THAT(run_.console.output, testing::Not(HasSubstr("\x1b")));
 }
 

@@ -37,6 +37,7 @@ struct ToolRun {
   ScratchFolder folder;
   FaultyFileCalls files;
   MemoryConsole console;
+  bool wantsColors = true;
 
   /// The status it ends with; what it wrote is in `console`, "@/" in `words` names the folder.
   int operator()(std::vector<std::string> words) {
@@ -50,7 +51,8 @@ struct ToolRun {
                           .random = [] { return 0.5; },
                           .tempFolder = [this] { return folder / "temp/"; },
                           .processors = 2,
-                          .gameFolder = {}};
+                          .gameFolder = {},
+                          .wantsColors = wantsColors};
     return map_tool::RunMapTool(words, world);
   }
   /// Puts a file of tests/data into the folder.
