@@ -1,12 +1,8 @@
 // What assistive programs are offered does what a click does, and tells what is shown.
 #include <QAccessible>
 #include <QCheckBox>
-#include <QRadioButton>
-#include <QSet>
 
 #include "qt/panel_window.h"
-#include "tools/qt/tool_panel.h"
-#include "view/qt/view_panel.h"
 
 namespace vesmora {
 namespace {
@@ -106,26 +102,6 @@ TEST_F(AssistiveTest, EveryButtonDoesWhatAClickDoes) {
                    ->actionInterface()
                    ->actionNames()
                    .contains("Toggle"));
-}
-
-TEST_F(AssistiveTest, EveryControlHasItsOwnNameAndExplainsItself) {
-  Refresh(kEdit, kMany);
-  QSet<QString> options;
-  for (auto* option : widget.findChildren<QRadioButton*>()) {
-    const QString name = QAccessible::queryAccessibleInterface(option)->text(QAccessible::Name);
-    EXPECT_TRUE(name.endsWith(option->text()));
-    EXPECT_FALSE(options.contains(name)) << name.toStdString();
-    options << name;
-  }
-  EXPECT_EQ(Find("lAuthor")->accessibleDescription(), "Author");
-  for (const char* name :
-       {"CBtausta1",     "CBtausta2",      "CBnayta6",      "CBverticevari", "CByhista",
-        "CBerota",       "CBtexEiKorjaus", "CBtexPalauta",  "CBtexPoista",   "CBverticeLapi",
-        "CBscenery2",    "CBcollider",     "OBbotNayta0",   "OBbotNayta1",   "OBbotNayta2",
-        "OBbotKumpi1",   "OBbotKumpi2",    "CBbotValinta0", "CBbotValinta1", "CBbotValinta2",
-        "CBbotValinta3", "CBbotValinta4"}) {
-    EXPECT_GT(Find(name)->toolTip().size(), 15) << name;
-  }
 }
 
 }  // namespace

@@ -3,11 +3,8 @@
 
 #include <QAbstractItemView>
 #include <QAccessible>
-#include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
-#include <QRadioButton>
-#include <QSet>
 
 #include "qt/panel_window.h"
 
@@ -37,51 +34,7 @@ class InfoPanelTest : public PanelWindow {
     auto* line = QAccessible::queryAccessibleInterface(Find<QComboBox>(name)->lineEdit());
     line->editableTextInterface()->replaceText(0, line->textInterface()->characterCount(), text);
   }
-  int Tick(const char* name) { return Find<QCheckBox>(name)->checkState(); }
 };
-
-TEST_F(InfoPanelTest, ClicksReachTheirHandlers) {
-  Refresh(kEdit, "v0.0 v0.1 w0 w1");
-  Click("CBnayta6");
-  EXPECT_THAT(editor.show.showFlags, ElementsAre(1, 1, 1, 1, 1, 1, 0));
-  Click("CBnayta0");  // unticks: the others keep theirs
-  EXPECT_THAT(editor.show.showFlags, ElementsAre(0, 0, 0, 0, 0, 0, 0));
-  EXPECT_TRUE(Tick("CBnayta6") && !Tick("CBnayta0"));
-  Click("CBnayta0");
-  Click("CBbotValinta2");  // grey
-  EXPECT_EQ(map.waypoints[1].botSettings[2], 1);
-  EXPECT_EQ(Tick("CBbotValinta2"), Qt::Checked);
-  Click("OBbotNayta1");
-  EXPECT_EQ(editor.show.pathFilter, 1);
-  dialogs.answers = {false};
-  Click("CBverticeLapi");  // keeps its tick until the next refresh
-  EXPECT_TRUE(Tick("CBverticeLapi"));
-  Refresh(kEdit, "v0.0 v0.1 w0 w1");
-  EXPECT_FALSE(Tick("CBverticeLapi"));
-  Refresh(kEdit, "v0.0 v0.1 s0 w0 w1");
-  const QImage before = widget.grab().toImage();
-  editor.panel.panelRefreshing = true;  // while another handler is at work
-  for (const char* name : {"CBnayta1", "CBbotValinta2", "OBbotNayta2"}) Click(name);
-  auto* spawn = Find<QComboBox>("CBspawn");
-  spawn->showPopup();
-  QTest::keyClick(spawn->view(), Qt::Key_End);
-  QTest::keyClick(spawn->view(), Qt::Key_Return);
-  editor.panel.panelRefreshing = false;
-  EXPECT_EQ(widget.grab().toImage(), before) << "a refused click changes nothing";
-  Refresh(kEdit, "v0.0 v0.1 w0 w1");
-  map.backgroundColor1 = {1, 2, 3, 4};
-  dialogs.chosenColors = {0x030201, std::nullopt, 0x405060};
-  for (const char* name : {"CBtexEiKorjaus", "OBbotKumpi2", "CBverticevari", "CBtausta1",
-                           "CBtausta2", "CByhista", "CBtexPalauta", "CBtexPoista", "CBerota"}) {
-    Click(name);
-  }
-  EXPECT_TRUE(editor.tool.next.noTextureCorrection && Tick("CBtexEiKorjaus"));
-  EXPECT_THAT(dialogs.colorRequests, ElementsAre(0, 0x010203, 0));
-  EXPECT_EQ(map.backgroundColor1, (MapColor{1, 2, 3, 4})) << "cancelled";
-  EXPECT_EQ(map.backgroundColor2, (MapColor{0x40, 0x50, 0x60, 0}));
-  EXPECT_THAT(Steps(), ElementsAre("Editing", "Path", "Color", "Background", "Background",
-                                   "Connect", "Texture", "Texture", "Disconnect"));
-}
 
 TEST_F(InfoPanelTest, TypedTextsCountWithEnterOnlyAndOpenedListsOfferRealValues) {
   Refresh(kEdit, "o0 c0");

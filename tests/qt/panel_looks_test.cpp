@@ -158,33 +158,6 @@ TEST_F(PanelLooksTest, AColorButtonHasItsExactColorAndNamesIt) {
   }
 }
 
-TEST_F(PanelLooksTest, AHighlightedCaptionIsRedAndMovesNothing) {
-  const std::array frames = {"Fvertice", "Fspawn", "Fscenery", "Fcollider", "Fbot"};
-  std::map<QWidget*, QRect> places;
-  for (auto* control : widget.findChildren<QWidget*>()) {
-    const bool isOurs = !control->objectName().isEmpty() && !control->inherits("QLineEdit") &&
-                        !control->objectName().startsWith("qt_");
-    if (isOurs) places[control] = control->geometry();
-  }
-  EXPECT_GT(places.size(), 40U);
-  for (int tool = 5; tool >= 0; --tool) {
-    Refresh(static_cast<ToolMode>(tool), "");
-    for (std::size_t i = 0; i < frames.size(); ++i) {
-      auto* frame = Find(frames[i]);
-      const bool isNext = static_cast<int>(i) + 1 == tool;
-      const QRect caption(0, 0, frame->width(), frame->fontMetrics().height());
-      EXPECT_EQ(Count(PictureOf(frame), caption, QColor(255, 0, 0)) > 0, isNext) << frames[i];
-      EXPECT_EQ(Count(OnScreen(frame), caption, QColor(255, 0, 0)) > 0, isNext) << frames[i];
-      EXPECT_EQ(frame->toolTip(), isNext ? "What the next object gets" : "");
-      EXPECT_EQ(QAccessible::queryAccessibleInterface(frame)->text(QAccessible::Description),
-                frame->toolTip());
-    }
-    for (const auto& [control, place] : places) {
-      EXPECT_EQ(control->geometry(), place) << control->objectName().toStdString();
-    }
-  }
-}
-
 TEST_F(PanelLooksTest, LongNamesAreCutAndToldWhole) {
   map.fileName = "/maps/A & " + std::string(60, 'W') + ".pmp";
   map.author = "<b>" + std::string(35, 'M');  // is shown as it is

@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenu>
 #include <QMimeData>
 #include <QRegularExpression>
 #include <QScreen>
@@ -145,6 +146,11 @@ class RecordedWindowTest : protected BoxLetters, public RealWindow {
               .If(!item->isVisible(), "hidden")
               .Text();
     }
+    for (const auto* menu : root.findChildren<QMenu*>(QString(), Qt::FindDirectChildrenOnly)) {
+      QStringList items;
+      for (const QAction* item : menu->actions()) items << item->objectName();
+      present["menu " + menu->title().toStdString()] = items.join(' ').toStdString();
+    }
     present["window"] = Described(root);
     record_ += "== " + step + ", looks " + PictureOf(root) + "\n";
     auto& before = noted_[&root == window.get()];
@@ -193,6 +199,20 @@ class RecordedWindowTest : protected BoxLetters, public RealWindow {
     };
   }
   static void Accept(QDialog& dialog) { dialog.accept(); }
+  /// Drops a file as for a move, and notes what the source hears of it.
+  void Drop(const std::string& dropped, Qt::DropActions possible) {
+    QMimeData data;
+    data.setUrls(
+        {QUrl::fromEncoded("file://" + QByteArray::fromStdString(dropped).toPercentEncoding("/"))});
+    QDragEnterEvent enter({9, 9}, possible, &data, Qt::LeftButton, Qt::ShiftModifier);
+    QApplication::sendEvent(window.get(), &enter);
+    QDropEvent drop({9, 9}, possible, &data, Qt::LeftButton, Qt::ShiftModifier);
+    drop.ignore();
+    QApplication::sendEvent(window.get(), &drop);
+    Settle();
+    Note("drop, told " + std::to_string(enter.dropAction()) + " " +
+         std::to_string(drop.dropAction()) + " " + std::to_string(drop.isAccepted()));
+  }
   /// As it looks on the way, with the button held.
   void NotedDrag(const std::string& step, QPoint from, QPoint to, Qt::MouseButton button) {
     QTest::mouseMove(surface, from);
@@ -212,7 +232,10 @@ class RecordedWindowTest : protected BoxLetters, public RealWindow {
 
   /// With the record, of which the first line that differs is told.
   void Compare() {
-    record_ = ToQt(record_).replace("/0/qt_scrollarea_viewport/0/", "/").toStdString();
+    record_ = ToQt(record_)
+                  .replace("/0/qt_scrollarea_viewport/0/", "/")
+                  .replace(folder_, "~/")
+                  .toStdString();
     const std::string file = DataPath("recorded_window.txt");
     record_.insert(0, std::string("Qt ") + qVersion() + "\n");
     if (std::getenv("VESMORA_RECORD") != nullptr) std::ofstream(file) << record_;
@@ -320,6 +343,12 @@ TEST_F(RecordedWindowTest, GoesAsItDid) {
   import.findChild<QListWidget*>()->setCurrentRow(0);
   Note("prefab", import);
   import.close();
+  const std::string other = folder / "R&D\xFF.pmp";  // no text
+  PutFile(other, FileBytes(DataPath("small.pmp")));
+  Drop(other, Qt::MoveAction);
+  Drop(other, Qt::CopyAction | Qt::MoveAction);
+  Run("MenuNew");
+  Run("File1");
   Run("MenuNew");
   person.answers = {[this](QDialog& dialog) {
     NoteRecoverable(dialog);
