@@ -11,6 +11,7 @@
 #include <deque>
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace vesmora {
@@ -47,13 +48,18 @@ class Person {
  private:
   void Look() {
     auto* front = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-    if (isAnswering_ || front == nullptr || !front->isVisible()) return;
+    if (isAnswering_ || front == nullptr || !front->isVisible() || front == inHand_) return;
     isAnswering_ = true;
     // A timer does not run again inside what it has called, and answers open further boxes.
     QTimer::singleShot(0, front, [this, front] { AnswerTo(*front); });
   }
   void AnswerTo(QDialog& front) {
     isAnswering_ = false;
+    const auto* before = std::exchange(inHand_, &front);  // an answer may wait for what it sees
+    Give(front);
+    inHand_ = before;
+  }
+  void Give(QDialog& front) {
     if (!answers.empty()) {
       const Answer answer = answers.front();
       answers.pop_front();
@@ -69,6 +75,7 @@ class Person {
   Manner manner_;
   QTimer clock_;
   bool isAnswering_ = false;
+  const QDialog* inHand_ = nullptr;
 };
 
 }  // namespace vesmora
