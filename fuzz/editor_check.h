@@ -274,7 +274,8 @@ class EditorWalk : public Bench {
       EXPECT_EQ(ComputeLayout(sizes, seen.width, seen.height).ppalkki.width, 332);
       editor.view.area = ComputeDrawingArea(sizes, seen.width, seen.height);
     }
-    if (what > 4) TurnWheel(editor, (number - 128) * (input_[2] + 1));
+    const int notches = input_[2] % 2 == 0 ? 120 : input_[2] + 1;  // a whole one, or anything
+    if (what > 4) TurnWheel(editor, number < 128 ? -notches : notches);
   }
   void DoPanel() {
     static constexpr auto kPlain = std::to_array<void (*)(PanelEditing&)>(

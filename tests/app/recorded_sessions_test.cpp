@@ -13,9 +13,12 @@
 namespace vesmora {
 namespace {
 
-constexpr std::size_t kRandomActions = 500;
-constexpr unsigned kFirstByteBeyondEdits = 202;  // of the kinds of actions
-constexpr int kWidth = 300;                      // pixels of the window that are painted
+constexpr std::size_t kRandomActions = 700;
+// First bytes of kinds of actions: the tools' end where the views' begin.
+constexpr unsigned kFirstByteOfTools = 186;
+constexpr unsigned kFirstByteBeyondEdits = 202;
+constexpr std::size_t kToolStays = 24;  // actions
+constexpr int kWidth = 300;             // pixels of the window that are painted
 constexpr int kHeight = 200;
 constexpr std::string_view kDigits = "0123456789abcdef";
 
@@ -162,7 +165,10 @@ std::map<std::string, Bytes> Sessions() {
     session.resize(1 + kRandomActions * 4);
     for (std::byte& byte : session) byte = static_cast<std::byte>(random());
     for (std::size_t at = 1; at < session.size(); at += 4) {
-      session[at] = static_cast<std::byte>(random() % kFirstByteBeyondEdits);
+      const std::size_t stays = at / 4 % (2 * kToolStays);
+      // A tool is used for a while, then anything.
+      const unsigned end = stays < kToolStays ? kFirstByteOfTools : kFirstByteBeyondEdits;
+      session[at] = static_cast<std::byte>(stays == 0 ? end : random() % end);
     }
     session[0] = static_cast<std::byte>(seed);
   }
