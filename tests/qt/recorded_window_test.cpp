@@ -14,6 +14,7 @@
 #include <QMimeData>
 #include <QRegularExpression>
 #include <QScreen>
+#include <QStyle>
 #include <fstream>
 #include <map>
 #include <sstream>
@@ -29,11 +30,18 @@
 namespace vesmora {
 namespace {
 
-/// All texts in boxes, whatever fonts there are.
-class BoxLetters {
+/// All texts in boxes, whatever fonts there are, and all faces flat: gradients are not the same on
+/// every processor.
+class PlainLooks {
  protected:
-  BoxLetters() { SetPoints(9); }
-  ~BoxLetters() { QFontDatabase::removeApplicationFont(id_); }
+  PlainLooks() {
+    QApplication::setStyle("windows");
+    SetPoints(9);
+  }
+  ~PlainLooks() {
+    QFontDatabase::removeApplicationFont(id_);
+    QApplication::setStyle(style_);
+  }
   static void SetPoints(int points) {
     QFont boxes("Boxes", points);
     boxes.setHintingPreference(QFont::PreferNoHinting);
@@ -42,6 +50,7 @@ class BoxLetters {
   }
 
  private:
+  const QString style_ = QApplication::style()->name();
   const int id_ = QFontDatabase::addApplicationFont(ToQt(DataPath("boxes.ttf")));
 };
 
@@ -118,7 +127,7 @@ std::string PictureOf(QWidget& shown) {
   return out.str().substr(0, 8);
 }
 
-class RecordedWindowTest : protected BoxLetters, public RealWindow {
+class RecordedWindowTest : protected PlainLooks, public RealWindow {
  protected:
   RecordedWindowTest() {
     QLocale::setDefault(QLocale::c());
