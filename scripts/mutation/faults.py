@@ -44,6 +44,8 @@ CHOICE = re.compile(r"(?<= \? )([\w:.()>-]+) : ([\w:.()>-]+)(?=[;,)])")
 RETURN = re.compile(r"\breturn ([^;{}]+);")
 CALL = re.compile(r"(?!static_cast\b|return\b)[\w:.>*()\[\]-]*[\w\]>]\(.*\);")
 ASSIGNMENT = re.compile(r"[^\s=]+ [-+*/|&%]?= .*;|(?:\+\+|--)\S+;")
+# What {} gives, or what another fault gives already.
+RETURNS_NOTHING = ("0", "true", "false", "nullptr", "std::nullopt", '""')
 # The value of a constant or of a member; not a pure virtual function, not an enumerator.
 VALUE = re.compile(r"[^()=]+ = ([^(){}]*);")
 
@@ -155,7 +157,7 @@ def condition_edits(line: str, text: str) -> Iterator[Edit]:
 
 def statement_edits(line: str, starts_here: bool) -> Iterator[Edit]:
     for match in RETURN.finditer(line):
-        if match[1] not in ("0", "true", "false", "nullptr"):
+        if match[1] not in RETURNS_NOTHING:
             yield match.start(1), match.end(1), "{}"
     bare = line.strip()
     whole = bare.count("(") == bare.count(")")
