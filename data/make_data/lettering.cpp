@@ -74,7 +74,7 @@ Joint BentJoint(Point before, Point at, Point behind, float pen, float cut) {
 
 class LetterMaker {
  public:
-  LetterMaker() : maker_(30, Color(0xFFFFFF), Color(0xFFFFFF)) {}
+  LetterMaker() : maker_(Color(0xFFFFFF), Color(0xFFFFFF)) {}
 
   /// Moved right by `offset` and, to leave room for a mark, squeezed to begin at `top`.
   void AddStrokes(std::string_view strokes, float offset, float top = 0);

@@ -275,7 +275,7 @@ constexpr Piece kPieces[] = {
 std::vector<DataFile> MakePieces() {
   std::vector<DataFile> files;
   for (const Piece& piece : kPieces) {
-    MapMaker maker(30, Color(0xFFFFFF), Color(0xFFFFFF));
+    MapMaker maker(Color(0xFFFFFF), Color(0xFFFFFF));
     piece.make(maker);
     Selection nothing;
     PrepareForSave(maker.Map(), nothing);
