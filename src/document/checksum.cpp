@@ -23,7 +23,7 @@ std::uint64_t Mixed(std::uint64_t sum, std::uint64_t word) {
 
 void Mix(Block& sums, const std::byte* bytes, std::size_t size) {
   Block words{};
-  std::memcpy(words.data(), bytes, size);
+  if (size > 0) std::memcpy(words.data(), bytes, size);  // nothing may lie nowhere
   for (std::size_t i = 0; i < words.size(); ++i) sums[i] = Mixed(sums[i], words[i]);
 }
 

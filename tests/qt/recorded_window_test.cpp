@@ -86,7 +86,7 @@ std::string Described(QWidget& control) {
       .If(state.checked, "checked")
       .If(state.checkStateMixed, "mixed")
       .If(state.disabled, "disabled")
-      .If(control.hasFocus() && !control.window()->inherits("QDialog"), "focused")
+      .If(control.hasFocus() && control.window()->inherits("QMainWindow"), "focused")
       .Add("pointer", control.cursor().shape())
       .Add("focus", control.focusPolicy())
       .Add("menu", control.contextMenuPolicy() - Qt::DefaultContextMenu);
@@ -115,12 +115,16 @@ std::string PathOf(QWidget* control) {
          (name.isEmpty() ? std::to_string(all.indexOf(control)) : name.toStdString());
 }
 
-/// What has been painted of it, not painted for the picture. Of a dialog, which comes to the front
-/// when the system finds the time, neither this nor the focus is noted.
+/// What has been painted of the window, not painted for the picture. Of dialogs and lists, which
+/// the system shows when it finds the time, neither this nor the focus is noted.
 std::string PictureOf(QWidget& shown) {
-  if (shown.inherits("QDialog")) return "as it says";
-  const QImage pixels =
-      shown.screen()->grabWindow(shown.winId()).toImage().convertToFormat(QImage::Format_RGB32);
+  if (!shown.inherits("QMainWindow")) return "as it says";
+  QImage pixels;
+  EXPECT_TRUE(QTest::qWaitFor([&] {
+    pixels = shown.screen()->grabWindow(shown.winId()).toImage();
+    return !pixels.isNull();
+  }));
+  pixels.convertTo(QImage::Format_RGB32);
   std::ostringstream out;
   out << std::hex
       << Checksum(std::as_bytes(std::span(pixels.constBits(), std::size_t(pixels.sizeInBytes()))));
