@@ -167,6 +167,12 @@ TEST_F(SafetyNetTest, WhatCannotBeRedoneIsKeptOnce) {
   window.chosenRescue = kept[0];
   MenuRecover(editor);
   EXPECT_EQ(NewestKept(editor), open);
+  DeleteFile(files, kept[0]);
+  MenuRecover(editor);
+  EXPECT_THAT(ListRecoverable(editor), SizeIs(editor.recoverable)) << "it has looked again";
+  EXPECT_TRUE(std::filesystem::exists(Temp("VesmoraUndo0.tmp")));
+  CleanUpAtSessionEnd(editor);
+  EXPECT_FALSE(std::filesystem::exists(Temp("VesmoraUndo0.tmp"))) << "what was kept needs none";
 }
 
 TEST_F(SafetyNetTest, WhatCannotBeKeptAtTheStartIsFoundByTheNextOne) {
