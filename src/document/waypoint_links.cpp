@@ -21,7 +21,7 @@ void Unlink(Waypoint& waypoint, std::int32_t id) {
 
 /// Each in turn by rising number: removing one can bring equal ones together.
 void UnlinkDeleted(Waypoint& waypoint, const WaypointSlots& deleted) {
-  std::array<std::int32_t, kConnectionCapacity> ids;
+  std::array<std::int32_t, kConnectionCapacity> ids{};
   const auto isDeleted = [&deleted](std::int32_t id) {
     return id >= 1 && id <= kWaypointCapacity && deleted[static_cast<std::size_t>(id - 1)];
   };
