@@ -60,7 +60,6 @@ void FollowDeletion(std::span<Waypoint> waypoints, const WaypointSlots& deleted)
   }
   const auto count = static_cast<std::int32_t>(waypoints.size());
   for (std::size_t slot = 0; slot < waypoints.size(); ++slot) {
-    // Of those that go, the places that become free keep the last one only.
     if (deleted[slot] && slot + 1 < waypoints.size()) continue;
     Waypoint& waypoint = waypoints[slot];
     UnlinkDeleted(waypoint, deleted);

@@ -21,7 +21,8 @@ void AddConnection(Waypoint& from, int targetSlot);
 
 /// Removes the connections to `deleted` slots and renumbers the others as if those slots
 /// were closed up. Of two equal ones next to each other the second stays, as it always
-/// did, and leads to what follows the deleted one.
+/// did, and leads to what follows the deleted one. The deleted records themselves are left as they
+/// are, but the last of all, which stays behind in the places that become free.
 void FollowDeletion(std::span<Waypoint> waypoints, const WaypointSlots& deleted);
 
 }  // namespace vesmora
