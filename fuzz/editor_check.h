@@ -466,6 +466,12 @@ class EditorWalk : public Bench {
   static constexpr std::array<std::uint8_t, kActions.size()> kEnds = {
       63, 99, 123, 139, 163, 185, 193, 201, 209, 213, 218, 222, 227, 235, 243, 247, 251, 255};
 
+ public:
+  /// First bytes from here on mean a tool, and from there on more than editing and looking.
+  static constexpr unsigned kFirstTool = kEnds[5] + 1;
+  static constexpr unsigned kFirstBeyondEdits = kEnds[7] + 1;
+
+ private:
   const bool mayFail_;
   std::array<std::uint8_t, 4> input_{};
   const std::unique_ptr<MapDocument> before_ = std::make_unique<MapDocument>();

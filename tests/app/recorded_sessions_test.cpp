@@ -14,9 +14,6 @@ namespace vesmora {
 namespace {
 
 constexpr std::size_t kRandomActions = 700;
-// First bytes of kinds of actions: the tools' end where the views' begin.
-constexpr unsigned kFirstByteOfTools = 186;
-constexpr unsigned kFirstByteBeyondEdits = 202;
 constexpr std::size_t kToolStays = 24;  // actions
 constexpr int kWidth = 300;             // pixels of the window that are painted
 constexpr int kHeight = 200;
@@ -167,7 +164,8 @@ std::map<std::string, Bytes> Sessions() {
     for (std::size_t at = 1; at < session.size(); at += 4) {
       const std::size_t stays = at / 4 % (2 * kToolStays);
       // A tool is used for a while, then anything.
-      const unsigned end = stays < kToolStays ? kFirstByteOfTools : kFirstByteBeyondEdits;
+      const unsigned end =
+          stays < kToolStays ? EditorWalk::kFirstTool : EditorWalk::kFirstBeyondEdits;
       session[at] = static_cast<std::byte>(stays == 0 ? end : random() % end);
     }
     session[0] = static_cast<std::byte>(seed);

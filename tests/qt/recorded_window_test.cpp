@@ -131,6 +131,33 @@ std::string PictureOf(QWidget& shown) {
   return out.str().substr(0, 8);
 }
 
+using Lines = std::map<std::string, std::string>;  // by what they are about
+
+/// All controls, menus and items of a window.
+Lines LinesOf(QWidget& root) {
+  Lines present;
+  for (auto* control : root.findChildren<QWidget*>()) {
+    const bool isSeen = control->window() == &root && control->isVisibleTo(&root);
+    if (isSeen) present[PathOf(control)] = Described(*control);
+  }
+  for (auto* item : root.findChildren<QAction*>(QRegularExpression("."))) {
+    present["menu " + item->objectName().toStdString()] =
+        Words()
+            .Add("says", item->text())
+            .Add("key", QKeySequence::listToString(item->shortcuts()))
+            .If(!item->isEnabled(), "disabled")
+            .If(!item->isVisible(), "hidden")
+            .Text();
+  }
+  for (const auto* menu : root.findChildren<QMenu*>()) {
+    QStringList items;
+    for (const QAction* item : menu->actions()) items << item->objectName();
+    present["menu " + menu->title().toStdString()] = items.join(' ').toStdString();
+  }
+  present["window"] = Described(root);
+  return present;
+}
+
 class RecordedWindowTest : protected PlainLooks, public RealWindow {
  protected:
   RecordedWindowTest() {
@@ -147,26 +174,7 @@ class RecordedWindowTest : protected PlainLooks, public RealWindow {
       if (label->text().contains(folder_)) label->setText(label->text().replace(folder_, "~/"));
     }
     Settle();
-    std::map<std::string, std::string> present;
-    for (auto* control : root.findChildren<QWidget*>()) {
-      const bool isSeen = control->window() == &root && control->isVisibleTo(&root);
-      if (isSeen) present[PathOf(control)] = Described(*control);
-    }
-    for (auto* item : root.findChildren<QAction*>(QRegularExpression("."))) {
-      present["menu " + item->objectName().toStdString()] =
-          Words()
-              .Add("says", item->text())
-              .Add("key", QKeySequence::listToString(item->shortcuts()))
-              .If(!item->isEnabled(), "disabled")
-              .If(!item->isVisible(), "hidden")
-              .Text();
-    }
-    for (const auto* menu : root.findChildren<QMenu*>()) {
-      QStringList items;
-      for (const QAction* item : menu->actions()) items << item->objectName();
-      present["menu " + menu->title().toStdString()] = items.join(' ').toStdString();
-    }
-    present["window"] = Described(root);
+    const Lines present = LinesOf(root);
     record_ += "== " + step + ", looks " + PictureOf(root) + "\n";
     auto& before = noted_[&root == window.get()];
     if (&root != window.get()) before.clear();
@@ -265,13 +273,14 @@ class RecordedWindowTest : protected PlainLooks, public RealWindow {
       ASSERT_EQ(is.substr(0, is.find(", looks")), was.substr(0, was.find(", looks"))) << step;
       ASSERT_EQ(is, was) << "says the same and looks other";
     }
+    EXPECT_TRUE(seen.peek() == EOF) << "more than is on record";
   }
 
   std::string record_;
 
  private:
   const QString folder_ = ToQt(folder.Path());
-  std::array<std::map<std::string, std::string>, 2> noted_;  // of dialogs, of the window
+  std::array<Lines, 2> noted_;  // of dialogs, of the window
 };
 
 TEST_F(RecordedWindowTest, GoesAsItDid) {
