@@ -97,26 +97,44 @@ class Program:
 
     def with_fault(self, fault: Fault, work: Path) -> Path | None:
         """Builds the program in the empty folder `work`; None when the fault does not compile."""
-        changed = work / fault.path
-        changed.parent.mkdir(parents=True)
-        changed.write_text(fault.plant((self.tree / fault.path).read_text(encoding="utf-8")))
-        objects = []
-        for number, name in enumerate(self.objects[fault.path]):
-            objects.append(str(work / f"{number}.o"))
-            command = list(self.compile[name])
-            command[command.index("-o") + 1] = objects[-1]
-            if command[-1] == str(self.tree / fault.path):
-                command[-1] = str(changed)
-            first = next(i for i, word in enumerate(command) if word.startswith("-I"))
-            command.insert(first, f"-I{work / 'src'}")
-            if not self._run(command):
-                return None
+        objects = self._compile(fault.path, fault.plant(self._source(fault)), work, [])
+        if not objects:
+            return None
         program = work / self.path.name
         command = list(self.link)
         command[command.index("-o") + 1] = str(program)
         first = next(i for i, word in enumerate(command) if word.endswith(".o"))
-        command[first:first] = objects
+        command[first:first] = map(str, objects)
         return program if self._run(command) else None
+
+    def is_equivalent(self, fault: Fault, work: Path) -> bool:
+        """Whether an optimising compiler makes the same of the source with and without the fault."""
+        made = []
+        for text in (self._source(fault), fault.plant(self._source(fault))):
+            objects = self._compile(fault.path, text, work, ["-O2"])
+            made.append([path.read_bytes() for path in objects])
+        return made[0] == made[1]
+
+    def _source(self, fault: Fault) -> str:
+        return (self.tree / fault.path).read_text(encoding="utf-8")
+
+    def _compile(self, path: Path, text: str, work: Path, options: list[str]) -> list[Path]:
+        """All objects that are made from a file, `text` being what it holds; none when one fails."""
+        changed = work / path
+        changed.parent.mkdir(parents=True, exist_ok=True)
+        changed.write_text(text, encoding="utf-8")
+        objects = []
+        for number, name in enumerate(self.objects[path]):
+            objects.append(work / f"{number}.o")
+            command = list(self.compile[name])
+            command[command.index("-o") + 1] = str(objects[-1])
+            if command[-1] == str(self.tree / path):
+                command[-1] = str(changed)
+            first = next(i for i, word in enumerate(command) if word.startswith("-I"))
+            command.insert(first, f"-I{work / 'src'}")
+            if not self._run([*command, *options]):
+                return []
+        return objects
 
     def _run(self, command: list[str]) -> bool:
         # Each is compiled once: a compiler cache would only fill.

@@ -90,11 +90,11 @@ bool IsChanged(Editor& editor) {
 bool PutAside(Editor& editor, RescueCause cause, const std::string& opened) {
   const FileStatus status = Keep(editor, cause, opened.empty() ? editor.recoveredFrom : opened);
   CountRecoverable(editor);
-  const std::pair refused(cause, PresentMap(editor));
-  if (status.Ok() || std::exchange(editor.refused, refused) == refused) {
-    editor.refused.reset();
-    return true;
-  }
+  decltype(editor.refused) refused;
+  if (!status.Ok()) refused.emplace(cause, PresentMap(editor));
+  const bool isGivenUp = refused && refused == editor.refused;
+  editor.refused = isGivenUp ? std::nullopt : refused;
+  if (!editor.refused) return true;
   editor.ports.dialogs.Show({.text = "The map could not be kept in '" + RescuePath(editor.ports) +
                                      "': " + status.reason +
                                      "\nSave it first, or do the same again to give it up.",

@@ -15,8 +15,8 @@ namespace {
 
 constexpr std::size_t kRandomActions = 700;
 constexpr std::size_t kToolStays = 24;  // actions
-constexpr int kWidth = 300;             // pixels of the window that are painted
-constexpr int kHeight = 200;
+constexpr int kWidth = 200;             // pixels of the window that are painted
+constexpr int kHeight = 150;
 constexpr std::string_view kDigits = "0123456789abcdef";
 
 /// All arguments on a line, numbers to the last bit.
@@ -27,33 +27,41 @@ void Put(std::ostream& out, const char* name, const Values&... values) {
   out << '\n';
 }
 
-/// Sums what is drawn, and paints it.
+/// Of a screen with three pixels for two of the window; letters are the toolkit's there.
+class FineCanvas final : public PixelCanvas {
+ public:
+  explicit FineCanvas(const Picture& picture) : PixelCanvas(kMapGround) {
+    SetPicture(picture, 1.5F);
+  }
+  void DrawText(Rgb /*color*/, ScreenPoint /*topLeft*/, std::string_view /*text*/) override {}
+  TextSize MeasureText(std::string_view /*text*/) override { return {}; }
+};
+
+/// Sums what is drawn, and paints it on both kinds of screen.
 class SummingCanvas final : public Canvas {
  public:
-  SummingCanvas() : pixels_(kWidth * kHeight) {}
-
   void Clear() override {
     Add(0);
-    painted_.Clear();
+    Paint([](Canvas& canvas) { canvas.Clear(); });
   }
   void DrawLine(Pen pen, ScreenPoint from, ScreenPoint to) override {
     Add(1, pen, from, to);
-    painted_.DrawLine(pen, from, to);
+    Paint([&](Canvas& canvas) { canvas.DrawLine(pen, from, to); });
   }
   void DrawRectangle(Pen pen, ScreenPoint corner, ScreenPoint opposite) override {
     Add(2, pen, corner, opposite);
-    painted_.DrawRectangle(pen, corner, opposite);
+    Paint([&](Canvas& canvas) { canvas.DrawRectangle(pen, corner, opposite); });
   }
   void DrawCircle(Pen pen, ScreenPoint center, std::int16_t radius) override {
     Add(3, pen, center, radius);
-    painted_.DrawCircle(pen, center, radius);
+    Paint([&](Canvas& canvas) { canvas.DrawCircle(pen, center, radius); });
   }
   void DrawText(Rgb color, ScreenPoint topLeft, std::string_view text) override {
     Add(4, color, topLeft);
     sum_ = Checksum(std::as_bytes(std::span(text)), sum_);
-    painted_.DrawText(color, topLeft, text);
+    Paint([&](Canvas& canvas) { canvas.DrawText(color, topLeft, text); });
   }
-  TextSize MeasureText(std::string_view text) override { return painted_.MeasureText(text); }
+  TextSize MeasureText(std::string_view text) override { return coarse_.MeasureText(text); }
 
   std::uint64_t Sum() const { return Checksum(std::as_bytes(std::span(pixels_)), sum_); }
 
@@ -63,9 +71,16 @@ class SummingCanvas final : public Canvas {
     ((sum_ = Checksum(std::as_bytes(std::span(&values, 1)), sum_)), ...);
   }
 
+  template <typename Action>
+  void Paint(Action action) {
+    action(coarse_);
+    action(fine_);
+  }
+
   std::uint64_t sum_ = 0;
-  std::vector<std::uint32_t> pixels_;
-  MemoryCanvas painted_{{pixels_.data(), kWidth, kWidth, kHeight}, false};
+  std::vector<std::uint32_t> pixels_ = std::vector<std::uint32_t>(2 * kWidth * kHeight);
+  MemoryCanvas coarse_{{pixels_.data(), kWidth, kWidth, kHeight}, false};
+  FineCanvas fine_{{pixels_.data() + kWidth * kHeight, kWidth, kWidth, kHeight}};
 };
 
 void PutPanel(std::ostream& out, const PanelContents& panel) {

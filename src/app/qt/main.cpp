@@ -7,6 +7,7 @@
 
 #include "app/qt/ikkuna.h"
 #include "platform/console.h"
+#include "platform/freed_memory.h"
 #include "platform/qt/font_configuration.h"
 #include "platform/qt/session_end.h"
 
@@ -24,14 +25,19 @@ QIcon ProgramIcon() {
 
 int main(int argc, char** argv) {
   using namespace std::chrono_literals;
+  vesmora::KeepFreedMemory();
   const std::jthread fonts(vesmora::ReadFontConfiguration);
   QApplication application(argc, argv);
   QApplication::setApplicationName("Vesmora");
   QApplication::setApplicationVersion(VESMORA_VERSION);
   QApplication::setDesktopFileName("vesmora");  // what ties its windows to its menu entry
 
+  // The window needs no plugin, but the menu bar would load all that read pictures.
+  const QStringList pluginFolders = QApplication::libraryPaths();
+  QApplication::setLibraryPaths({});
   // On the heap: the window holds whole tables, more than some stacks can take.
   const auto window = std::make_unique<vesmora::Ikkuna>();
+  QApplication::setLibraryPaths(pluginFolders);
   window->show();
   const vesmora::SessionEnd sessionEnd;
   QObject::connect(&sessionEnd, &vesmora::SessionEnd::Announced, window.get(),
