@@ -3,12 +3,12 @@
 // on purpose only. VESMORA_RECORD=1 in the environment records anew.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <fstream>
 #include <map>
 #include <sstream>
 
 #include "../fuzz/editor_check.h"
+#include "support/record.h"
 
 namespace vesmora {
 namespace {
@@ -164,9 +164,27 @@ Record ReadRecord(const std::string& path) {
   return record;
 }
 
+/// Clicks and drags on objects, one tool after the other, and what the Edit menu does with them.
+Bytes WorkOnObjects(unsigned seed) {
+  std::mt19937 random(seed);
+  Bytes session(1 + kRandomActions * 4);
+  for (std::byte& byte : session) byte = static_cast<std::byte>(random());
+  session[0] = static_cast<std::byte>(seed);
+  for (std::size_t at = 1; at < session.size(); at += 4) {
+    constexpr std::array kActions = {50, 70, 70, 110, 170, 170, 190};
+    const auto action = kActions[random() % (at % 100 == 1 ? kActions.size() : 6)];
+    session[at] = static_cast<std::byte>(action);
+    session[at + 3] &= std::byte{0x7C};
+  }
+  return session;
+}
+
 /// What fuzzing kept, and random work with mouse, keys, panel and Edit menu on one map.
 std::map<std::string, Bytes> Sessions() {
   std::map<std::string, Bytes> sessions;
+  for (unsigned seed = 0; seed < 3; ++seed) {
+    sessions["objects" + std::to_string(seed)] = WorkOnObjects(seed);
+  }
   for (const auto& entry :
        std::filesystem::directory_iterator(DataPath("../../fuzz/corpus/editor"))) {
     sessions[entry.path().filename().string()] = FileBytes(entry.path().string());
@@ -193,7 +211,7 @@ TEST(RecordedSessionsTest, GoAsTheyDid) {
   GTEST_SKIP() << "the sign of a not-a-number and the last bit of a sine are the compiler's choice";
 #endif
   const std::string path = DataPath("recorded_sessions.txt");
-  const bool isRecording = std::getenv("VESMORA_RECORD") != nullptr;
+  const bool isRecording = IsRecording();
   const Record known = ReadRecord(path);
   Record record;
   for (const auto& session : Sessions()) {

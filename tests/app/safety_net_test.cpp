@@ -12,6 +12,7 @@
 #include "app/start_up.h"
 #include "app/undo_commands.h"
 #include "document/checksum.h"
+#include "document/undo_file.h"
 #include "support/bench.h"
 #include "support/map_builder.h"
 
@@ -117,6 +118,17 @@ TEST_F(SafetyNetTest, KilledAnywhereTheNextStartKeepsTheMap) {
     }
   }
   EXPECT_GT(kept, kRuns / 2);
+}
+
+TEST_F(SafetyNetTest, AnUndoFileWithAByteOfAnotherIsKnown) {
+  Load(DataPath("small.pmp"));
+  Bytes file = ExactUndoFile(map, selection, 5);
+  for (std::size_t at = 0; at < 48000; at += 331) {
+    file[at] ^= std::byte{1};
+    EXPECT_FALSE(MarkOfWhole(file).has_value()) << at;
+    file[at] ^= std::byte{1};
+  }
+  EXPECT_EQ(MarkOfWhole(file)->sequence, 5);
 }
 
 TEST_F(SafetyNetTest, ASessionThatDoesNotEndAfterAllGoesOnWithItsSteps) {

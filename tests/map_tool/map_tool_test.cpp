@@ -4,6 +4,7 @@
 #include <csignal>
 
 #include "document/selection.h"
+#include "support/map_builder.h"
 #include "support/tool_run.h"
 
 namespace vesmora {
@@ -32,6 +33,9 @@ class MapToolTest : public testing::Test {
     while (!crowd.map.polygons.Full()) crowd.map.polygons.Append(crowd.map.polygons[0]);
     crowd.map.sectors = {};
     crowd.Write(run_.folder / "crowd.pmp");
+    crowd.map = {};
+    AddTriangle(crowd.map, {{{0, 0}, {9, 0}, {0, 9}}});
+    crowd.Write(run_.folder / "tiny.pmp");
     PutFile(run_.folder / "short.pmp", Bytes(99));
     std::filesystem::create_directories(PathOf(run_.folder / "out"));
     std::filesystem::create_directories(PathOf(run_.folder / "none"));
@@ -88,6 +92,7 @@ TEST_F(MapToolTest, WhatIsAskedIsDoneOrRefused) {
       {{"resave", "@/short.pmp", "-o", "@/new.pmp"}, 2, "", "is no Soldat 1.0.5b map"},
       {{"resave", "@/maps/b.PMP", "--json", "-o", "-"}, 2, "", "exclude each other"},
       {{"compile", "@/maps", "-o", "@/out"}, 0, "", ""},
+      {{"compile", "@/tiny.pmp", "-o", "@/y.pmp"}, 2, "", "The map is too small to compile."},
       {{"prefab", "import", "@/x.pre", "@/ctf_a.pmp", "-o", "@/x.pre"}, 2, "", "is one of"},
       {{"prefab", "import", "@/ctf_a.pmp", "@/ctf_a.pmp", "-o", "@/y.pmp"}, 2, "", "no prefab"},
       {{"prefab", "import", "@/x.pre", "@/ctf_a.pmp", "-o", "@/out/y.pmp", "--at", "-5"},

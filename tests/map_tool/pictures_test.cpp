@@ -1,8 +1,6 @@
-// Pictures that are made without a toolkit: filled ground, labels, textures, SVG and PNG.
+// Textures: what of a bitmap is seen on a polygon.
 #include <gmock/gmock.h>
-#include <zlib.h>
 
-#include "map_tool/png_file.h"
 #include "support/bench.h"
 #include "support/map_builder.h"
 #include "view/filled_picture.h"
@@ -84,40 +82,6 @@ TEST(PicturesTest, TexturesOfBitmapsAreLaidOver) {
   }
   file.pop_back();
   EXPECT_FALSE(read().has_value()) << "cut short";
-}
-
-TEST(PicturesTest, PngFilesHoldThePixels) {
-  OwnPicture own(37, 11);
-  for (std::size_t i = 0; i < own.pixels.size(); ++i) {
-    own.pixels[i] = 0xFF000000U | static_cast<std::uint32_t>(i * 40503U) % 0x1000000U;
-  }
-  const Bytes png = map_tool::EncodePng(own.picture);
-  const auto number = [&](std::size_t at) {
-    std::uint32_t value = 0;
-    for (std::size_t i = 0; i < 4; ++i)
-      value = value << 8U | std::to_integer<unsigned>(png[at + i]);
-    return value;
-  };
-  EXPECT_EQ(number(16), 37U);
-  EXPECT_EQ(number(20), 11U);
-  // Chunks follow each other to the end, each with its check sum.
-  std::vector<Bytef> rows((1 + 37 * 3) * 11);
-  std::vector<std::string> types;
-  for (std::size_t at = 8; at < png.size(); at += 12 + number(at)) {
-    const auto* content = reinterpret_cast<const Bytef*>(png.data() + at + 4);
-    types.emplace_back(content, content + 4);
-    EXPECT_EQ(number(at + 8 + number(at)), crc32(0, content, 4 + number(at)));
-    auto size = static_cast<uLongf>(rows.size());
-    if (types.back() == "IDAT") {
-      EXPECT_EQ(uncompress(rows.data(), &size, content + 4, number(at)), Z_OK);
-      EXPECT_EQ(size, rows.size());
-    }
-  }
-  EXPECT_THAT(types, testing::ElementsAre("IHDR", "IDAT", "IEND"));
-  for (std::size_t i = 0; i < own.pixels.size(); ++i) {
-    const Bytef* pixel = &rows[i / 37 * (1 + 37 * 3) + 1 + i % 37 * 3];
-    EXPECT_EQ(pixel[0] * 0x10000U + pixel[1] * 0x100U + pixel[2], own.pixels[i] & 0xFFFFFFU);
-  }
 }
 
 }  // namespace

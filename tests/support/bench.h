@@ -134,9 +134,6 @@ struct Bench {
   Bench(const Bench&) = delete;
   Bench& operator=(const Bench&) = delete;
 
-  /// The pointer that the map shows.
-  PointerShape Pointer() const { return editor.pointer; }
-
   LoadOutcome Load(const std::string& path, bool shiftDown = false, bool isUndo = false) {
     const LoadReport report = LoadMap(map, selection, files, path, isUndo, shiftDown);
     TellLoadReport(editor, path, report);
@@ -227,20 +224,6 @@ struct Bench {
     }
     return names;
   }
-  /// The document that undoing the newest step would bring back.
-  DocumentState BeforeNewestStep() {
-    Bench other;
-    other.map.fileName = map.fileName;
-    other.map.author = map.author;
-    EXPECT_EQ(other.Load(journal.NewestFile(), false, true), LoadOutcome::kLoaded);
-    return StateOf(other.map);
-  }
-
-  void ExpectRefusal(const std::string& text) {
-    const Message message{text, "Problem", MessageIcon::kCritical};
-    EXPECT_THAT(TakeMessages(), testing::ElementsAre(message));
-  }
-
   /// The boxes shown, or all that was asked for, since the last call.
   std::vector<Message> TakeMessages() { return std::exchange(dialogs.messages, {}); }
   EventLog TakeEvents() { return std::exchange(events, {}); }

@@ -18,7 +18,6 @@
 namespace vesmora {
 
 using Act = std::function<void(PanelEditing&)>;
-using Change = std::function<void(MapDocument&)>;
 
 /// A handler that takes something besides the editor, with it.
 template <typename Handler, typename... Arguments>
@@ -29,17 +28,11 @@ Act With(Handler handler, Arguments... arguments) {
 class PanelBench : public Bench {
  public:
   PanelContents& shown = editor.panel.contents;
-  DocumentState drawn;           // the map at the last redraw
-  bool drawnUnderGuard = false;  // panelRefreshing at the last redraw
 
   /// Two triangles, and three of every other kind: the second and third are alike, the
   /// first is not.
   PanelBench() {
     dialogs.before = window.before = [this] { NoteStep(); };
-    window.onRedraw = [this] {
-      drawn = StateOf(map);
-      drawnUnderGuard = editor.panel.panelRefreshing;
-    };
     window.onRefresh = [this] { isStale_ = true; };
     map = {};
     // As a snapshot leaves them, so that it changes nothing.
@@ -98,23 +91,6 @@ class PanelBench : public Bench {
     std::string asked;
     for (const std::string& event : TakeEvents()) asked += (asked.empty() ? "" : ", ") + event;
     return asked;
-  }
-  /// Runs a handler that must ask for exactly `asked` and change the map just so, the change
-  /// being there when the map is redrawn and the undo step bringing back what was before.
-  void Expect(const Act& act, const std::string& asked, const Change& change = {}) {
-    const DocumentState before = StateOf(map);
-    const auto expected = std::make_unique<MapDocument>(map);
-    if (change) change(*expected);
-    drawn = StateOf(*expected);
-    TakeAsked();
-    Handle(act);
-    EXPECT_EQ(TakeAsked(), asked);
-    EXPECT_TRUE(StateOf(map) == StateOf(*expected)) << "the map is not as it should be";
-    EXPECT_TRUE(drawn == StateOf(*expected)) << "drawn too early";
-    EXPECT_FALSE(editor.panel.panelRefreshing);
-    if (asked.find("Step") != std::string::npos) {
-      EXPECT_TRUE(BeforeNewestStep() == before) << "undoing does not bring back what was";
-    }
   }
 
  private:
