@@ -467,6 +467,15 @@ class EditorWalk : public Bench {
       63, 99, 123, 139, 163, 185, 193, 201, 209, 213, 218, 222, 227, 235, 243, 247, 251, 255};
 
  public:
+  // First bytes of these actions.
+  static constexpr int kMove = kEnds[0];
+  static constexpr int kPress = kEnds[1];
+  static constexpr int kRelease = kEnds[2];
+  static constexpr int kPanel = kEnds[4];
+  static constexpr int kEdit = kEnds[5];
+  static constexpr int kTool = kEnds[6];
+  static constexpr int kCommand = kEnds[8];
+  static constexpr int kFault = kEnds[14];
   /// First bytes from here on mean a tool, and from there on more than editing and looking.
   static constexpr unsigned kFirstTool = kEnds[5] + 1;
   static constexpr unsigned kFirstBeyondEdits = kEnds[7] + 1;

@@ -41,7 +41,7 @@ class SafetyNetTest : public testing::Test, protected Bench {
     (old == nullptr ? journal.folder : old->journal.folder) = {};
     next_ = std::make_unique<Editor>(editor.ports);
     next_->journal.folder = HoldUndoFolder(files, editor.ports.tempFolder);
-    FindLostMaps(*next_);
+    problems_ += FindLostMaps(*next_).Ok() ? 0 : 1;
     return *next_;
   }
   std::uint64_t NewestKept(const Editor& of) {
@@ -50,6 +50,7 @@ class SafetyNetTest : public testing::Test, protected Bench {
   }
 
   std::unique_ptr<Editor> next_;
+  int problems_ = 0;  // that a start has told
 };
 
 /// At a random call of a random session. At most one finished edit is missing, and what was saved
@@ -167,6 +168,7 @@ TEST_F(SafetyNetTest, WhatCannotBeRedoneIsKeptOnce) {
   MenuUndo(editor);
   files.FailAll("OpenInPlace", ENOSPC);
   for (int i = 0; i < 2; ++i) MenuUndo(editor);
+  EXPECT_THAT(TakeMessages(), SizeIs(1)) << "that there is no redoing, once";
   files.FailAll("OpenInPlace", 0);
   EXPECT_THAT(ListRecoverable(editor), SizeIs(1));
   EXPECT_EQ(NewestKept(editor), open);
@@ -213,6 +215,7 @@ TEST_F(SafetyNetTest, WhatCannotBeKeptAtTheStartIsFoundByTheNextOne) {
     if (last < calls + call) break;
   }
   EXPECT_GT(failures, 10);
+  EXPECT_GT(problems_, 10);
 }
 
 TEST_F(SafetyNetTest, AnEditorWithAnotherTemporaryFolderThatDiesLaterIsFound) {

@@ -1,15 +1,21 @@
-// What only these systems have: links, permission bits and pipes, and a shared temporary folder.
+// What only these systems have: links, permission bits, pipes and terminals, and a shared temporary
+// folder.
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/time.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <array>
 #include <cerrno>
+#include <csignal>
 #include <cstdlib>
 #include <cstring>
 #include <functional>
 
+#include "platform/console.h"
 #include "platform/temp_folder.h"
 #include "platform/temporary_name.h"
 #include "support/file_contents.h"
@@ -103,6 +109,52 @@ TEST(Files, SymbolicLinksAreSeenThroughOrRefused) {
   Put(folder / "Z", kOld);
   const FolderListing listing = ListFiles(SystemFileCalls(), folder.Path());
   EXPECT_EQ(listing.names, (std::vector<std::string>{"Z", "link", "map"})) << "sorted";
+}
+
+/// In a process of its own: what comes late and cut off by signals is read to the limit.
+TEST(Console, ReadsAndWritesTheStandardStreams) {
+  const ScratchFolder folder;
+  const std::vector<std::byte> sent = SomeBytes(200000, 3);
+  const std::vector<std::byte> first(sent.begin(), sent.end() - 1);
+  std::array<int, 2> pipe = {};
+  ASSERT_EQ(::pipe(pipe.data()), 0);
+  const int terminal = ::posix_openpt(O_RDWR | O_NOCTTY);
+  ASSERT_EQ(::grantpt(terminal) + ::unlockpt(terminal), 0);
+  const pid_t writer = ::fork();
+  if (writer == 0) {
+    ::usleep(30000);
+    ::_exit(::write(pipe[1], sent.data(), sent.size()) == std::ssize(sent) ? 0 : 1);
+  }
+  EXPECT_EQ(
+      ExitCodeOf([&] {
+        ::close(pipe[1]);
+        ::dup2(pipe[0], STDIN_FILENO);
+        ::dup2(::open((folder / "out").c_str(), O_WRONLY | O_CREAT, 0600), STDOUT_FILENO);
+        ::dup2(::open(::ptsname(terminal), O_RDWR | O_NOCTTY), STDERR_FILENO);
+        struct sigaction action = {};
+        action.sa_handler = [](int) {};
+        ::sigaction(SIGALRM, &action, nullptr);
+        const itimerval every{{0, 3000}, {0, 3000}};
+        ::setitimer(ITIMER_REAL, &every, nullptr);
+        Console& console = SystemConsole();
+        const FileContents read = console.ReadInput(first.size());
+        ::setenv("TERM", "xterm", 1);
+        const bool isSeen = console.ErrorIsTerminal() && !console.OutputIsTerminal();
+        ::setenv("TERM", "dumb", 1);
+        console.Tell("told\n");
+        const bool isRead = read.status.Ok() && read.bytes == first;
+        return isRead && isSeen && !console.ErrorIsTerminal() && console.Write(read.bytes).Ok() ? 0
+                                                                                                : 1;
+      }),
+      0);
+  EXPECT_EQ(Get(folder / "out"), first);
+  std::array<char, 5> told = {};
+  EXPECT_EQ(::read(terminal, told.data(), told.size()), 5);
+  EXPECT_EQ(std::string_view(told.data(), 4), "told");
+  ::close(terminal);
+  ::close(pipe[0]);
+  ::close(pipe[1]);
+  ::waitpid(writer, nullptr, 0);
 }
 
 class TempFolder : public testing::Test {
