@@ -301,7 +301,10 @@ class EditorWalk : public Bench {
   const Command& ChosenCommand() const { return Commands()[input_[1] % Commands().size()]; }
   void DoCommand() { Do(ChosenCommand()); }
   void DoEdit() {
-    if (ChosenCommand().menu == CommandMenu::kEdit) Do(ChosenCommand());
+    const auto inMenu = [](const Command& command) { return command.menu == CommandMenu::kEdit; };
+    const auto first = std::ranges::find_if(Commands(), inMenu);
+    const auto count = std::ranges::count_if(Commands(), inMenu);
+    Do(first[input_[1] % count]);
   }
   void Do(const Command& command) {
     if (!command.isEnabled(editor)) return;
@@ -473,7 +476,6 @@ class EditorWalk : public Bench {
   static constexpr int kRelease = kEnds[2];
   static constexpr int kPanel = kEnds[4];
   static constexpr int kEdit = kEnds[5];
-  static constexpr int kTool = kEnds[6];
   static constexpr int kCommand = kEnds[8];
   static constexpr int kFault = kEnds[14];
   /// First bytes from here on mean a tool, and from there on more than editing and looking.

@@ -183,7 +183,7 @@ std::map<std::string, Bytes> Sessions() {
   for (unsigned seed = 0; seed < 3; ++seed) {
     using Walk = EditorWalk;
     constexpr std::array kEdits = {Walk::kPress, Walk::kPress, Walk::kRelease, Walk::kMove,
-                                   Walk::kEdit,  Walk::kEdit,  Walk::kEdit,    Walk::kTool};
+                                   Walk::kEdit,  Walk::kEdit,  Walk::kEdit,    Walk::kPanel};
     constexpr std::array kFailing = {Walk::kPress, Walk::kRelease, Walk::kEdit,  Walk::kEdit,
                                      Walk::kPanel, Walk::kCommand, Walk::kFault, Walk::kFault};
     sessions["objects" + std::to_string(seed)] = WorkOnObjects(seed, kEdits);
