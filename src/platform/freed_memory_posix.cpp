@@ -5,7 +5,7 @@
 namespace vesmora {
 
 void KeepFreedMemory() {
-  constexpr int kKept = 64 << 20;  // bytes: a dozen pictures of a large screen, or maps without end
+  constexpr int kKept = 32 << 20;  // bytes; the most that the system's library takes
   ::mallopt(M_MMAP_THRESHOLD, kKept);
   ::mallopt(M_TRIM_THRESHOLD, kKept);
 }

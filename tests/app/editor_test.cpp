@@ -91,15 +91,7 @@ TEST_F(StartUpTest, TheEndKeepsSettingsAndThenDeletesTheSnapshots) {
   }
 }
 
-class KeysTest : public testing::Test, protected Bench {
- protected:
-  const PolygonVertex& AddSelectedTriangle() {
-    AddTriangle(map, {{{0, 0}, {50, 0}, {0, 50}}});
-    SelectEverything(selection, map);
-    events.clear();
-    return map.polygons[0].vertices[1];
-  }
-};
+class KeysTest : public testing::Test, protected Bench {};
 
 TEST_F(KeysTest, EscapeTakesBackWhatIsInProgressAndNoMore) {
   EXPECT_FALSE(Press(Key::kEscape));
@@ -125,45 +117,6 @@ TEST_F(KeysTest, EscapeTakesBackWhatIsInProgressAndNoMore) {
     if (x == 300) Snapshot("Background");
   }
   EXPECT_EQ(Status(), "1: 1 1 0 0 0, 7 &Undo Polygon");
-
-  MenuNew(editor);
-  const PolygonVertex& corner = AddSelectedTriangle();
-  const auto drag = [&] {
-    const float x = editor.view.LaskeRuutuX(20);
-    const float y = editor.view.LaskeRuutuY(20);
-    PressMouse(editor, {MouseButton::kLeft, x, y});
-    MoveMouse(editor, {MouseButton::kLeft, x + 40, y});
-    EXPECT_EQ(corner.x, 90);
-  };
-  drag();
-  Press(Key::kEscape);
-  EXPECT_EQ(corner.x, 50);
-  EXPECT_EQ(Status(), "0: 1 0 0 0 0, 0 &Undo");
-  drag();
-  const auto hideSpawns = [](PanelEditing& editing) { CBnayta_Click(editing, 2, false); };
-  RunHandler(editor, hideSpawns);  // by keyboard, the button being held
-  Press(Key::kEscape);
-  EXPECT_EQ(corner.x, 90) << "moved before that, and its step is there";
-  EXPECT_EQ(Status(), "0: 1 0 0 0 0, 1 &Undo Move");
-  MenuUndo(editor);
-  PressMouse(editor, {MouseButton::kLeft, 5, 5});
-  MoveMouse(editor, {MouseButton::kLeft, 9, 9});
-  RunHandler(editor, hideSpawns);
-  Press(Key::kEscape);
-  EXPECT_EQ(Status(), "0: 1 0 0 0 0, 0 &Undo");
-  EXPECT_EQ(selection.vertices.Count(), 3) << "a band leaves what was selected";
-  drag();
-  MenuUndo(editor);  // ends a drag as well, and then there is nothing left to take back
-  Press(Key::kRight);
-  Press(Key::kEscape);
-  EXPECT_EQ(corner.x, 51);
-  // An undo file that cannot be read must not leave Escape looking for its step.
-  Snapshot("Color");
-  PressMouse(editor, {MouseButton::kLeft, editor.view.LaskeRuutuX(20), 400});
-  files.FailAll("OpenToRead", EIO);
-  MenuUndo(editor);
-  Press(Key::kEscape);
-  EXPECT_EQ(Status(), "0: 1 0 0 0 0, 1 &Undo Move");
 }
 
 }  // namespace

@@ -126,30 +126,5 @@ TEST(MapDiffTest, EachChangeIsToldInWords) {
   }
 }
 
-/// What is not a number equals itself, and of any two maps the difference is told both ways.
-TEST(MapDiffTest, AnyMapIsTheSameAsItself) {
-  Bench bench;
-  Bench other;
-  for (const std::string map : {"full.pmp", "hostile/floats_0.pmp", "hostile/noise_0.pmp"}) {
-    bench.Load(DataPath(map));
-    EXPECT_THAT(LinesOf(bench.map, bench.map), testing::IsEmpty()) << map;
-    other.Load(DataPath("terrain.pmp"));
-    const auto count = [](const std::vector<std::string>& lines, const std::string& what) {
-      return std::ranges::count_if(lines, [&](auto& line) { return line.ends_with(what); });
-    };
-    const auto there = LinesOf(bench.map, other.map);
-    const auto back = LinesOf(other.map, bench.map);
-    EXPECT_EQ(count(there, ": removed"), count(back, ": added")) << map;
-  }
-  // Polygons that a save has turned are known again among their neighbours, whatever their slots.
-  bench.Load(DataPath("terrain.pmp"));
-  Delete(other.map.polygons, 0);
-  KorjaaSuunnat(other.map);
-  const auto lines = LinesOf(bench.map, other.map);
-  EXPECT_EQ(lines.size(), 95U);
-  EXPECT_EQ(lines.front(), "polygon 1 > polygon: removed");
-  EXPECT_THAT(std::span(lines).subspan(1), testing::Each(testing::EndsWith("corners turned")));
-}
-
 }  // namespace
 }  // namespace vesmora

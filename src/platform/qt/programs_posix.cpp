@@ -6,8 +6,8 @@
 #include "platform/files.h"
 #include "platform/programs.h"
 #include "platform/qt/qt_text.h"
+#include "platform/qt/window_activation.h"
 #include "platform/text.h"
-#include "platform/window_activation.h"
 
 namespace vesmora {
 namespace {

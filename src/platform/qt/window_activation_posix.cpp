@@ -12,7 +12,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/window_activation.h"
+#include "platform/qt/window_activation.h"
 
 namespace vesmora {
 namespace {
