@@ -32,12 +32,8 @@ int main(int argc, char** argv) {
   QApplication::setApplicationVersion(VESMORA_VERSION);
   QApplication::setDesktopFileName("vesmora");  // what ties its windows to its menu entry
 
-  // The window needs no plugin, but the menu bar would load all that read pictures.
-  const QStringList pluginFolders = QApplication::libraryPaths();
-  QApplication::setLibraryPaths({});
   // On the heap: the window holds whole tables, more than some stacks can take.
   const auto window = std::make_unique<vesmora::Ikkuna>();
-  QApplication::setLibraryPaths(pluginFolders);
   window->show();
   const vesmora::SessionEnd sessionEnd;
   QObject::connect(&sessionEnd, &vesmora::SessionEnd::Announced, window.get(),
