@@ -474,8 +474,10 @@ class EditorWalk : public Bench {
   static constexpr int kMove = kEnds[0];
   static constexpr int kPress = kEnds[1];
   static constexpr int kRelease = kEnds[2];
+  static constexpr int kKey = kEnds[3];
   static constexpr int kPanel = kEnds[4];
   static constexpr int kEdit = kEnds[5];
+  static constexpr int kTool = kEnds[6];
   static constexpr int kCommand = kEnds[8];
   static constexpr int kFault = kEnds[14];
   /// First bytes from here on mean a tool, and from there on more than editing and looking.

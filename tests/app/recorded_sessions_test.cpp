@@ -13,6 +13,9 @@
 namespace vesmora {
 namespace {
 
+/// Places in kWalkFiles.
+enum WalkMap : std::uint8_t { kFull = 0, kTerrain = 2 };
+
 constexpr std::size_t kRandomActions = 700;
 constexpr std::size_t kToolStays = 24;  // actions
 constexpr int kWidth = 200;             // pixels of the window that are painted
@@ -164,12 +167,12 @@ Record ReadRecord(const std::string& path) {
   return record;
 }
 
-/// Random work of these actions on terrain.pmp, on objects rather than anywhere.
-Bytes WorkOnObjects(unsigned seed, std::span<const int> actions) {
+/// Random work of these actions, on objects rather than anywhere.
+Bytes WorkOnObjects(WalkMap map, unsigned seed, std::span<const int> actions) {
   std::mt19937 random(seed);
   Bytes session(1 + kRandomActions * 4);
   for (std::byte& byte : session) byte = static_cast<std::byte>(random());
-  session[0] = std::byte{2};
+  session[0] = std::byte{map};
   for (std::size_t at = 1; at < session.size(); at += 4) {
     session[at] = static_cast<std::byte>(actions[random() % actions.size()]);
     session[at + 3] &= std::byte{0x7C};
@@ -184,10 +187,14 @@ std::map<std::string, Bytes> Sessions() {
     using Walk = EditorWalk;
     constexpr std::array kEdits = {Walk::kPress, Walk::kPress, Walk::kRelease, Walk::kMove,
                                    Walk::kEdit,  Walk::kEdit,  Walk::kEdit,    Walk::kPanel};
+    constexpr std::array kTools = {Walk::kPress, Walk::kPress, Walk::kPress, Walk::kRelease,
+                                   Walk::kMove,  Walk::kKey,   Walk::kEdit,  Walk::kTool};
     constexpr std::array kFailing = {Walk::kPress, Walk::kRelease, Walk::kEdit,  Walk::kEdit,
                                      Walk::kPanel, Walk::kCommand, Walk::kFault, Walk::kFault};
-    sessions["objects" + std::to_string(seed)] = WorkOnObjects(seed, kEdits);
-    sessions["failing" + std::to_string(seed)] = WorkOnObjects(seed, kFailing);
+    const std::string number = std::to_string(seed);
+    sessions["objects" + number] = WorkOnObjects(kTerrain, seed, kEdits);
+    sessions["tools" + number] = WorkOnObjects(seed == 0 ? kFull : kTerrain, seed, kTools);
+    sessions["failing" + number] = WorkOnObjects(kTerrain, seed, kFailing);
   }
   for (const auto& entry :
        std::filesystem::directory_iterator(DataPath("../../fuzz/corpus/editor"))) {

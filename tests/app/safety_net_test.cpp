@@ -124,7 +124,9 @@ TEST_F(SafetyNetTest, KilledAnywhereTheNextStartKeepsTheMap) {
 TEST_F(SafetyNetTest, AnUndoFileWithAByteOfAnotherIsKnown) {
   Load(DataPath("small.pmp"));
   Bytes file = ExactUndoFile(map, selection, 5);
-  for (std::size_t at = 0; at < 48000; at += 331) {
+  for (std::size_t at = 0; at < file.size(); at += 331) {
+    const bool isSector = at >= kSectorsOffset && at < kSectorsOffset + sizeof(map.sectors);
+    if (isSector) continue;  // no edit changes them
     file[at] ^= std::byte{1};
     EXPECT_FALSE(MarkOfWhole(file).has_value()) << at;
     file[at] ^= std::byte{1};
