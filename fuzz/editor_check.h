@@ -25,7 +25,7 @@
 #include "panel/refresh_panel.h"
 #include "platform/settings_file.h"
 #include "platform/text.h"
-#include "support/panel_bench.h"
+#include "support/bench.h"
 #include "view/layout.h"
 #include "view/map_picture.h"
 #include "view/memory_canvas.h"
@@ -287,15 +287,18 @@ class EditorWalk : public Bench {
          CBcollider_Change, CBscenery2_Enter, CBcollider_Enter});
     const int number = input_[2];
     const bool isTicked = input_[3] % 2 == 0;
-    std::vector<vesmora::Act> acts(kPlain.begin(), kPlain.end());
-    for (const auto run : kTexted) acts.push_back(With(run, Text(input_[2])));
+    std::vector<std::function<void(PanelEditing&)>> acts(kPlain.begin(), kPlain.end());
+    const auto with = [](auto run, auto... values) {
+      return [=](PanelEditing& editing) { run(editing, values...); };
+    };
+    for (const auto run : kTexted) acts.push_back(with(run, Text(input_[2])));
     for (const auto run : {CBtexEiKorjaus_Click, CBverticeLapi_Click}) {
-      acts.push_back(With(run, isTicked));
+      acts.push_back(with(run, isTicked));
     }
-    acts.push_back(With(CBnayta_Click, number % 7, isTicked));
-    acts.push_back(With(CBbotValinta_Click, number % 5, isTicked));
-    acts.push_back(With(OBbotKumpi_Click, number % 2 + 1));
-    acts.push_back(With(OBbotNayta_Click, number % 3));
+    acts.push_back(with(CBnayta_Click, number % 7, isTicked));
+    acts.push_back(with(CBbotValinta_Click, number % 5, isTicked));
+    acts.push_back(with(OBbotKumpi_Click, number % 2 + 1));
+    acts.push_back(with(OBbotNayta_Click, number % 3));
     RunHandler(editor, acts[input_[1] % acts.size()]);
   }
   const Command& ChosenCommand() const { return Commands()[input_[1] % Commands().size()]; }

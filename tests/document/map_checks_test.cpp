@@ -34,11 +34,11 @@ void MakeSound(MapDocument& map) {
   MakeMapFile(map, selection, 0.5, file);
 }
 
-std::vector<std::string> Found(const MapDocument& map, const std::string& name,
-                               std::int16_t polygonCount) {
+std::vector<std::string> Found(const MapDocument& map, const std::string& name) {
   const auto scratch = std::make_unique<MapDocument>();
   std::vector<std::string> lines;
-  for (const Finding& finding : CheckMap({map, name, polygonCount}, *scratch)) {
+  for (const Finding& finding :
+       CheckMap({map, name, static_cast<std::int16_t>(map.polygons.Count())}, *scratch)) {
     lines.push_back(std::string(finding.severity == Severity::kError ? "error " : "hint ") +
                     std::string(finding.check) + " " + Describe(finding.object) +
                     (finding.place ? " at " + PlaceText(*finding.place) : ""));
@@ -183,31 +183,8 @@ TEST(MapChecksTest, EachFaultIsFoundWhereItIs) {
     const auto map = std::make_unique<MapDocument>();
     MakeSound(*map);
     fault.plant(*map);
-    EXPECT_THAT(Found(*map, fault.name, static_cast<std::int16_t>(map->polygons.Count())),
-                ElementsAreArray(fault.found))
+    EXPECT_THAT(Found(*map, fault.name), ElementsAreArray(fault.found))
         << "fault " << &fault - faults.data();
-  }
-}
-
-/// Nothing is made of what a wrong number of polygons leaves unsure.
-TEST(MapChecksTest, NumbersOfPolygonsThatCannotBe) {
-  const auto map = std::make_unique<MapDocument>();
-  MakeSound(*map);
-  map->polygons.Clear();
-  for (const std::int16_t count : {std::int16_t{-1}, std::int16_t{401}}) {
-    EXPECT_THAT(Found(*map, "a.pmp", count), testing::ElementsAre("error polygon-count map"));
-  }
-}
-
-/// What a save leaves needs no other save.
-TEST(MapChecksTest, SavedMapsHaveNothingToSave) {
-  for (const std::string map : {"terrain_saved.pmp", "small_compiled.pmp", "full_saved.pmp"}) {
-    Bench bench;
-    bench.Load(DataPath(map));
-    for (const std::string& line : Found(bench.map, map, 0)) {
-      EXPECT_THAT(line, testing::Not(testing::HasSubstr("save-changes"))) << map;
-      EXPECT_THAT(line, testing::Not(testing::HasSubstr("free-slots"))) << map;
-    }
   }
 }
 

@@ -30,10 +30,12 @@ class AssistiveTest : public PanelWindow {
     dialogs.answers = {true};
     dialogs.chosenColors = {0x102030};
     Refresh(kEdit, kMany);
-    TakeAsked();
+    TakeEvents();
     triggered = 0;
     deed();
-    std::string effect = std::to_string(triggered) + " " + TakeAsked() + " ";
+    std::string effect = std::to_string(triggered) + " ";
+    for (const std::string& event : TakeEvents()) effect += event + " ";
+    effect += journal.caption;
     for (const auto* button : widget.findChildren<QAbstractButton*>()) {
       const auto* box = qobject_cast<const QCheckBox*>(button);
       const int state = box != nullptr ? box->checkState() : (button->isChecked() ? 2 : 0);

@@ -1,18 +1,12 @@
-// Start and end, what the settings keep between runs, keys and the table of commands.
+// Start and end, and what the settings keep between runs.
+#include "app/start_up.h"
+
 #include <gmock/gmock.h>
 
-#include <cerrno>
 #include <filesystem>
 
-#include "app/commands.h"
-#include "app/keys.h"
-#include "app/start_up.h"
-#include "app/undo_commands.h"
-#include "app/view_commands.h"
 #include "app/window_placement.h"
-#include "panel/panel_handlers.h"
 #include "support/bench.h"
-#include "support/map_builder.h"
 
 namespace vesmora {
 namespace {
@@ -89,34 +83,6 @@ TEST_F(StartUpTest, TheEndKeepsSettingsAndThenDeletesTheSnapshots) {
     settings.values["Windows/Width"] = text;
     EXPECT_EQ(LoadPlacement(settings).width.value_or(-1), width) << text;
   }
-}
-
-class KeysTest : public testing::Test, protected Bench {};
-
-TEST_F(KeysTest, EscapeTakesBackWhatIsInProgressAndNoMore) {
-  EXPECT_FALSE(Press(Key::kEscape));
-  EXPECT_THAT(events, IsEmpty()) << "nothing in progress";
-  Choose(ToolMode::kAddPolygon);
-  Click(300, 300);
-  Choose(ToolMode::kAddSpawn);  // the triangle given up takes nothing of what follows with it
-  Click(300, 300);
-  Press(Key::kEscape);
-  EXPECT_EQ(Status(), "2: 0 1 0 0 0, 2 &Undo Spwan");
-  Choose(ToolMode::kAddPolygon);
-  editor.tool.next.vertexColor = {1, 2, 3};
-  Click(300, 300);
-  dialogs.chosenColors = {0x030201};
-  RunHandler(editor, CBtausta1_Click);
-  Press(Key::kEscape);
-  EXPECT_EQ(map.backgroundColor1.blue, 3) << "chosen elsewhere in between";
-  EXPECT_EQ(editor.tool.next.vertexColor, (Rgb{1, 2, 3})) << "as chosen for the next one";
-  EXPECT_EQ(Status(), "1: 0 1 0 0 0, 4 &Undo Background");
-  // Finished after such a step, the triangle is a step of its own.
-  for (const float x : {300.f, 400.f, 350.f}) {
-    Click(x, x == 350 ? 400.f : 300.f);
-    if (x == 300) Snapshot("Background");
-  }
-  EXPECT_EQ(Status(), "1: 1 1 0 0 0, 7 &Undo Polygon");
 }
 
 }  // namespace
