@@ -2,6 +2,6 @@
 
 namespace vesmora {
 
-void KeepFreedMemory() {}  // the system's heap does so of itself
+void KeepFreedMemory() {}  // the heap of this system offers no such choice
 
 }  // namespace vesmora

@@ -175,7 +175,7 @@ Bytes WorkOnObjects(WalkMap map, unsigned seed, std::span<const int> actions) {
   session[0] = std::byte{map};
   for (std::size_t at = 1; at < session.size(); at += 4) {
     session[at] = static_cast<std::byte>(actions[random() % actions.size()]);
-    session[at + 3] &= std::byte{0x7C};
+    session[at + 3] &= std::byte{0x7C};  // the place is that of an object
   }
   return session;
 }

@@ -59,8 +59,8 @@ TEST(RecordedResultsTest, TellEachByteThatDiffers) {
 #endif
   ToolRun run;
   Bench bench;
-  run.Put("before.pmp", "small_compiled.pmp");
-  ASSERT_EQ(bench.Load(DataPath("small_compiled.pmp")), LoadOutcome::kLoaded);
+  run.Put("before.pmp", "terrain_compiled.pmp");
+  ASSERT_EQ(bench.Load(DataPath("terrain_compiled.pmp")), LoadOutcome::kLoaded);
   std::string results;
   VisitTables(bench.map, [&](auto& table) {
     const auto bytes = std::as_writable_bytes(std::span(&table[table.last / 2], 1));
@@ -87,11 +87,11 @@ TEST(RecordedResultsTest, TellWhatRandomEditsDid) {
 #endif
   ToolRun run;
   std::mt19937 random(1);
-  run.Put("before.pmp", "small_saved.pmp");
+  run.Put("before.pmp", "terrain_saved.pmp");
   std::string results;
   for (int i = 0; i < 60; ++i) {
     Bench bench;
-    ASSERT_EQ(bench.Load(DataPath("small_saved.pmp")), LoadOutcome::kLoaded);
+    ASSERT_EQ(bench.Load(DataPath("terrain_saved.pmp")), LoadOutcome::kLoaded);
     VisitTables(bench.map, [&](auto& table) {
       for (auto edits = table.Empty() ? 0 : random() % 4; edits > 0; --edits) {
         const auto used = table.Used();
