@@ -113,7 +113,7 @@ class Program:
         for text in (self._source(fault), fault.plant(self._source(fault))):
             objects = self._compile(fault.path, text, work, ["-O2"])
             made.append([path.read_bytes() for path in objects])
-        return made[0] == made[1]
+        return bool(made[0]) and made[0] == made[1]
 
     def _source(self, fault: Fault) -> str:
         return (self.tree / fault.path).read_text(encoding="utf-8")

@@ -26,6 +26,7 @@
 #include "platform/qt/qt_text.h"
 #include "real_window.h"
 #include "support/map_builder.h"
+#include "support/record.h"
 
 namespace vesmora {
 namespace {
@@ -262,7 +263,7 @@ class RecordedWindowTest : protected PlainLooks, public RealWindow {
                   .toStdString();
     const std::string file = DataPath("recorded_window.txt");
     record_.insert(0, std::string("Qt ") + qVersion() + "\n");
-    if (std::getenv("VESMORA_RECORD") != nullptr) std::ofstream(file) << record_;
+    if (IsRecording()) std::ofstream(file) << record_;
     std::ifstream known(file);
     std::istringstream seen(record_);
     std::string step;

@@ -19,7 +19,8 @@ inline void CompareWithRecord(const std::string& file, const std::string& result
   constexpr std::ptrdiff_t kBefore = 300;
   EXPECT_TRUE(std::ranges::equal(known, bytes))
       << "Now, from a little before the first difference:\n"
-      << results.substr(static_cast<std::size_t>(std::max(differs - kBefore, {})), 2000);
+      << results.substr(static_cast<std::size_t>(std::max(differs - kBefore, std::ptrdiff_t{0})),
+                        2000);
 }
 
 }  // namespace vesmora

@@ -6,11 +6,10 @@
 #include <sstream>
 
 #include "app/window_placement.h"
-#include "document/checksum.h"
 #include "support/record.h"
+#include "support/sheet.h"
 #include "view/clip.h"
 #include "view/layout.h"
-#include "view/pixel_canvas.h"
 
 namespace vesmora {
 namespace {
@@ -90,25 +89,10 @@ TEST_F(RecordedValuesTest, WhatIsSeenOfLinesAndCircles) {
   CompareWithRecord("recorded_lines.txt", text_.str());
 }
 
-/// Of pens of one to three pixels.
-class Sheet final : public PixelCanvas {
- public:
-  explicit Sheet(float ratio) : PixelCanvas(kMapGround), pixels_(kWidth * kHeight) {
-    SetPicture({pixels_.data(), kWidth, kWidth, kHeight}, ratio);
-    Clear();
-  }
-  void DrawText(Rgb /*color*/, ScreenPoint /*topLeft*/, std::string_view /*text*/) override {}
-  TextSize MeasureText(std::string_view /*text*/) override { return {}; }
-  std::uint64_t Sum() const { return Checksum(std::as_bytes(std::span(pixels_))); }
-
- private:
-  std::vector<std::uint32_t> pixels_;
-};
-
 TEST_F(RecordedValuesTest, Strokes) {
   for (int i = 0; i < 600; ++i) {
     const float ratio = OneOf({1.F, 1.25F, 2.F, 2.5F});
-    Sheet sheet(ratio);
+    Sheet sheet(kWidth, kHeight, ratio);
     const Pen pen = {
         OneOf({Rgb{1, 2, 3}, Rgb{9, 9, 9}}),
         OneOf({PenStyle::kSolid, PenStyle::kDash, PenStyle::kDot, PenStyle::kDashDot})};
