@@ -121,16 +121,16 @@ Ikkuna::Ikkuna()
   setAcceptDrops(true);
   setWindowTitle(ToQt(WindowTitle(VESMORA_VERSION, VESMORA_COMMENTS)));
   resize(FirstSize());
-  BuildPanels();
+  client_ = new QWidget(this);
+  setCentralWidget(client_);
   BuildMenus();
+  BuildPanels();
   ConnectSurface();
   ConnectPanels();
   qApp->installEventFilter(this);
 }
 
 void Ikkuna::BuildPanels() {
-  client_ = new QWidget(this);
-  setCentralWidget(client_);
   surface_ = new MapSurface(client_);
   pyla_ = new ToolPanel(client_);
   pala_ = new ViewPanel(client_);

@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QFontMetrics>
 #include <QIcon>
 #include <QTimer>
 #include <chrono>
@@ -8,7 +9,6 @@
 #include "app/qt/ikkuna.h"
 #include "platform/console.h"
 #include "platform/freed_memory.h"
-#include "platform/qt/font_configuration.h"
 #include "platform/qt/session_end.h"
 
 namespace {
@@ -21,16 +21,20 @@ QIcon ProgramIcon() {
   return icon;
 }
 
+/// Lets the toolkit find the system's fonts, which takes as long as building the window does
+/// without them. Any thread can.
+void FindFonts(const QString& family) { static_cast<void>(QFontMetrics(QFont(family)).height()); }
+
 }  // namespace
 
 int main(int argc, char** argv) {
   using namespace std::chrono_literals;
   vesmora::KeepFreedMemory();
-  const std::jthread fonts(vesmora::ReadFontConfiguration);
   QApplication application(argc, argv);
   QApplication::setApplicationName("Vesmora");
   QApplication::setApplicationVersion(VESMORA_VERSION);
   QApplication::setDesktopFileName("vesmora");  // what ties its windows to its menu entry
+  const std::jthread fonts(FindFonts, QApplication::font().family());
 
   // On the heap: the window holds whole tables, more than some stacks can take.
   const auto window = std::make_unique<vesmora::Ikkuna>();

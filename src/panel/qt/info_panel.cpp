@@ -42,9 +42,9 @@ int InfoPanel::WidthFor(int height) const {
   return scroll_->BreadthFor(height - lost) + lost;
 }
 
-void InfoPanel::changeEvent(QEvent* event) {
-  QFrame::changeEvent(event);
-  if (event->type() == QEvent::FontChange) PlaceAuthor();
+bool InfoPanel::event(QEvent* event) {
+  if (event->type() == QEvent::Polish || event->type() == QEvent::FontChange) PlaceAuthor();
+  return QFrame::event(event);
 }
 
 ElidedLabel* InfoPanel::MakeLabel(const char* name, const QString& widest,

@@ -49,7 +49,7 @@ class InfoPanel final : public QFrame {
   void ListClosed();
 
  protected:
-  void changeEvent(QEvent* event) override;
+  bool event(QEvent* event) override;
 
  private:
   /// Which part of the contents a control shows.

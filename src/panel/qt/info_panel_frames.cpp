@@ -45,7 +45,6 @@ void InfoPanel::BuildMapInfo(QBoxLayout& column) {
   author->setAccessibleDescription("Author");
   besideMapNames_->addWidget(author);
   besideMapNames_->addStretch();
-  PlaceAuthor();
   grid->addLayout(besideMapNames_, 0, 0);
   row->addWidget(names, 1, Qt::AlignTop);
   row->addWidget(MakeLabel(
