@@ -96,8 +96,7 @@ class EditorWalk : public Bench {
 
   void Act() {
     ++now;
-    *before_ = map;
-    isPlain_ = editor.activity.Is(ActivityKind::kNone);
+    NoteBefore();
     nextRandom = input_[3] / 256.0;
     const auto end = std::ranges::lower_bound(kEnds, input_[0]);
     (this->*kActions[static_cast<std::size_t>(end - kEnds.begin())])();
@@ -107,6 +106,11 @@ class EditorWalk : public Bench {
     onAction();
     events.clear();
     dialogs.messages.clear();
+  }
+
+  void NoteBefore() {
+    *before_ = map;
+    isPlain_ = editor.activity.Is(ActivityKind::kNone);
   }
 
   void CheckState() {
@@ -249,7 +253,14 @@ class EditorWalk : public Bench {
   }
   MouseButton Button() const { return input_[3] > 208 ? MouseButton::kRight : MouseButton::kLeft; }
   void DoMove() { PointAt(editor, Somewhere(MouseButton::kNone)); }
-  void DoPress() { PressMouse(editor, Somewhere(Button())); }
+  void DoPress() {
+    const MouseInput place = Somewhere(Button());
+    if (input_[3] % 4 == 0) {  // as a hand does, so that the object there is found
+      PointAt(editor, place);
+      NoteBefore();
+    }
+    PressMouse(editor, place);
+  }
   void DoRelease() { ReleaseMouse(editor, Somewhere(Button())); }
   void DoKey() {
     const auto key = static_cast<Key>(input_[1] % (static_cast<int>(Key::kEscape) + 1));

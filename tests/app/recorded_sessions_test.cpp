@@ -9,6 +9,7 @@
 #include <sstream>
 
 #include "../fuzz/editor_check.h"
+#include "document/session_note.h"
 #include "support/record.h"
 #include "support/sheet.h"
 
@@ -134,6 +135,9 @@ std::string Seen(EditorWalk& walk) {
   const SelectionBlock selected = PackSelection(walk.selection, walk.map);
   Put(out, "image", Checksum(ImageOf(walk.map)), walk.map.fileName, walk.map.author);
   Put(out, "selection", Checksum(std::as_bytes(std::span(&selected, 1))));
+  Put(out, "keys", Checksum(std::as_bytes(std::span(editor.waypointKeys))));
+  const SessionNote note = ReadSessionNote(SystemFileCalls(), walk.journal.folder.path);
+  Put(out, "note", note.sequence, note.savedMap, note.file, note.mapPath);
   PutPanel(out, editor.panel.contents);
   for (const std::string& event : walk.events) Put(out, "event", event);
   for (const Message& message : walk.dialogs.messages) Put(out, "message", message);

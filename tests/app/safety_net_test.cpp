@@ -12,6 +12,7 @@
 #include "app/start_up.h"
 #include "app/undo_commands.h"
 #include "document/checksum.h"
+#include "document/session_note.h"
 #include "document/undo_file.h"
 #include "support/bench.h"
 #include "support/map_builder.h"
@@ -191,6 +192,18 @@ TEST_F(SafetyNetTest, WhatCannotBeRedoneIsKeptOnce) {
   EXPECT_FALSE(std::filesystem::exists(Temp("VesmoraUndo0.tmp"))) << "what was kept needs none";
 }
 
+TEST_F(SafetyNetTest, AStepThatCannotBeReadGoesAndSoDoesWhatWasUndone) {
+  for (int mark = 1; mark <= 3; ++mark) Edit(mark);
+  const std::uint64_t open = Fingerprint(map);
+  MenuUndo(editor);
+  DeleteFile(files, journal.NewestFile());
+  std::filesystem::create_directory(journal.NewestFile());
+  MenuUndo(editor);
+  EXPECT_EQ(map.sectorDivision, 2);
+  EXPECT_EQ(journal.caption + journal.redoCaption, "&Undo Step1&Redo");
+  EXPECT_EQ(NewestKept(editor), open);
+}
+
 TEST_F(SafetyNetTest, WhatCannotBeKeptAtTheStartIsFoundByTheNextOne) {
   int failures = 0;
   for (int call = 1; call < files.Count(); ++call) {
@@ -251,6 +264,7 @@ TEST_F(SafetyNetTest, AFolderThatWasTakenAwayIsNoLongerOurs) {
   EXPECT_THAT(TakeMessages(), ElementsAre(testing::Field(&Message::text, HasSubstr("Recover"))));
   Edit(2);
   EXPECT_EQ(journal.folder.path, Temp("2/"));
+  EXPECT_EQ(ReadSessionNote(files, journal.folder.path).savedMap, editor.savedMap);
   EXPECT_EQ(journal.caption, "&Undo Step2");
   EXPECT_TRUE(CleanUp(editor));
   MenuNew(editor);

@@ -11,7 +11,7 @@
 namespace vesmora {
 namespace {
 
-using testing::ElementsAre, testing::IsEmpty;
+using testing::ElementsAre, testing::EndsWith, testing::IsEmpty;
 
 using Slots = std::array<std::string, kRecentSlots>;
 
@@ -39,6 +39,10 @@ TEST_F(StartUpTest, TheFirstActivationTellsWhatIsMissing) {
                                   "Warning", MessageIcon::kExclamation}));
   EXPECT_EQ(drawn, 1) << "nothing is drawn before the end";
   EXPECT_LT(std::ranges::find(events, "LayOut"), std::ranges::find(events, "Show File error"));
+  editor.ports.tempProblem = "It is full.";
+  EXPECT_THAT(Start("").back().text, EndsWith("full.\nUndo files go to '" + Temp("'.")));
+  editor.ports.tempFolder.clear();
+  EXPECT_THAT(Start("").back().text, EndsWith("full.\nNothing can be undone."));
   EXPECT_EQ(WindowTitle("1.2", "BETA") + WindowTitle("1.2", "Beta"),
             "Vesmora  1.2 BETAVesmora  1.2");
 }

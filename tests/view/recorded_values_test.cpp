@@ -1,11 +1,13 @@
-// What is computed of numbers drawn at random, against a record: places of window and panels, what
-// of a line is seen, strokes of every kind. VESMORA_RECORD=1 in the environment records anew.
+// What is computed of numbers drawn at random, against a record: places of window and panels,
+// posters, what of a line is seen, strokes of every kind. VESMORA_RECORD=1 in the environment
+// records anew.
 #include <gtest/gtest.h>
 
 #include <random>
 #include <sstream>
 
 #include "app/window_placement.h"
+#include "map_tool/poster.h"
 #include "support/record.h"
 #include "support/sheet.h"
 #include "view/clip.h"
@@ -75,6 +77,21 @@ TEST_F(RecordedValuesTest, PlacesOfWindowAndPanels) {
     text_ << '\n';
   }
   CompareWithRecord("recorded_places.txt", text_.str());
+}
+
+TEST_F(RecordedValuesTest, Posters) {
+  for (const std::size_t count : {1U, 2U, 3U, 7U, 50U, 500U, 3000U, 20000U, 100000U, 100001U}) {
+    for (const int side : {0, 1, 64, 300, 4000}) {
+      map_tool::PictureOptions options;
+      options.width = side;
+      options.height = side / 2 + 1;
+      options.isSizeTold = side > 0;
+      const map_tool::PosterLayout layout = map_tool::LayOutPoster(count, options);
+      Put(count, side, "->", layout.columns, layout.rows, layout.tileWidth, layout.tileHeight);
+      Put(layout.Width(), layout.Height(), layout.problem, "\n");
+    }
+  }
+  CompareWithRecord("recorded_posters.txt", text_.str());
 }
 
 TEST_F(RecordedValuesTest, WhatIsSeenOfLinesAndCircles) {
