@@ -70,11 +70,18 @@ void PanelCombo::initStyleOption(QStyleOptionComboBox* option) const {
   if (currentIndex() < 0 && !isEditable()) option->currentText = outside_;
 }
 
-QSize PanelCombo::sizeHint() const {
-  int width = 0;
+int PanelCombo::WidestValue() const {
+  if (widestValue_ > 0 && measuredFont_ == font()) return widestValue_;
+  measuredFont_ = font();
+  widestValue_ = 0;
   for (const std::string_view value : values_) {
-    width = std::max(width, fontMetrics().horizontalAdvance(ToQt(value)));
+    widestValue_ = std::max(widestValue_, fontMetrics().horizontalAdvance(ToQt(value)));
   }
+  return widestValue_;
+}
+
+QSize PanelCombo::sizeHint() const {
+  int width = WidestValue();
   if (isEditable()) width += kLineEditMargins;
   QStyleOptionComboBox option;
   initStyleOption(&option);
