@@ -64,6 +64,8 @@ class EditorWalk : public Bench {
     editor.ports.programFolder = DataPath("../../data/");
     now = 8'000'000'000'000;  // later than any file, so that what is kept last is the newest
     std::filesystem::create_directories(folder / "game/MAPS");
+    std::filesystem::create_directories(folder / "game/MapMaker");
+    PutFile(folder / "game/MapMaker/MapMaker.exe", {});
     PutFile(folder / "game/Soldat.exe", {});
     std::filesystem::copy_file(Named(1), PathOf(folder / "game/MAPS/small.pmp"));
     dialogs.before = [this] { Answer(); };
@@ -242,8 +244,9 @@ class EditorWalk : public Bench {
            PlaceOf(scenery),
            {scenery.x + along.x, scenery.y + along.y},
            {scenery.x + along.x + across.x, scenery.y + along.y + across.y}}};
+      constexpr std::array kBeside = {0.F, 0.F, 0.F, 2.5F, -3.5F, 5.F};
       const WorldPoint object = objects[how / 4 % 5U];
-      place = {view.LaskeRuutuX(object.x), view.LaskeRuutuY(object.y)};
+      place = {view.LaskeRuutuX(object.x + kBeside[how / 20 % 6U]), view.LaskeRuutuY(object.y)};
     } else if (how % 4 == 1) {
       place = {view.lastMouseX + static_cast<float>(a % 32 - 16),
                view.lastMouseY + static_cast<float>(b % 32 - 16)};

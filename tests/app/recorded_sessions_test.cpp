@@ -17,7 +17,8 @@ namespace vesmora {
 namespace {
 
 /// Places in kWalkFiles.
-enum WalkMap : std::uint8_t { kFull = 0, kTerrain = 2 };
+constexpr std::size_t kFull = 0;
+constexpr std::size_t kTerrain = 2;
 
 constexpr std::size_t kRandomActions = 700;
 constexpr std::size_t kToolStays = 24;  // actions
@@ -163,12 +164,18 @@ Record ReadRecord(const std::string& path) {
   return record;
 }
 
-/// Random work of these actions, on objects rather than anywhere.
-Bytes WorkOnObjects(WalkMap map, unsigned seed, std::span<const int> actions) {
-  std::mt19937 random(seed);
+/// Any work on a map, a place in kWalkFiles.
+Bytes RandomSession(std::mt19937& random, std::size_t map) {
   Bytes session(1 + kRandomActions * 4);
   for (std::byte& byte : session) byte = static_cast<std::byte>(random());
-  session[0] = std::byte{map};
+  session[0] = static_cast<std::byte>(map);
+  return session;
+}
+
+/// Random work of these actions, on objects rather than anywhere.
+Bytes WorkOnObjects(std::size_t map, unsigned seed, std::span<const int> actions) {
+  std::mt19937 random(seed);
+  Bytes session = RandomSession(random, map);
   for (std::size_t at = 1; at < session.size(); at += 4) {
     session[at] = static_cast<std::byte>(actions[random() % actions.size()]);
     session[at + 3] &= std::byte{0x7C};  // the place is that of an object
@@ -188,7 +195,9 @@ std::map<std::string, Bytes> Sessions() {
     constexpr std::array kFailing = {Walk::kPress, Walk::kRelease, Walk::kEdit,  Walk::kEdit,
                                      Walk::kPanel, Walk::kCommand, Walk::kFault, Walk::kFault};
     const std::string number = std::to_string(seed);
-    sessions["objects" + number] = WorkOnObjects(kTerrain, seed, kEdits);
+    const auto oddLinks = std::ranges::find(kWalkFiles, "hostile/target_0.pmp");
+    const auto hostile = static_cast<std::size_t>(oddLinks - kWalkFiles.begin());
+    sessions["objects" + number] = WorkOnObjects(seed == 0 ? hostile : kTerrain, seed, kEdits);
     sessions["tools" + number] = WorkOnObjects(seed == 0 ? kFull : kTerrain, seed, kTools);
     sessions["failing" + number] = WorkOnObjects(kTerrain, seed, kFailing);
   }
@@ -198,9 +207,7 @@ std::map<std::string, Bytes> Sessions() {
   }
   for (std::size_t seed = 0; seed < kWalkFiles.size(); ++seed) {
     std::mt19937 random(static_cast<unsigned>(seed));
-    Bytes& session = sessions["random" + std::to_string(seed)];
-    session.resize(1 + kRandomActions * 4);
-    for (std::byte& byte : session) byte = static_cast<std::byte>(random());
+    Bytes& session = sessions["random" + std::to_string(seed)] = RandomSession(random, seed);
     for (std::size_t at = 1; at < session.size(); at += 4) {
       const std::size_t stays = at / 4 % (2 * kToolStays);
       // A tool is used for a while, then anything.
@@ -208,7 +215,6 @@ std::map<std::string, Bytes> Sessions() {
           stays < kToolStays ? EditorWalk::kFirstTool : EditorWalk::kFirstBeyondEdits;
       session[at] = static_cast<std::byte>(stays == 0 ? end : random() % end);
     }
-    session[0] = static_cast<std::byte>(seed);
   }
   return sessions;
 }

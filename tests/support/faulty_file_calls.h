@@ -108,8 +108,12 @@ class FaultyFileCalls final : public FileCalls {
   }
   int RemoveFolder(Path path) override { return Pass("RemoveFolder", &Calls::RemoveFolder, path); }
   int ClaimFolder(Path path) override { return Pass("ClaimFolder", &Calls::ClaimFolder, path); }
+  /// In no order that anybody could rely on.
   int ListFolder(Path p, NameList& to) override {
-    return Pass("ListFolder", &Calls::ListFolder, p, to);
+    const int result = Pass("ListFolder", &Calls::ListFolder, p, to);
+    std::ranges::sort(to);
+    if (!to.empty()) std::rotate(to.begin(), to.begin() + 1, to.end());
+    return result;
   }
   std::string LastError() const override { return lastError_; }
 

@@ -7,11 +7,13 @@
 #include <sstream>
 
 #include "app/window_placement.h"
+#include "document/checksum.h"
 #include "map_tool/poster.h"
 #include "support/record.h"
 #include "support/sheet.h"
 #include "view/clip.h"
 #include "view/layout.h"
+#include "view/texture.h"
 
 namespace vesmora {
 namespace {
@@ -92,6 +94,37 @@ TEST_F(RecordedValuesTest, Posters) {
     }
   }
   CompareWithRecord("recorded_posters.txt", text_.str());
+}
+
+TEST_F(RecordedValuesTest, Bitmaps) {
+  for (int i = 0; i < 400; ++i) {
+    const std::int32_t width = OneOf({1, 1, 2, 3, 5, 0, -1, 4096, 4097});
+    const std::int32_t height = OneOf({1, 2, -3, 4096, -4096, 4097, -4097, INT32_MIN});
+    const int bits = OneOf({8, 24, 32, 16});
+    const int pixels = OneOf({54, 60, 300});
+    const std::int32_t compression = OneOf({0, 0, 0, 1});
+    const std::int64_t rows = std::min(std::abs(std::int64_t{height}), width > 5 ? 2L : 4097L);
+    const auto needed =
+        static_cast<std::size_t>(pixels + (std::abs(width) * bits / 8 + 3) / 4 * 4 * rows);
+    Bytes file(needed - OneOf({0U, 0U, 1U}));
+    for (std::byte& byte : file) byte = static_cast<std::byte>(random_());
+    for (const auto& [at, value] : {std::pair{10, pixels},
+                                    {14, 40},
+                                    {18, width},
+                                    {22, height},
+                                    {28, bits},
+                                    {30, compression},
+                                    {0, 0x4D42}}) {
+      std::memcpy(&file[static_cast<std::size_t>(at)], &value, at == 0 ? 2 : 4);
+    }
+    const auto texture = ReadBitmap(file);
+    Put(width, height, bits, pixels, compression, file.size(), "->");
+    if (texture) {
+      Put(texture->width, texture->height, Checksum(std::as_bytes(std::span(texture->pixels))));
+    }
+    Put("\n");
+  }
+  CompareWithRecord("recorded_bitmaps.txt", text_.str());
 }
 
 TEST_F(RecordedValuesTest, WhatIsSeenOfLinesAndCircles) {
