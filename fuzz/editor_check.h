@@ -268,7 +268,8 @@ class EditorWalk : public Bench {
   void DoKey() {
     const auto key = static_cast<Key>(input_[1] % (static_cast<int>(Key::kEscape) + 1));
     const KeyModifiers held{.shift = input_[2] % 2 == 0, .ctrl = input_[2] % 4 < 2};
-    input_[3] % 3 == 0 ? KeyUp(editor, key) : static_cast<void>(KeyDown(editor, key, held));
+    if (input_[3] % 3 == 0) return KeyUp(editor, key);
+    if (KeyDown(editor, key, held)) events.push_back("taken");
   }
   void DoTool() { ChooseTool(editor, static_cast<ToolMode>(input_[1] % kToolCount)); }
   void DoView() {

@@ -190,8 +190,8 @@ std::map<std::string, Bytes> Sessions() {
     using Walk = EditorWalk;
     constexpr std::array kEdits = {Walk::kPress, Walk::kPress, Walk::kRelease, Walk::kMove,
                                    Walk::kEdit,  Walk::kEdit,  Walk::kEdit,    Walk::kPanel};
-    constexpr std::array kTools = {Walk::kPress, Walk::kPress, Walk::kPress, Walk::kRelease,
-                                   Walk::kMove,  Walk::kKey,   Walk::kEdit,  Walk::kTool};
+    constexpr std::array kTools = {Walk::kPress, Walk::kPress, Walk::kMove, Walk::kMove,
+                                   Walk::kKey,   Walk::kKey,   Walk::kEdit, Walk::kTool};
     constexpr std::array kFailing = {Walk::kPress, Walk::kRelease, Walk::kEdit,  Walk::kEdit,
                                      Walk::kPanel, Walk::kCommand, Walk::kFault, Walk::kFault};
     const std::string number = std::to_string(seed);

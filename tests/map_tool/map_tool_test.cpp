@@ -143,8 +143,9 @@ TEST_F(MapToolTest, ResultsGoToStandardOutputAsTheyAre) {
     for (int i = 0; i < count; ++i) text += "\xd0\x96";
     return text;
   };
-  EXPECT_EQ(run_({"render", "--poster", "-", "--name", letters(60), "-o", "-", "--svg"}), 0);
-  EXPECT_THAT(run_.console.output, HasSubstr(">" + letters(53) + "</text>"));
+  const std::string name = "<&\x1b" + letters(60);
+  EXPECT_EQ(run_({"render", "--poster", "-", "--name", name, "-o", "-", "--svg"}), 0);
+  EXPECT_THAT(run_.console.output, HasSubstr(">&lt;&amp;?" + letters(50) + "</text>"));
 }
 
 TEST_F(MapToolTest, ColoursAreForTerminalsAndNothingInAMapReachesThem) {

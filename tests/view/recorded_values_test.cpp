@@ -1,6 +1,6 @@
-// What is computed of numbers drawn at random, against a record: places of window and panels,
-// posters, what of a line is seen, strokes of every kind. VESMORA_RECORD=1 in the environment
-// records anew.
+// What is computed of numbers, most of them drawn at random, against a record: places of window and
+// panels, posters, what is read of bitmaps, what of a line is seen, strokes of every kind.
+// VESMORA_RECORD=1 in the environment records anew.
 #include <gtest/gtest.h>
 
 #include <random>
@@ -103,7 +103,8 @@ TEST_F(RecordedValuesTest, Bitmaps) {
     const int bits = OneOf({8, 24, 32, 16});
     const int pixels = OneOf({54, 60, 300});
     const std::int32_t compression = OneOf({0, 0, 0, 1});
-    const std::int64_t rows = std::min(std::abs(std::int64_t{height}), width > 5 ? 2L : 4097L);
+    const std::int64_t mostRows = width > 5 ? 2 : 4097;
+    const std::int64_t rows = std::min(std::abs(std::int64_t{height}), mostRows);
     const auto needed =
         static_cast<std::size_t>(pixels + (std::abs(width) * bits / 8 + 3) / 4 * 4 * rows);
     Bytes file(needed - OneOf({0U, 0U, 1U}));
