@@ -49,10 +49,9 @@ std::uint64_t Fingerprint(const MapDocument& document) {
   StoreAuthor(*copy);
   WaypointsToFile(*copy);
   copy->randomId = 0;
-  std::vector<std::byte> buffer(kUndoFileSize - sizeof(copy->sectors));
-  std::uint64_t sum = 0;
-  for (const auto piece : WriteUndoPieces(*copy, {}, buffer)) sum = Checksum(piece, sum);
-  return sum;
+  std::vector<std::byte> image(kMapFileSize);
+  WriteMapImage(*copy, image);
+  return Checksum(image);
 }
 
 }  // namespace vesmora

@@ -70,18 +70,11 @@ void PanelCombo::initStyleOption(QStyleOptionComboBox* option) const {
   if (currentIndex() < 0 && !isEditable()) option->currentText = outside_;
 }
 
-int PanelCombo::WidestValue() const {
-  if (widestValue_ > 0 && measuredFont_ == font()) return widestValue_;
-  measuredFont_ = font();
-  widestValue_ = 0;
-  for (const std::string_view value : values_) {
-    widestValue_ = std::max(widestValue_, fontMetrics().horizontalAdvance(ToQt(value)));
-  }
-  return widestValue_;
-}
-
 QSize PanelCombo::sizeHint() const {
-  int width = WidestValue();
+  int width = 0;
+  for (const std::string_view value : values_) {
+    width = std::max(width, fontMetrics().horizontalAdvance(ToQt(value)));
+  }
   if (isEditable()) width += kLineEditMargins;
   QStyleOptionComboBox option;
   initStyleOption(&option);

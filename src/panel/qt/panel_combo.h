@@ -45,13 +45,10 @@ class PanelCombo final : public ClosingCombo {
 
  private:
   void ShowText(const QString& text);
-  int WidestValue() const;
 
   std::span<const std::string_view> values_;
   std::span<const std::string_view> items_;
-  mutable QFont measuredFont_;
-  mutable int widestValue_ = 0;  // pixels, in that font; 0: not measured yet
-  QString outside_;              // what is shown, where it is not in the list
+  QString outside_;  // what is shown, where it is not in the list
 };
 
 }  // namespace vesmora
