@@ -19,6 +19,9 @@ namespace {
 /// Places in kWalkFiles.
 constexpr std::size_t kFull = 0;
 constexpr std::size_t kTerrain = 2;
+/// Of waypoints, one of which leads to many that are not there.
+const auto kOddLinks = static_cast<std::size_t>(
+    std::ranges::find(kWalkFiles, "hostile/target_0.pmp") - kWalkFiles.begin());
 
 constexpr std::size_t kRandomActions = 700;
 constexpr std::size_t kToolStays = 24;  // actions
@@ -138,7 +141,7 @@ std::string Seen(EditorWalk& walk) {
   Put(out, "selection", Checksum(std::as_bytes(std::span(&selected, 1))));
   Put(out, "keys", Checksum(std::as_bytes(std::span(editor.waypointKeys))));
   const SessionNote note = ReadSessionNote(SystemFileCalls(), walk.journal.folder.path);
-  Put(out, "note", note.sequence, note.savedMap, note.file, note.mapPath);
+  Put(out, "note", note.sequence, note.savedMap == editor.savedMap, note.file, note.mapPath);
   PutPanel(out, editor.panel.contents);
   for (const std::string& event : walk.events) Put(out, "event", event);
   for (const Message& message : walk.dialogs.messages) Put(out, "message", message);
@@ -195,9 +198,7 @@ std::map<std::string, Bytes> Sessions() {
     constexpr std::array kFailing = {Walk::kPress, Walk::kRelease, Walk::kEdit,  Walk::kEdit,
                                      Walk::kPanel, Walk::kCommand, Walk::kFault, Walk::kFault};
     const std::string number = std::to_string(seed);
-    const auto oddLinks = std::ranges::find(kWalkFiles, "hostile/target_0.pmp");
-    const auto hostile = static_cast<std::size_t>(oddLinks - kWalkFiles.begin());
-    sessions["objects" + number] = WorkOnObjects(seed == 0 ? hostile : kTerrain, seed, kEdits);
+    sessions["objects" + number] = WorkOnObjects(seed == 0 ? kOddLinks : kTerrain, seed, kEdits);
     sessions["tools" + number] = WorkOnObjects(seed == 0 ? kFull : kTerrain, seed, kTools);
     sessions["failing" + number] = WorkOnObjects(kTerrain, seed, kFailing);
   }

@@ -62,6 +62,4 @@ inline void SelectEverything(Selection& selection, const MapDocument& document) 
   UpdateSelectionBox(selection, document);
 }
 
-// Objects that carry their numbers where no command looks.
-
 }  // namespace vesmora

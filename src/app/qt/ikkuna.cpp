@@ -123,7 +123,7 @@ Ikkuna::Ikkuna()
   resize(FirstSize());
   client_ = new QWidget(this);
   setCentralWidget(client_);
-  BuildMenus();
+  BuildMenus();  // needs no fonts, which may still be being found
   BuildPanels();
   ConnectSurface();
   ConnectPanels();

@@ -43,6 +43,7 @@ int InfoPanel::WidthFor(int height) const {
 }
 
 bool InfoPanel::event(QEvent* event) {
+  // Not earlier than polished: until then nothing here needs fonts, which take long to be found.
   if (event->type() == QEvent::Polish || event->type() == QEvent::FontChange) PlaceAuthor();
   return QFrame::event(event);
 }
