@@ -108,6 +108,9 @@ class EditorWalk : public Bench {
     onAction();
     events.clear();
     dialogs.messages.clear();
+    dialogs.requests.clear();
+    dialogs.textRequests.clear();
+    dialogs.colorRequests.clear();
   }
 
   void NoteBefore() {

@@ -152,7 +152,7 @@ FileStatus RescueLostMaps(const RescueFolder& rescue, UndoFolder& own,
     }
   }
   if (!own.path.empty() && own.hold.IsHeld() && !KeepLostOf(rescue, own, problem)) {
-    own = HoldUndoFolder(files, own.temp);  // the full one is held until then
+    own = HoldFolderWithoutSteps(files, own.temp);
   }
   return problem;
 }

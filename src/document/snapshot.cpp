@@ -1,5 +1,6 @@
 #include "document/snapshot.h"
 
+#include <algorithm>
 #include <string_view>
 #include <vector>
 
@@ -25,7 +26,7 @@ void RequireFolder(EditedMap& map, FileCalls& files) {
   journal.folder = {};
   journal.undoAvailable = -1;
   RefreshUndoCaption(journal);
-  journal.folder = HoldUndoFolder(files, temp);
+  journal.folder = HoldFolderWithoutSteps(files, temp);
   NoteOpenMap(map, files, "");
 }
 
@@ -78,6 +79,18 @@ std::string FurthestRedoFile(const UndoJournal& journal) {
 
 bool IsFileOfUndo(const std::string& name) {
   return name.starts_with(kUndoPrefix) && !IsSessionNote(name);
+}
+
+UndoFolder HoldFolderWithoutSteps(FileCalls& files, const std::string& tempFolder) {
+  std::vector<UndoFolder> others;  // held meanwhile, so that each comes once
+  while (true) {
+    UndoFolder folder = HoldUndoFolder(files, tempFolder);
+    if (!folder.hold.IsHeld()) return folder;  // none, or a new one
+    std::vector<std::string> names;
+    const bool isRead = files.ListFolder(folder.path, names) >= 0;
+    if (isRead && std::ranges::none_of(names, IsFileOfUndo)) return folder;
+    others.push_back(std::move(folder));
+  }
 }
 
 void DeleteSnapshotFiles(const UndoFolder& folder, FileCalls& files) {

@@ -34,6 +34,10 @@ std::string FurthestRedoFile(const UndoJournal& journal);
 /// Whether a file in the folder is an undo step's.
 bool IsFileOfUndo(const std::string& name);
 
+/// As HoldUndoFolder, but one without undo steps: what lies in the others was lost, and is to be
+/// found by a later start.
+[[nodiscard]] UndoFolder HoldFolderWithoutSteps(FileCalls& files, const std::string& tempFolder);
+
 /// Deletes every file of steps, those of earlier runs included.
 void DeleteSnapshotFiles(const UndoFolder& folder, FileCalls& files);
 

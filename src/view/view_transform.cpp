@@ -102,13 +102,10 @@ bool ZoomByWheel(ViewTransform& view, int delta) {
   return notches != 0 && StepZoomLevel(view, -notches);
 }
 
-bool CoarsenGrid(ViewTransform& view) {
-  bool changed = false;
+void CoarsenGrid(ViewTransform& view) {
   while (GridIsTooDense(view)) {
     view.gridSize = kGridSizes[static_cast<std::size_t>(GridIndex(view) - 1)];
-    changed = true;
   }
-  return changed;
 }
 
 bool TrackMouse(ViewTransform& view, float x, float y) {

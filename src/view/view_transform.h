@@ -75,8 +75,7 @@ bool StepZoomLevel(ViewTransform& view, int step);
 bool ZoomByWheel(ViewTransform& view, int delta);
 
 /// Steps to a coarser grid until its lines are not too dense for the zoom.
-/// True when the grid changed.
-bool CoarsenGrid(ViewTransform& view);
+void CoarsenGrid(ViewTransform& view);
 
 /// Carries the view along while panning, and remembers the position either way.
 /// True when the view moved and the map must be redrawn.

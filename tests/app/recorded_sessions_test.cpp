@@ -141,10 +141,18 @@ std::string Seen(EditorWalk& walk) {
   Put(out, "selection", Checksum(std::as_bytes(std::span(&selected, 1))));
   Put(out, "keys", Checksum(std::as_bytes(std::span(editor.waypointKeys))));
   const SessionNote note = ReadSessionNote(SystemFileCalls(), walk.journal.folder.path);
-  Put(out, "note", note.sequence, note.savedMap == editor.savedMap, note.file, note.mapPath);
+  Put(out, "note", note.sequence, note.savedMap == editor.savedMap, note.file, note.mapPath,
+      editor.recoveredFrom.empty());
+  Put(out, "untold", walk.editor.clipboard.overflow, walk.journal.failureTold);
   PutPanel(out, editor.panel.contents);
   for (const std::string& event : walk.events) Put(out, "event", event);
-  for (const Message& message : walk.dialogs.messages) Put(out, "message", message);
+  const ScriptedDialogs& dialogs = walk.dialogs;
+  for (const Message& message : dialogs.messages) Put(out, "message", message);
+  for (const FileRequest& asked : dialogs.requests) {
+    Put(out, "file", asked.title, asked.directory, asked.fileName);
+  }
+  for (const TextRequest& asked : dialogs.textRequests) Put(out, "text", asked.answer);
+  for (const std::int32_t initial : dialogs.colorRequests) Put(out, "color", initial);
   SummingCanvas canvas;
   const ToolDrawing tool = ToolDrawingOf(editor);
   DrawMap({walk.map, walk.selection, walk.editor.view, editor.show, tool}, canvas);

@@ -50,6 +50,12 @@ class SafetyNetTest : public testing::Test, protected Bench {
     return paths.empty() ? 0 : Fingerprint(*ReadRescued(files, paths[0])->map);
   }
 
+  std::ptrdiff_t TimesKept(const Editor& of, std::uint64_t wanted) {
+    return std::ranges::count(ListRecoverable(of), wanted, [this](const std::string& path) {
+      return Fingerprint(*ReadRescued(files, path)->map);
+    });
+  }
+
   std::unique_ptr<Editor> next_;
   int problems_ = 0;  // that a start has told
 };
@@ -218,19 +224,76 @@ TEST_F(SafetyNetTest, WhatCannotBeKeptAtTheStartIsFoundByTheNextOne) {
     files.FailCall(0, 0);
     const int last = files.Count();
     failures += NewestKept(first) == open ? 0 : 1;
+    for (int i = 0; i < 4; ++i) TakeUndoSnapshot(first, "Color");
     Editor& second = StartAnew(&first);
-    const auto kept = ListRecoverable(second);
-    EXPECT_TRUE(std::ranges::any_of(kept,
-                                    [&](const std::string& path) {
-                                      return Fingerprint(*ReadRescued(files, path)->map) == open;
-                                    }))
-        << "call " << call;
+    EXPECT_GE(TimesKept(second, open), 1) << "call " << call;
     second.journal.folder = {};
     journal.folder = HoldUndoFolder(files, editor.ports.tempFolder);
     if (last < calls + call) break;
   }
   EXPECT_GT(failures, 10);
   EXPECT_GT(problems_, 10);
+}
+
+TEST_F(SafetyNetTest, WhatTwoEditorsLeftIsSafeWhenTheNextOneCannotKeepIt) {
+  const auto second = std::make_unique<Editor>(editor.ports);
+  second->journal.folder = HoldUndoFolder(files, editor.ports.tempFolder);
+  AddSpawn(second->document, 1, 2, 0);
+  TakeUndoSnapshot(*second, "Move");
+  Edit(1);
+  const std::uint64_t open = Fingerprint(map);
+  Edit(2);
+  const std::uint64_t others = Fingerprint(second->document);
+  second->journal.folder = {};
+  for (const char* call : {"CreateNew", "Rename"}) files.FailAll(call, ENOSPC);
+  Editor& after = StartAnew();
+  EXPECT_THAT(ListRecoverable(after), SizeIs(0));
+  for (int i = 0; i < 2; ++i) TakeUndoSnapshot(after, "Color");
+  EXPECT_EQ(after.journal.undoAvailable, 1);
+  for (const char* call : {"CreateNew", "Rename"}) files.FailAll(call, 0);
+  const Editor& last = StartAnew(&after);
+  EXPECT_EQ(TimesKept(last, open), 1);
+  EXPECT_EQ(TimesKept(last, others), 1);
+}
+
+TEST_F(SafetyNetTest, AStartThatIsKilledKeepsNothingTwice) {
+  bool isKilled = true;
+  for (int call = 1; isKilled; ++call) {
+    std::filesystem::remove_all(editor.ports.settingsFolder);
+    StartNewMap(editor);
+    Edit(1);
+    const std::uint64_t open = Fingerprint(map);
+    Edit(2);
+    isKilled = false;
+    try {
+      files.DieBefore(files.Count() + call);
+      journal.folder = {};
+      const auto other = std::make_unique<Editor>(editor.ports);
+      other->journal.folder = HoldUndoFolder(files, editor.ports.tempFolder);
+      FindLostMaps(*other);
+    } catch (const FaultyFileCalls::Killed&) {
+      isKilled = true;
+    }
+    EXPECT_EQ(TimesKept(StartAnew(), open), 1) << "call " << call;
+    next_.reset();
+    journal.folder = HoldUndoFolder(files, editor.ports.tempFolder);
+  }
+}
+
+TEST_F(SafetyNetTest, OfDamagedStepsTheLatestIsKept) {
+  Edit(1);
+  const std::uint64_t first = Fingerprint(map);
+  for (int mark = 2; mark <= 4; ++mark) Edit(mark);
+  for (int slot = 0; slot < 4; ++slot) {
+    const std::string path = Temp("VesmoraUndo" + std::to_string(slot) + ".tmp");
+    Bytes bytes = FileBytes(path);
+    bytes[kMapFileSize] ^= std::byte{1};
+    PutFile(path, bytes);
+    const int age = slot == 1 ? 0 : 60;
+    std::filesystem::last_write_time(
+        path, std::filesystem::file_time_type::clock::now() - std::chrono::seconds(age));
+  }
+  EXPECT_EQ(NewestKept(StartAnew()), first);
 }
 
 TEST_F(SafetyNetTest, AnEditorWithAnotherTemporaryFolderThatDiesLaterIsFound) {
