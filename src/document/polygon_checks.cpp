@@ -12,14 +12,12 @@ constexpr double kLeastHeight = 0.01;  // world units
 
 /// World units, over the longest side; no two corners lie on one spot.
 double SmallestHeight(const Polygon& polygon) {
-  double longestSquared = 0;
-  for (std::size_t i = 0; i < 3; ++i) {
-    const PolygonVertex& from = polygon.vertices[i];
-    const PolygonVertex& to = polygon.vertices[(i + 1) % 3];
-    const double dx = double{to.x} - from.x;
-    const double dy = double{to.y} - from.y;
-    longestSquared = std::max(longestSquared, dx * dx + dy * dy);
-  }
+  const auto sideSquared = [&polygon](std::size_t from, std::size_t to) {
+    const double dx = double{polygon.vertices[to].x} - polygon.vertices[from].x;
+    const double dy = double{polygon.vertices[to].y} - polygon.vertices[from].y;
+    return dx * dx + dy * dy;
+  };
+  const double longestSquared = std::max({sideSquared(0, 1), sideSquared(1, 2), sideSquared(2, 0)});
   return std::abs(DoubleArea(polygon)) / std::sqrt(longestSquared);
 }
 

@@ -14,6 +14,8 @@
 #include "document/checksum.h"
 #include "document/session_note.h"
 #include "document/undo_file.h"
+#include "platform/settings_file.h"
+#include "platform/temporary_name.h"
 #include "support/bench.h"
 #include "support/map_builder.h"
 
@@ -307,6 +309,34 @@ TEST_F(SafetyNetTest, AnEditorWithAnotherTemporaryFolderThatDiesLaterIsFound) {
   EXPECT_EQ(NewestKept(StartAnew()), open);
 }
 
+TEST_F(SafetyNetTest, TemporaryFilesOfTheDeadAreSweptAndNoOthers) {
+  const std::string running = TemporaryName("x");
+  std::string dead = running;
+  const std::string process = "-" + std::to_string(ProcessNumber()) + "-";
+  dead.replace(dead.find(process), process.size(), "-999999999-");
+  std::string elsewhere = dead;
+  elsewhere.insert(elsewhere.find("-999999999-"), "0");  // the number of another computer
+  const std::string path = PutMap("small.pmp");
+  const std::string settingsFolder = editor.ports.settingsFolder;
+  const std::vector<std::string> folders = {folder.Path(), settingsFolder, Temp(""),
+                                            settingsFolder + "Rescue/"};
+  for (const std::string& place : folders) {
+    std::filesystem::create_directories(place);
+    for (const std::string& name : {running, dead, elsewhere}) PutFile(place + name, {});
+  }
+  OpenMap(editor, path);
+  MenuSave(editor);
+  SettingsFile stored(files, settingsFolder + "Vesmora.conf");
+  stored.Write("Windows", "Width", "80");
+  EXPECT_TRUE(stored.Store().Ok());
+  FindLostMaps(editor);
+  for (const std::string& place : folders) {
+    EXPECT_FALSE(std::filesystem::exists(place + dead)) << place;
+    EXPECT_TRUE(std::filesystem::exists(place + running)) << place;
+    EXPECT_TRUE(std::filesystem::exists(place + elsewhere)) << place;
+  }
+}
+
 #ifndef _WIN32  // where a folder that is held cannot be taken away
 TEST_F(SafetyNetTest, AFolderThatWasTakenAwayIsNoLongerOurs) {
   const std::string path = PutMap("small.pmp");
@@ -325,6 +355,10 @@ TEST_F(SafetyNetTest, AFolderThatWasTakenAwayIsNoLongerOurs) {
   EXPECT_TRUE(map.polygons.Empty()) << "and not the other editor's map";
   EXPECT_EQ(NewestKept(editor), open);
   EXPECT_THAT(TakeMessages(), ElementsAre(testing::Field(&Message::text, HasSubstr("Recover"))));
+  files.LimitFileSize(1000);
+  Edit(1);
+  EXPECT_EQ(journal.caption, "&Undo");
+  files.LimitFileSize(~std::uint64_t{0});
   Edit(2);
   EXPECT_EQ(journal.folder.path, Temp("2/"));
   EXPECT_EQ(ReadSessionNote(files, journal.folder.path).savedMap, editor.savedMap);

@@ -38,8 +38,8 @@ TEST(ProfileTextTest, OnlyTheOneValueChanges) {
       {"[GAME2]\n[GAME\nGameStyle=2\nGameStyles=2\n", std::nullopt,
        "[GAME2]\n[GAME\nGameStyle=2\nGameStyles=2\n[GAME]\nGameStyle=3\n"},
       // A missing key goes behind the section's last line, a missing section to the end.
-      {"[GAME]\r\nA=1\r\n; last \r\n\r\n\r\n[B]\r\n", std::nullopt,
-       "[GAME]\r\nA=1\r\n; last \r\nGameStyle=3\r\n\r\n\r\n[B]\r\n"},
+      {"[GAME]\r\nA=[1]\r\n; last \r\n\r\n\r\n[B]\r\n", std::nullopt,
+       "[GAME]\r\nA=[1]\r\n; last \r\nGameStyle=3\r\n\r\n\r\n[B]\r\n"},
       {"[GAME]\nA=1\n", std::nullopt, "[GAME]\nA=1\nGameStyle=3\n"},
       {"[A]\nB=1", std::nullopt, "[A]\nB=1\n[GAME]\nGameStyle=3\n"},
       {"", std::nullopt, "[GAME]\r\nGameStyle=3\r\n"},
