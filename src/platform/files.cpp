@@ -11,6 +11,7 @@
 namespace vesmora {
 namespace {
 
+constexpr unsigned kPrivateMode = 0700;  // of folders
 constexpr int kMaxNameTries = 100;
 constexpr int kMaxLinks = 40;  // in a row, as the system itself allows
 // Far above any file of the game; keeps a mistaken choice from filling the memory.
@@ -284,14 +285,12 @@ FolderListing ListFiles(FileCalls& calls, const std::string& folder) {
 }
 
 FileStatus CreatePrivateFolder(FileCalls& calls, const std::string& path) {
-  constexpr unsigned kPrivateMode = 0700;
   const int made = calls.MakeFolder(path, kPrivateMode);
   if (made < 0 && made != -EEXIST) return Failure(calls.LastError());
   return WriteStatusOf(calls, calls.ClaimFolder(path));
 }
 
 FileStatus CreateFolders(FileCalls& calls, const std::string& path) {
-  constexpr unsigned kPrivateMode = 0700;
   int made = calls.MakeFolder(path, kPrivateMode);
   const std::string above = FolderOf(path);
   if (made == -ENOENT && above.size() > 1) {

@@ -30,7 +30,6 @@ Encoding EncodingOf(std::string_view text) {
 std::string Narrowed(std::string_view text, Encoding encoding) {
   text.remove_prefix(encoding.start);
   std::string characters;
-  characters.reserve(text.size() / encoding.width);
   for (std::size_t i = 0; i + encoding.width <= text.size(); i += encoding.width) {
     const bool isAscii =
         static_cast<unsigned char>(text[i]) < 0x80 && (encoding.width == 1 || text[i + 1] == '\0');

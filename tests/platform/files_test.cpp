@@ -168,11 +168,14 @@ TEST(Files, ReadingStopsAtTheLimitAndInPlaceKeepsTheTail) {
   EXPECT_EQ(Get(path), expected);
 }
 
-TEST(Files, AFileIsNeverCopiedOntoItself) {
+TEST(Files, FilesAreListedInOrderAndNeverCopiedOntoThemselves) {
   const ScratchFolder folder;
   Put(folder / "map", kOld);
   Put(folder / "other", kOld);
   fs::create_hard_link(folder / "map", folder / "hard");
+  FaultyFileCalls unsorted;
+  EXPECT_EQ(ListFiles(unsorted, folder.Path()).names,
+            (std::vector<std::string>{"hard", "map", "other"}));
   for (const char* name : {"hard", "./map"}) {
     FaultyFileCalls calls;
     EXPECT_TRUE(CopyFileDurably(calls, folder / "map", folder / name).Ok());
