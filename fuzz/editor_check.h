@@ -354,8 +354,8 @@ class EditorWalk : public Bench {
     DrawMap({map, selection, editor.view, editor.show, tool}, canvas);
     MemoryCanvas picture({pixels.data(), 200, 200, 100}, false);
     DrawPicture(map, 200, 100, picture);
-    const auto prefabs = ListPrefabs(editor.ports);
-    if (prefabs.empty()) return;
+    auto prefabs = ListPrefabs(editor.ports);
+    prefabs.insert(prefabs.end(), {"", "none.pre"});
     const ImportContents prefab = ShowPrefab(editor, prefabs[input_[1] % prefabs.size()]);
     events.push_back(prefab.lName + prefab.lAuthor + prefab.lMaara + prefab.lMaara2 +
                      std::to_string(prefab.map ? Fingerprint(*prefab.map) : 0));

@@ -151,8 +151,9 @@ std::string Seen(EditorWalk& walk) {
   for (const FileRequest& asked : dialogs.requests) {
     Put(out, "file", asked.title, asked.directory, asked.fileName);
   }
-  for (const TextRequest& asked : dialogs.textRequests)
+  for (const TextRequest& asked : dialogs.textRequests) {
     Put(out, "text", asked.title, asked.prompt, asked.answer);
+  }
   for (const std::int32_t initial : dialogs.colorRequests) Put(out, "color", initial);
   SummingCanvas canvas;
   const ToolDrawing tool = ToolDrawingOf(editor);

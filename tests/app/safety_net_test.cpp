@@ -133,7 +133,7 @@ TEST_F(SafetyNetTest, KilledAnywhereTheNextStartKeepsTheMap) {
 TEST_F(SafetyNetTest, AnUndoFileWithAByteOfAnotherIsKnown) {
   Load(DataPath("small.pmp"));
   Bytes file = ExactUndoFile(map, selection, 5);
-  for (std::size_t at = 0; at < file.size(); at += 331) {
+  for (std::size_t at = 0; at < file.size(); at += at < kUndoFileSize - 400 ? 331 : 1) {
     const bool isSector = at >= kSectorsOffset && at < kSectorsOffset + sizeof(map.sectors);
     if (isSector) continue;  // no edit changes them
     file[at] ^= std::byte{1};

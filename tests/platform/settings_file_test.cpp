@@ -57,7 +57,7 @@ TEST(SettingsFile, WhatTheToolkitsStoreWroteIsRead) {
 TEST(SettingsFile, AFailureIsToldAndLeavesTheOldOnes) {
   const ScratchFolder folder;
   const std::string path = folder / "conf";
-  const std::string old = "[A]\nb=c\n";
+  const std::string old = "[A]\nb=c\nd=e\n";
   int failures = 0;
   for (int call = 1;; ++call) {
     PutText(path, old);
@@ -66,7 +66,7 @@ TEST(SettingsFile, AFailureIsToldAndLeavesTheOldOnes) {
     settings.Write("A", "b", "new");
     files.FailCall(files.Count() + call, ENOSPC);
     const FileStatus status = settings.Store();
-    EXPECT_EQ(TextOf(path), status.Ok() ? "[A]\nb=new\n" : old) << files.Names().back();
+    EXPECT_EQ(TextOf(path), status.Ok() ? "[A]\nb=new\nd=e\n" : old) << files.Names().back();
     failures += status.Ok() ? 0 : 1;
     if (files.Count() < call) break;
   }
