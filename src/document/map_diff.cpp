@@ -244,6 +244,7 @@ std::string Excess(std::vector<std::int32_t> some, const std::vector<std::int32_
     if (found != some.end()) some.erase(found);
   }
   std::vector<std::string> numbers;
+  numbers.reserve(some.size());
   for (const std::int32_t id : some) numbers.push_back(std::to_string(std::abs(std::int64_t{id})));
   return numbers.empty() ? std::string() : what + Joined(numbers);
 }
