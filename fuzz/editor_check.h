@@ -33,12 +33,13 @@
 
 namespace vesmora {
 
-/// What boxes, dialogs and files are filled with, 26 texts.
+/// What boxes, dialogs and files are filled with.
 inline constexpr std::string_view kWalkTexts =
-    "-1|2|999|7.5|1e39|nan|150%|75%|50%|16|CTF Red|CTF Blue|Normal|Many types|Liana|Stone||\r\n| "
-    "A\n|"
-    "Unknow|\xC3\xA5\xE2\x82\xAC\xFF|Much too long a name|[GAME]\nGameStyle=3\n|[game]\ngamestyle=|"
-    "GameStyle=3\n[GAME|[GAME]\n[OTHER]\nGameStyle=3\n";
+    "-1|2|999|7.5|1e39|nan|150%|75%|50%|16|CTF Red|CTF Blue|Normal|Many types|Liana|Stone||"
+    "\r\n| A\n|Unknow|\xC3\xA5\xE2\x82\xAC\xFF|Much too long a name|[GAME]\nGameStyle=3\n|"
+    "[game]\ngamestyle=|GameStyle=3\n[GAME|[GAME]\n[OTHER]\nGameStyle=3\n";
+inline constexpr auto kWalkTextCount =
+    static_cast<unsigned>(std::ranges::count(kWalkTexts, '|') + 1);
 
 #ifdef _WIN32  // where every name is text
 inline constexpr const char* kOddName = "\xC3\xBF.PMP";
@@ -148,7 +149,7 @@ class EditorWalk : public Bench {
   }
   static std::string Text(unsigned number) {
     std::string_view rest = kWalkTexts;
-    for (number %= 26; number > 0; --number) rest.remove_prefix(rest.find('|') + 1);
+    for (number %= kWalkTextCount; number > 0; --number) rest.remove_prefix(rest.find('|') + 1);
     return std::string(rest.substr(0, rest.find('|')));
   }
   std::string Named(unsigned number) {

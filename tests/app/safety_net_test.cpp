@@ -133,7 +133,8 @@ TEST_F(SafetyNetTest, KilledAnywhereTheNextStartKeepsTheMap) {
 TEST_F(SafetyNetTest, AnUndoFileWithAByteOfAnotherIsKnown) {
   Load(DataPath("small.pmp"));
   Bytes file = ExactUndoFile(map, selection, 5);
-  for (std::size_t at = 0; at < file.size(); at += at < kUndoFileSize - 400 ? 331 : 1) {
+  constexpr std::size_t kAboutTheMark = kUndoFileSize - 400;  // from there on, each one
+  for (std::size_t at = 0; at < file.size(); at += at < kAboutTheMark ? 331 : 1) {
     const bool isSector = at >= kSectorsOffset && at < kSectorsOffset + sizeof(map.sectors);
     if (isSector) continue;  // no edit changes them
     file[at] ^= std::byte{1};
@@ -360,7 +361,7 @@ TEST_F(SafetyNetTest, AFolderThatWasTakenAwayIsNoLongerOurs) {
   EXPECT_EQ(ReadSessionNote(files, journal.folder.path).savedMap, editor.savedMap);
   EXPECT_EQ(journal.caption, "&Undo Step2");
   std::filesystem::remove_all(journal.folder.path);
-  files.LimitFileSize(1000);
+  files.LimitFileSize(1000);  // room for the session's note, not for a step
   Edit(1);
   EXPECT_EQ(journal.caption, "&Undo");
   files.LimitFileSize(~std::uint64_t{0});
